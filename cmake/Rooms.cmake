@@ -1,0 +1,49 @@
+# One interface target carries every compile flag, so that no room sets its own.
+add_library(lineara_flags INTERFACE)
+target_compile_features(lineara_flags INTERFACE cxx_std_20)
+target_compile_options(lineara_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion
+    -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast)
+target_compile_definitions(lineara_flags INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400
+    LINEARA_VERSION="${PROJECT_VERSION}")
+if(LINEARA_WARNINGS_AS_ERRORS)
+    target_compile_options(lineara_flags INTERFACE -Werror)
+endif()
+if(LINEARA_SANITIZERS)
+    target_compile_options(lineara_flags INTERFACE -fsanitize=${LINEARA_SANITIZERS} -fno-omit-frame-pointer
+        -fno-sanitize-recover=all)
+    target_link_options(lineara_flags INTERFACE -fsanitize=${LINEARA_SANITIZERS})
+    # Long random comparisons run fewer rounds where every memory access is checked.
+    target_compile_definitions(lineara_flags INTERFACE LINEARA_SANITIZED)
+endif()
+
+# lineara_room(NAME SOURCES ... USES ...): one static library per folder below src/, with its own include root.
+# A room sees the public headers of the rooms it names under USES and of no other.
+function(lineara_room name)
+    cmake_parse_arguments(ROOM "" "" "SOURCES;USES" ${ARGN})
+    add_library(lineara_${name} STATIC ${ROOM_SOURCES})
+    add_library(lineara::${name} ALIAS lineara_${name})
+    target_include_directories(lineara_${name} PUBLIC include PRIVATE .)
+    target_link_libraries(lineara_${name} PUBLIC ${ROOM_USES} PRIVATE lineara_flags)
+endfunction()
+
+# lineara_test(NAME SOURCES ... USES ...): one test program per room, run by ctest without a screen.
+function(lineara_test name)
+    cmake_parse_arguments(TEST "" "" "SOURCES;USES" ${ARGN})
+    add_executable(${name}_tests ${TEST_SOURCES})
+    target_include_directories(${name}_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+    target_link_libraries(${name}_tests PRIVATE ${TEST_USES} GTest::gmock lineara_flags)
+    target_compile_definitions(${name}_tests PRIVATE LINEARA_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
+        LINEARA_SAMPLES="${CMAKE_SOURCE_DIR}/samples")
+    add_test(NAME ${name} COMMAND ${name}_tests)
+    set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT
+        "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=qt.qpa.*=false;TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp:halt_on_error=1;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()
+
+# lineara_bench(NAME SOURCES ... USES ...): a Google Benchmark program, bench_NAME.
+function(lineara_bench name)
+    cmake_parse_arguments(BENCH "" "" "SOURCES;USES" ${ARGN})
+    add_executable(bench_${name} ${BENCH_SOURCES})
+    target_include_directories(bench_${name} PRIVATE ${CMAKE_SOURCE_DIR}/bench)
+    target_link_libraries(bench_${name} PRIVATE ${BENCH_USES} benchmark::benchmark lineara_flags)
+endfunction()

@@ -1,0 +1,133 @@
+#pragma once
+
+#include "model/changes.h"
+#include "model/ordered_set.h"
+#include "model/picture.h"
+#include "model/record.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace lineara {
+
+class LeafView;
+class LinkLayer;
+class Pic;
+class Pool;
+
+/// The stored attributes of a person. Absent is a state of its own, distinct from 0 and from "".
+struct PersonValues
+{
+    std::optional<QString> name;
+    std::optional<QString> additional;
+    std::optional<std::int32_t> birthDay;
+    std::optional<std::int32_t> birthMonth;
+    std::optional<std::int32_t> birthYear;
+    std::optional<std::int32_t> deathDay;
+    std::optional<std::int32_t> deathMonth;
+    std::optional<std::int32_t> deathYear;
+    std::optional<std::int32_t> generation;   ///< row; absent means row 0
+    std::optional<std::int32_t> x;            ///< left edge of the node in points; absent until first placed
+    friend bool operator==(const PersonValues&, const PersonValues&) = default;
+};
+
+/// One person of a family. Owned by its context; every change goes through the context, which keeps both sides of a
+/// link, reports the change and journals it. Main thread only.
+class Person : public Record
+{
+public:
+    ~Person() override;
+
+    const PersonValues& values() const { return values_; }
+    const std::optional<QString>& name() const { return values_.name; }
+    const std::optional<QString>& additional() const { return values_.additional; }
+    std::optional<std::int32_t> birthDay() const { return values_.birthDay; }
+    std::optional<std::int32_t> birthMonth() const { return values_.birthMonth; }
+    std::optional<std::int32_t> birthYear() const { return values_.birthYear; }
+    std::optional<std::int32_t> deathDay() const { return values_.deathDay; }
+    std::optional<std::int32_t> deathMonth() const { return values_.deathMonth; }
+    std::optional<std::int32_t> deathYear() const { return values_.deathYear; }
+    std::optional<std::int32_t> generation() const { return values_.generation; }
+    std::optional<std::int32_t> x() const { return values_.x; }
+
+    void setName(std::optional<QString> name);
+    void setAdditional(std::optional<QString> notes);
+    void setBirthDay(std::optional<std::int32_t> day);
+    void setBirthMonth(std::optional<std::int32_t> month);
+    void setBirthYear(std::optional<std::int32_t> year);
+    void setDeathDay(std::optional<std::int32_t> day);
+    void setDeathMonth(std::optional<std::int32_t> month);
+    void setDeathYear(std::optional<std::int32_t> year);
+    void setGeneration(std::optional<std::int32_t> generation);
+    void setX(std::optional<std::int32_t> x);
+
+    /// Life span as shown under the name: "", "1901 - 1968", "b.1901" or "d.1968".
+    QString era() const;
+
+    const OrderedSet<Person*>& parents() const { return parents_; }
+    const OrderedSet<Person*>& children() const { return children_; }
+    const OrderedSet<Person*>& partners() const { return partners_; }
+    Pool* pool() const { return pool_; }
+    Pic* pic() const { return pic_; }
+
+    /// Links and unlinks keep the other side; linking twice or unlinking strangers changes nothing and reports nothing.
+    void addChild(Person& child);
+    void removeChild(Person& child);
+    void addPartner(Person& partner);
+    void removePartner(Person& partner);
+
+    /// Removes every partner, then every child, then every parent; done before the person is deleted.
+    void disconnect();
+
+    /// Reads the whole file and stores its bytes as the person's picture, in the Pic that is there or a new one.
+    /// A file that can't be read gives an empty picture.
+    void changePic(const QString& fileName);
+
+    /// Takes the picture away and deletes its record. Without a picture nothing happens.
+    void removePic();
+
+    /// The picture made from the bytes of `pic`, decoded when first asked for; no value without a pic.
+    const std::optional<Picture>& image() const;
+
+    /// The person's node on the canvas, or nullptr. Set and owned by the canvas side.
+    LeafView* leafView() const { return leafView_; }
+    void setLeafView(LeafView* view) { leafView_ = view; }
+
+    /// The link shapes that touch this person now. Kept and owned by the canvas side.
+    std::vector<LinkLayer*>& linkLayers() { return linkLayers_; }
+    const std::vector<LinkLayer*>& linkLayers() const { return linkLayers_; }
+
+    /// Stops the walk up into this person; only markWillWalk() of the pool sets it.
+    bool willWalk() const { return willWalk_; }
+    void setWillWalk(bool value) { willWalk_ = value; }
+
+    const std::vector<UnknownElement>& unknown() const;
+
+private:
+    friend class ObjectContext;
+    friend class ContextLoader;
+    friend class Pic;
+    friend class Pool;
+    friend class Journal;
+
+    Person(ObjectContext& context, RecordId recordId);
+
+    PersonValues values_;
+    OrderedSet<Person*> parents_;
+    OrderedSet<Person*> children_;
+    OrderedSet<Person*> partners_;
+    Pool* pool_ = nullptr;
+    Pic* pic_ = nullptr;
+    LeafView* leafView_ = nullptr;
+    std::vector<LinkLayer*> linkLayers_;
+    mutable std::unique_ptr<std::optional<Picture>> image_;   // made when first asked for
+    std::unique_ptr<std::vector<UnknownElement>> unknown_;
+    std::uint32_t snapshotIndex_ = 0;                         // meaningful only while a snapshot is being taken
+    bool willWalk_ = false;
+};
+
+} // namespace lineara
