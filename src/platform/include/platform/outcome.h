@@ -16,7 +16,7 @@ struct Failure
 };
 
 /// A value, or the reason why there is none. The one error channel of the program: nothing is thrown across rooms.
-template <class T>
+template<class T>
 class [[nodiscard]] Outcome
 {
 public:
@@ -44,7 +44,6 @@ private:
 
 /// The value of an Outcome that only tells whether something was done.
 struct Done
-{
-};
+{};
 
 } // namespace lineara

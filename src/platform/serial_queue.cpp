@@ -1,0 +1,165 @@
+#include "platform/serial_queue.h"
+
+#include "platform/main_thread.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <thread>
+
+namespace lineara {
+
+WorkBlock& WorkBlock::compute(std::function<void(std::stop_token)> step)
+{
+    steps_.push_back({Where::Worker, std::move(step)});
+    return *this;
+}
+
+WorkBlock& WorkBlock::onMainWaiting(std::function<void()> step)
+{
+    steps_.push_back({Where::MainWaiting, [step = std::move(step)](std::stop_token) { step(); }});
+    return *this;
+}
+
+WorkBlock& WorkBlock::onMain(std::function<void()> step)
+{
+    steps_.push_back({Where::Main, [step = std::move(step)](std::stop_token) { step(); }});
+    return *this;
+}
+
+// Shared by the queue, its thread and the steps posted to the main thread, whichever lives longest.
+struct SerialQueue::State : std::enable_shared_from_this<State>
+{
+    mutable std::mutex mutex;
+    std::condition_variable changed;
+    std::deque<WorkBlock> blocks;
+    std::stop_source stop;
+    bool running = false;
+
+    void work();
+    std::shared_ptr<WorkBlock> next();
+    void run(WorkBlock& block);
+    void runOnMain(WorkBlock::Step step, bool wait);
+};
+
+void SerialQueue::State::work()
+{
+    while (auto block = next()) {
+        run(*block);
+        // What the steps hold on to may be records and views: let go of it where these live.
+        MainThread::post([block = std::move(block)]() mutable { block.reset(); });
+    }
+}
+
+std::shared_ptr<WorkBlock> SerialQueue::State::next()
+{
+    std::unique_lock lock(mutex);
+    running = false;
+    changed.wait(lock, [this] { return stop.stop_requested() || !blocks.empty(); });
+    if (stop.stop_requested())
+        return nullptr;
+    running = true;
+    auto block = std::make_shared<WorkBlock>(std::move(blocks.front()));
+    blocks.pop_front();
+    return block;
+}
+
+void SerialQueue::State::run(WorkBlock& block)
+{
+    for (auto& step : block.steps_) {
+        if (stop.stop_requested())
+            return;
+        if (step.where == WorkBlock::Where::Worker)
+            step.run(stop.get_token());
+        else
+            runOnMain(std::move(step), step.where == WorkBlock::Where::MainWaiting);
+    }
+}
+
+void SerialQueue::State::runOnMain(WorkBlock::Step step, bool wait)
+{
+    auto done = std::make_shared<bool>(false);
+    MainThread::post([self = shared_from_this(), step = std::move(step), done] {
+        // Stopping happens on this very thread, so a step either finds the queue alive or does not begin.
+        if (!self->stop.stop_requested())
+            step.run(self->stop.get_token());
+        const std::lock_guard lock(self->mutex);
+        *done = true;
+        self->changed.notify_all();
+    });
+    if (!wait)
+        return;
+    std::unique_lock lock(mutex);
+    changed.wait(lock, [&] { return *done || stop.stop_requested(); });
+}
+
+namespace {
+
+// The threads of all queues, joined when they have left by themselves; the last ones at the end of the process, so that
+// none outlives what it uses. Main thread only.
+class Threads
+{
+public:
+    ~Threads()
+    {
+        for (auto& thread : threads_)
+            thread.join();
+    }
+
+    void start(std::function<void()> work)
+    {
+        threads_.emplace_back([this, work = std::move(work)] {
+            work();
+            MainThread::post([this, id = std::this_thread::get_id()] { join(id); });
+        });
+    }
+
+private:
+    void join(std::thread::id id)
+    {
+        const auto left = std::find_if(threads_.begin(), threads_.end(),
+                                       [id](const std::thread& thread) { return thread.get_id() == id; });
+        left->join();
+        threads_.erase(left);
+    }
+
+    std::vector<std::thread> threads_;
+};
+
+} // namespace
+
+SerialQueue::SerialQueue() : state_(std::make_shared<State>())
+{
+    MainThread::prepare();
+    static Threads threads;
+    threads.start([state = state_] { state->work(); });
+}
+
+SerialQueue::~SerialQueue()
+{
+    std::deque<WorkBlock> dropped;
+    {
+        const std::lock_guard lock(state_->mutex);
+        state_->stop.request_stop();
+        dropped.swap(state_->blocks);
+    }
+    state_->changed.notify_all();
+}
+
+void SerialQueue::enqueue(WorkBlock block)
+{
+    {
+        const std::lock_guard lock(state_->mutex);
+        state_->blocks.push_back(std::move(block));
+    }
+    state_->changed.notify_all();
+}
+
+bool SerialQueue::busy() const
+{
+    const std::lock_guard lock(state_->mutex);
+    return state_->running || !state_->blocks.empty();
+}
+
+} // namespace lineara
