@@ -70,10 +70,11 @@ void SerialQueue::State::run(WorkBlock& block)
     for (auto& step : block.steps_) {
         if (stop.stop_requested())
             return;
-        if (step.where == WorkBlock::Where::Worker)
+        const auto where = step.where;
+        if (where == WorkBlock::Where::Worker)
             step.run(stop.get_token());
         else
-            runOnMain(std::move(step), step.where == WorkBlock::Where::MainWaiting);
+            runOnMain(std::move(step), where == WorkBlock::Where::MainWaiting);
     }
 }
 

@@ -118,6 +118,7 @@ TEST(SerialQueue, WhatABlockHoldsIsLetGoOnTheMainThread)
 {
     struct Held
     {
+        explicit Held(std::optional<std::thread::id>& thread) : releasedOn(thread) {}
         std::optional<std::thread::id>& releasedOn;
         ~Held() { releasedOn = std::this_thread::get_id(); }
     };
