@@ -27,6 +27,15 @@ function(lineara_room name)
     target_link_libraries(lineara_${name} PUBLIC ${ROOM_USES} PRIVATE lineara_flags)
 endfunction()
 
+# What every test runs under: no screen, and sanitizers that stop at the first finding and say where it is.
+set(LINEARA_TEST_ENVIRONMENT
+    QT_QPA_PLATFORM=offscreen
+    QT_LOGGING_RULES=qt.qpa.*=false
+    ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1
+    UBSAN_OPTIONS=print_stacktrace=1
+    TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp:halt_on_error=1:second_deadlock_stack=1
+)
+
 # lineara_test(NAME SOURCES ... USES ...): one test program per room, run by ctest without a screen.
 function(lineara_test name)
     cmake_parse_arguments(TEST "" "" "SOURCES;USES" ${ARGN})
@@ -36,8 +45,7 @@ function(lineara_test name)
     target_compile_definitions(${name}_tests PRIVATE LINEARA_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
         LINEARA_SAMPLES="${CMAKE_SOURCE_DIR}/samples")
     add_test(NAME ${name} COMMAND ${name}_tests)
-    set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT
-        "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=qt.qpa.*=false;TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp:halt_on_error=1;UBSAN_OPTIONS=print_stacktrace=1")
+    set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT "${LINEARA_TEST_ENVIRONMENT}")
 endfunction()
 
 # lineara_bench(NAME SOURCES ... USES ...): a Google Benchmark program, bench_NAME.
