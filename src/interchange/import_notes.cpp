@@ -1,0 +1,80 @@
+#include "import_notes.h"
+
+#include <QStringBuilder>
+
+#include <algorithm>
+
+namespace lineara {
+namespace {
+
+constexpr std::size_t longestQuote = 60;
+constexpr std::size_t mostBytesPerUnit = 4;
+
+} // namespace
+
+QString quoted(std::string_view utf8)
+{
+    const auto bytes = utf8.substr(0, longestQuote * mostBytesPerUnit);
+    QString text = QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size())).simplified();
+    const bool isCut = bytes.size() < utf8.size() || text.size() > qsizetype{longestQuote};
+    text.truncate(qsizetype{longestQuote});
+    if (!text.isEmpty() && text.back().isHighSurrogate())
+        text.chop(1);
+    for (QChar& unit : text) {
+        if (!unit.isPrint() && !unit.isSurrogate())
+            unit = QChar::ReplacementCharacter;
+    }
+    return u'"' % text % (isCut ? u"…\"" : u"\"");
+}
+
+void ImportNotes::unreadable(std::uint32_t line, const QString& what)
+{
+    ++unreadable_;
+    add(line, what);
+}
+
+void ImportNotes::notTaken(std::uint32_t line, const QString& what)
+{
+    ++notTaken_;
+    add(line, what);
+}
+
+void ImportNotes::refused(std::uint32_t line, const QString& what)
+{
+    ++refused_;
+    add(line, what);
+}
+
+void ImportNotes::remark(std::uint32_t line, const QString& what)
+{
+    add(line, what);
+}
+
+void ImportNotes::aboutFile(const QString& what)
+{
+    notes_.push_back({0, what});
+}
+
+void ImportNotes::add(std::uint32_t line, const QString& what)
+{
+    if (notes_.size() < mostNotes)
+        notes_.push_back({line, u"line " % QString::number(line) % u": " % what});
+    else
+        ++untold_;
+}
+
+void ImportNotes::writeTo(ImportReport& report)
+{
+    report.unreadableLines = unreadable_;
+    report.notTaken = notTaken_;
+    report.refusedLinks = refused_;
+    std::stable_sort(notes_.begin(), notes_.end(), [](const Note& a, const Note& b) { return a.line < b.line; });
+    report.notes.reserve(static_cast<qsizetype>(notes_.size()) + 1);
+    for (Note& note : notes_)
+        report.notes.append(std::move(note.text));
+    notes_.clear();
+    if (untold_ > 0)
+        report.notes.append(QStringLiteral("and %1 more notes of the same kinds").arg(untold_));
+}
+
+} // namespace lineara
