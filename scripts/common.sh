@@ -26,8 +26,8 @@ as_root() {
     fi
 }
 
-# install PACKAGE...: installs those that are not there yet; silent when none is missing.
-install() {
+# install_missing PACKAGE...: installs those that are not there yet; silent when none is missing.
+install_missing() {
     command -v dpkg-query >/dev/null || fail "packages can only be installed on Debian 12 or a relative of it"
     local missing=() package
     for package in "$@"; do
