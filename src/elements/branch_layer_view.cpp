@@ -1,0 +1,176 @@
+#include "elements/branch_layer_view.h"
+
+#include "model/object_context.h"
+
+#include <algorithm>
+#include <array>
+#include <ranges>
+
+namespace lineara {
+
+namespace {
+
+struct LinkList
+{
+    QString type;
+    const std::vector<LinkRecord>& records;
+};
+
+// Partner links first, so that they lie below.
+std::array<LinkList, 2> linkLists(const Pool& pool)
+{
+    return {LinkList{u"partner"_qs, pool.partners()}, LinkList{u"offspring"_qs, pool.offspring()}};
+}
+
+bool joins(const LinkLayer& layer, const Person* source, const Person* target)
+{
+    if (layer.source() == source && layer.target() == target)
+        return true;
+    // A partnership has no direction: a shape made by dragging may start at the other end.
+    return layer.isPartnerLink() && layer.source() == target && layer.target() == source;
+}
+
+LinkLayer* existingLayer(const Person* source, const Person* target, bool isPartner)
+{
+    if (!source || !target)
+        return nullptr;
+    // Both ends list the shape; the end with fewer links is searched, which keeps large families linear.
+    const bool sourceIsShorter = source->linkLayers().size() < target->linkLayers().size();
+    const auto& candidates = sourceIsShorter ? source->linkLayers() : target->linkLayers();
+    const auto found = std::ranges::find_if(candidates, [&](const LinkLayer* layer) {
+        return layer->isPartnerLink() == isPartner && joins(*layer, source, target);
+    });
+    return found != candidates.end() ? *found : nullptr;
+}
+
+} // namespace
+
+BranchLayerView::BranchLayerView(Pool& pool) : pool_(&pool)
+{
+    makeLayers();
+}
+
+BranchLayerView::~BranchLayerView()
+{
+    for (const auto& layer : layers_)
+        layer->isWanted_ = false;
+    removeUnwanted();
+}
+
+void BranchLayerView::makeLayers()
+{
+    layers_.reserve(layers_.size() + pool_->partners().size() + pool_->offspring().size());
+    for (const auto& [type, records] : linkLists(*pool_)) {
+        for (const LinkRecord& record : records)
+            show(layerFromLink(record, type));
+    }
+}
+
+std::unique_ptr<LinkLayer> BranchLayerView::layerFromLink(const LinkRecord& record, const QString& type) const
+{
+    Person* const source = pool_->context().person(record.source);
+    Person* const target = pool_->context().person(record.target);
+    auto layer = std::make_unique<LinkLayer>(source, target, type);
+    for (Person* person : {source, target}) {
+        if (person)
+            person->linkLayers().push_back(layer.get());
+    }
+    layer->layoutSublayers();
+    return layer;
+}
+
+LinkLayer& BranchLayerView::addLink(const LinkRecord& record, const QString& type)
+{
+    show(layerFromLink(record, type));
+    return *layers_.back();
+}
+
+void BranchLayerView::show(std::unique_ptr<LinkLayer> layer)
+{
+    layer->index_ = static_cast<std::uint32_t>(layers_.size());
+    layers_.push_back(std::move(layer));
+}
+
+void BranchLayerView::removeLayer(LinkLayer& layer)
+{
+    layer.isWanted_ = false;
+    removeUnwanted();
+}
+
+void BranchLayerView::removeLayersOf(Person& person)
+{
+    if (person.linkLayers().empty())
+        return;
+    for (LinkLayer* layer : person.linkLayers())
+        layer->isWanted_ = false;
+    removeUnwanted();
+}
+
+bool BranchLayerView::syncWithPool()
+{
+    for (const auto& layer : layers_)
+        layer->isWanted_ = false;
+    std::vector<std::pair<LinkRecord, QString>> missing;
+    for (const auto& [type, records] : linkLists(*pool_)) {
+        const bool isPartner = type == partnerLink;
+        for (const LinkRecord& record : records) {
+            const Person* const source = pool_->context().person(record.source);
+            const Person* const target = pool_->context().person(record.target);
+            if (LinkLayer* layer = existingLayer(source, target, isPartner))
+                layer->isWanted_ = true;
+            else if (source && target)
+                missing.emplace_back(record, type);
+        }
+    }
+    const std::size_t before = layers_.size();
+    removeUnwanted();
+    const bool changed = layers_.size() != before || !missing.empty();
+    for (const auto& [record, type] : missing)
+        addLink(record, type);
+    return changed;
+}
+
+// One sweep however many go, because a person may have thousands of links.
+void BranchLayerView::removeUnwanted()
+{
+    for (const auto& layer : layers_) {
+        if (!layer->isWanted_)
+            unlist(*layer);
+    }
+    std::erase_if(layers_, [](const auto& layer) { return !layer->isWanted_; });
+    for (std::uint32_t index = 0; const auto& layer : layers_)
+        layer->index_ = index++;
+}
+
+void BranchLayerView::unlist(LinkLayer& layer)
+{
+    if (selectedLink_ == &layer)
+        selectedLink_ = nullptr;
+    for (Person* person : {layer.source(), layer.target()}) {
+        if (person)
+            std::erase(person->linkLayers(), &layer);
+    }
+}
+
+void BranchLayerView::select(LinkLayer& layer)
+{
+    deselectSelected();
+    layer.isSelected_ = true;
+    selectedLink_ = &layer;
+}
+
+void BranchLayerView::deselectSelected()
+{
+    if (selectedLink_)
+        selectedLink_->isSelected_ = false;
+    selectedLink_ = nullptr;
+}
+
+LinkLayer* BranchLayerView::hit(CanvasPoint point) const
+{
+    const auto topmostFirst = std::views::reverse(layers_);
+    const auto found = std::ranges::find_if(topmostFirst, [&](const auto& layer) { return layer->contains(point); });
+    return found != topmostFirst.end() ? found->get() : nullptr;
+}
+
+} // namespace lineara

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "elements/geometry.h"
+#include "elements/link_layer.h"
+#include "model/pool.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace lineara {
+
+class Person;
+
+/// The layer of link shapes, beneath the nodes. Owns the shapes, lists each in both of its persons' `linkLayers`, and
+/// knows which one is selected. A person's shapes have to be removed before its record goes. Main thread only.
+class BranchLayerView
+{
+public:
+    /// Makes one shape for every link of the pool.
+    explicit BranchLayerView(Pool& pool);
+    ~BranchLayerView();
+    BranchLayerView(const BranchLayerView&) = delete;
+    BranchLayerView& operator=(const BranchLayerView&) = delete;
+
+    Pool& pool() const { return *pool_; }
+
+    /// The shapes from the lowest to the topmost; a shape's index() is its place here.
+    const std::vector<std::unique_ptr<LinkLayer>>& layers() const { return layers_; }
+
+    /// Adds a shape for every record of the pool: all partner links, and above them all offspring links.
+    void makeLayers();
+    /// A new shape, laid out and listed by both persons, but not shown yet: it belongs to the caller.
+    std::unique_ptr<LinkLayer> layerFromLink(const LinkRecord& record, const QString& type) const;
+    /// Shows a new shape above all others.
+    LinkLayer& addLink(const LinkRecord& record, const QString& type);
+
+    void removeLayer(LinkLayer& layer);
+    void removeLayersOf(Person& person);
+    /// Brings the shapes in line with the pool's lists: exactly one for each link. Shapes that are there already stay,
+    /// surplus ones go, missing ones come on top. True if any came or went.
+    bool syncWithPool();
+
+    LinkLayer* selectedLink() const { return selectedLink_; }
+    void select(LinkLayer& layer);
+    void deselectSelected();
+
+    /// The topmost shape whose filled outline holds the point, or nullptr.
+    LinkLayer* hit(CanvasPoint point) const;
+
+private:
+    void show(std::unique_ptr<LinkLayer> layer);
+    void removeUnwanted();
+    void unlist(LinkLayer& layer);
+
+    Pool* pool_;
+    std::vector<std::unique_ptr<LinkLayer>> layers_;
+    LinkLayer* selectedLink_ = nullptr;
+};
+
+} // namespace lineara

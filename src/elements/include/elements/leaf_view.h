@@ -1,0 +1,95 @@
+#pragma once
+
+#include "elements/connector_view.h"
+#include "elements/geometry.h"
+#include "elements/leaf_image_view.h"
+#include "elements/leaf_info_view.h"
+#include "elements/placement_constraint.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace lineara {
+
+class Person;
+class RandomSource;
+
+enum class NodePart : std::uint8_t
+{
+    PartnerHandle,
+    ChildHandle,
+    Info,
+    Image
+};
+
+/// The node of one person on the canvas: picture, panel and two handles, placed by two constraints that the canvas
+/// makes. Its address stays; the LeafNursery owns it. Main thread only.
+class LeafView
+{
+public:
+    LeafView(Person& person, RandomSource& random);
+    LeafView(const LeafView&) = delete;
+    LeafView& operator=(const LeafView&) = delete;
+
+    Person& person() const { return *person_; }
+
+    /// Distance of the left edge from the canvas's left edge; mirrors the person's x. Absent until the canvas places
+    /// the node.
+    const std::optional<PlacementConstraint>& xConstraint() const { return xConstraint_; }
+    /// Vertical place: minus the height of the node's bottom edge above the canvas's. Absent like xConstraint().
+    const std::optional<PlacementConstraint>& yConstraint() const { return yConstraint_; }
+    void setXConstraint(PlacementConstraint constraint) { xConstraint_ = constraint; }
+    void setYConstraint(PlacementConstraint constraint) { yConstraint_ = constraint; }
+    /// Without a constraint these change nothing.
+    void setXConstant(double constant);
+    void setYConstant(double constant);
+    /// Takes over the person's x (absent reads as 0). The nursery calls it at every change of x.
+    void updateXConstraint();
+
+    /// The canvas is not flipped: heights count upwards.
+    static constexpr bool isFlipped() { return false; }
+
+    /// Where the node is. Without constraints it stands at (0, 0).
+    Frame frame() const;
+    /// Whole points, from the texts and the picture; at most node_layout::greatestNodeWidth.
+    int width() const;
+    Frame imageFrame() const;
+    Frame infoFrame() const;
+    /// The topmost part at a point; no value on the node's own background and outside of it.
+    std::optional<NodePart> partAt(CanvasPoint point) const;
+
+    LeafImageView& imageView() { return imageView_; }
+    const LeafImageView& imageView() const { return imageView_; }
+    LeafInfoView& infoView() { return infoView_; }
+    const LeafInfoView& infoView() const { return infoView_; }
+    ConnectorView& partnerHandle() { return partnerHandle_; }
+    const ConnectorView& partnerHandle() const { return partnerHandle_; }
+    ConnectorView& childHandle() { return childHandle_; }
+    const ConnectorView& childHandle() const { return childHandle_; }
+
+    /// Shows and clears the selected look.
+    void focus() { infoView_.focus(); }
+    void unfocus() { infoView_.unfocus(); }
+
+    /// One pass over the node's own constraints adds a pair "at least 10 wide, at least 10 high"; earlier pairs stay.
+    void updateConstraints() { ++minimumSizePairs_; }
+    std::uint32_t minimumSizePairs() const { return minimumSizePairs_; }
+
+    /// Place among the nodes of the person layer that shows it, lowest first.
+    std::uint32_t index() const { return index_; }
+
+private:
+    friend class PersonLayerView;
+
+    Person* person_;
+    std::optional<PlacementConstraint> xConstraint_;
+    std::optional<PlacementConstraint> yConstraint_;
+    LeafImageView imageView_;
+    LeafInfoView infoView_;
+    ConnectorView partnerHandle_;
+    ConnectorView childHandle_;
+    std::uint32_t minimumSizePairs_ = 0;
+    std::uint32_t index_ = 0;
+};
+
+} // namespace lineara

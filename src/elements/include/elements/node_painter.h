@@ -1,0 +1,66 @@
+#pragma once
+
+#include "elements/detail.h"
+
+#include <QCache>
+#include <QPixmap>
+#include <QPointF>
+
+#include <cstddef>
+#include <cstdint>
+
+class QPainter;
+
+namespace lineara {
+
+class ConnectorView;
+class LeafImageView;
+class LeafView;
+
+/// Draws nodes with a painter that stands in picture coordinates, scaled and moved but not turned. Keeps, within
+/// bounds, what is dear to draw: leaves, handles and reduced pictures, each at the size last needed. Main thread only.
+class NodePainter
+{
+public:
+    /// A screen gets leaves, handles and pictures from pixmaps; a document (a file, a printer) gets their true shapes.
+    enum class Medium : std::uint8_t
+    {
+        Screen,
+        Document
+    };
+
+    explicit NodePainter(Medium medium = Medium::Screen);
+
+    /// The detail is Full or Plain; a Coarse node is drawn like a Plain one.
+    void paint(QPainter& painter, const LeafView& node, Detail detail);
+
+    /// Drops the reduced pictures; to be called when a picture has changed.
+    void forgetPictures() { pictures_.clear(); }
+
+private:
+    /// A drawing kept as pixels, and where they lie from its origin in points of the picture.
+    struct Sprite
+    {
+        QPixmap pixels;
+        QPointF offset;
+    };
+
+    /// How many pixels of the device make a point of the picture, and how many one of the painter's own units.
+    struct Resolution
+    {
+        double scale;
+        double density;
+    };
+
+    void paintShapes(QPainter& painter, const LeafView& node);
+    void paintSprites(QPainter& painter, const LeafView& node);
+    const Sprite& leafSprite(const LeafImageView& image, std::size_t leaf, Resolution resolution);
+    const Sprite& handleSprite(const ConnectorView& handle, Resolution resolution);
+    const Sprite& pictureSprite(const LeafView& node, Resolution resolution);
+
+    Medium medium_;
+    QCache<quint64, Sprite> shapes_;
+    QCache<quint64, Sprite> pictures_;
+};
+
+} // namespace lineara

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "elements/geometry.h"
+#include "elements/leaf_view.h"
+
+#include <QColor>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace lineara {
+
+class Pool;
+
+/// The dashed line that follows the pointer while a handle is dragged.
+struct RubberBand
+{
+    QColor strokeColor;
+    CanvasPoint from;
+    CanvasPoint to;
+    friend bool operator==(const RubberBand&, const RubberBand&) = default;
+};
+
+/// The layer of nodes, above the link shapes, with the rubber band. Looks at its nodes; the LeafNursery owns them.
+/// Main thread only.
+class PersonLayerView
+{
+public:
+    static constexpr double connectionLineWidth = 5.0;
+    static constexpr double connectionDash = 5.0; ///< points drawn
+    static constexpr double connectionGap = 15.0; ///< points left out after each dash
+
+    explicit PersonLayerView(Pool& pool) : pool_(&pool) {}
+    PersonLayerView(const PersonLayerView&) = delete;
+    PersonLayerView& operator=(const PersonLayerView&) = delete;
+
+    Pool& pool() const { return *pool_; }
+
+    /// The nodes from the lowest to the topmost; a node's index() is its place here.
+    const std::vector<LeafView*>& nodes() const { return nodes_; }
+    /// On top of the others; a node that is there already stays in its place.
+    void addNode(LeafView& node);
+    /// A node that is not there is no matter.
+    void removeNode(LeafView& node);
+    bool contains(const LeafView& node) const;
+    /// The topmost node whose frame holds the point, or nullptr.
+    LeafView* nodeAt(CanvasPoint point) const;
+
+    /// Replaces the rubber band by one straight line in the colour of the type.
+    void drawConnection(const QString& type, CanvasPoint from, CanvasPoint to);
+    void clearConnection() { connection_.reset(); }
+    const std::optional<RubberBand>& connection() const { return connection_; }
+
+private:
+    Pool* pool_;
+    std::vector<LeafView*> nodes_;
+    std::optional<RubberBand> connection_;
+};
+
+} // namespace lineara

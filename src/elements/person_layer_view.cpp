@@ -1,0 +1,45 @@
+#include "elements/person_layer_view.h"
+
+#include "elements/colours.h"
+
+#include <algorithm>
+#include <ranges>
+
+namespace lineara {
+
+void PersonLayerView::addNode(LeafView& node)
+{
+    if (contains(node))
+        return;
+    node.index_ = static_cast<std::uint32_t>(nodes_.size());
+    nodes_.push_back(&node);
+}
+
+void PersonLayerView::removeNode(LeafView& node)
+{
+    if (!contains(node))
+        return;
+    nodes_.erase(nodes_.begin() + node.index_);
+    for (std::size_t index = node.index_; index < nodes_.size(); ++index)
+        nodes_[index]->index_ = static_cast<std::uint32_t>(index);
+}
+
+bool PersonLayerView::contains(const LeafView& node) const
+{
+    return node.index_ < nodes_.size() && nodes_[node.index_] == &node;
+}
+
+LeafView* PersonLayerView::nodeAt(CanvasPoint point) const
+{
+    const auto topmostFirst = std::views::reverse(nodes_);
+    const auto found =
+        std::ranges::find_if(topmostFirst, [&](const auto* node) { return node->frame().contains(point); });
+    return found != topmostFirst.end() ? *found : nullptr;
+}
+
+void PersonLayerView::drawConnection(const QString& type, CanvasPoint from, CanvasPoint to)
+{
+    connection_ = RubberBand{colours::linkStroke(type), from, to};
+}
+
+} // namespace lineara
