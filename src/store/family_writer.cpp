@@ -1,0 +1,272 @@
+#include "family_writer.h"
+
+#include "field_names.h"
+#include "model/object_context.h"
+#include "store/family_file.h"
+
+#include <limits>
+
+namespace lineara::store {
+
+namespace {
+
+/// Puts unknown elements back between their siblings. Siblings beyond the last known one end the list.
+class Interleaving
+{
+public:
+    Interleaving(XmlWriter& out, std::span<const UnknownElement> unknown, std::string_view indent)
+        : out_(out), unknown_(unknown), indent_(indent)
+    {}
+
+    /// Called before each known element.
+    void next()
+    {
+        while (!unknown_.empty() && unknown_.front().position <= position_)
+            writeUnknown();
+        ++position_;
+    }
+
+    /// Called after the last known element.
+    void end()
+    {
+        while (!unknown_.empty())
+            writeUnknown();
+    }
+
+private:
+    void writeUnknown()
+    {
+        const auto& xml = unknown_.front().xml;
+        out_.raw(indent_);
+        out_.raw({xml.constData(), static_cast<std::size_t>(xml.size())});
+        out_.raw("\n");
+        unknown_ = unknown_.subspan(1);
+        ++position_;
+    }
+
+    XmlWriter& out_;
+    std::span<const UnknownElement> unknown_;
+    std::string_view indent_;
+    std::uint32_t position_ = 0;
+};
+
+constexpr std::string_view objectIndent = "    ";
+constexpr std::string_view memberIndent = "        ";
+
+/// Writes one object element, member by member; begun by the constructor and ended by the destructor.
+class ObjectElement
+{
+public:
+    ObjectElement(XmlWriter& out, std::string_view entity, RecordId id, std::span<const UnknownElement> unknown)
+        : out_(out), siblings_(out, unknown, memberIndent)
+    {
+        out_.raw("    <object type=\"");
+        out_.raw(entity);
+        out_.raw("\" id=\"");
+        reference(id);
+        out_.raw("\">\n");
+    }
+
+    ~ObjectElement()
+    {
+        siblings_.end();
+        out_.raw("    </object>\n");
+    }
+
+    ObjectElement(const ObjectElement&) = delete;
+    ObjectElement& operator=(const ObjectElement&) = delete;
+
+    void text(std::string_view name, const std::optional<QString>& value)
+    {
+        if (!value)
+            return;
+        beginAttribute(name, "string", value->isEmpty());
+        if (value->isEmpty())
+            return;
+        out_.text(*value);
+        endAttribute();
+    }
+
+    void number(std::string_view name, std::optional<std::int32_t> value)
+    {
+        if (!value)
+            return;
+        beginAttribute(name, "int32", false);
+        out_.number(*value);
+        endAttribute();
+    }
+
+    void binary(std::string_view name, const QByteArray& value)
+    {
+        beginAttribute(name, "binary", value.isEmpty());
+        if (value.isEmpty())
+            return;
+        // A multiple of 3, so that no piece but the last needs filling up.
+        constexpr qsizetype pieceSize = 3 * 16 * 1024;
+        for (qsizetype at = 0; at < value.size(); at += pieceSize) {
+            const auto piece = QByteArray::fromRawData(value.constData() + at, std::min(pieceSize, value.size() - at));
+            const auto encoded = piece.toBase64();
+            out_.raw({encoded.constData(), static_cast<std::size_t>(encoded.size())});
+        }
+        endAttribute();
+    }
+
+    template<class Records>
+    void toMany(std::string_view name, std::string_view entity, const Records& records)
+    {
+        if (records.empty())
+            return;
+        beginRelationship(name, "0/0", entity);
+        std::string_view separator;
+        for (const auto* record : records) {
+            out_.raw(separator);
+            reference(record->recordId());
+            separator = " ";
+        }
+        out_.raw("\"/>\n");
+    }
+
+    void toOne(std::string_view name, std::string_view entity, const Record* record)
+    {
+        if (!record)
+            return;
+        beginRelationship(name, "0/1", entity);
+        reference(record->recordId());
+        out_.raw("\"/>\n");
+    }
+
+private:
+    void reference(RecordId id)
+    {
+        out_.raw("z");
+        out_.number(static_cast<std::int64_t>(id.number));
+    }
+
+    void beginAttribute(std::string_view name, std::string_view type, bool isEmpty)
+    {
+        siblings_.next();
+        out_.raw("        <attribute name=\"");
+        out_.raw(name);
+        out_.raw("\" type=\"");
+        out_.raw(type);
+        out_.raw(isEmpty ? "\"/>\n" : "\">");
+    }
+
+    void endAttribute() { out_.raw("</attribute>\n"); }
+
+    void beginRelationship(std::string_view name, std::string_view type, std::string_view entity)
+    {
+        siblings_.next();
+        out_.raw("        <relationship name=\"");
+        out_.raw(name);
+        out_.raw("\" type=\"");
+        out_.raw(type);
+        out_.raw("\" destination=\"");
+        out_.raw(entity);
+        out_.raw("\" idrefs=\"");
+    }
+
+    XmlWriter& out_;
+    Interleaving siblings_;
+};
+
+/// Writes the parts of the file in their order.
+class FamilyWriter
+{
+public:
+    FamilyWriter(XmlWriter& out, const ObjectContext& family)
+        : out_(out), family_(family), objects_(out, family.unknownObjects(), objectIndent)
+    {}
+
+    void write()
+    {
+        out_.raw("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<database>\n");
+        writeInfo();
+        const auto pools = family_.allPools();
+        for (const auto* pool : pools)
+            writePool(*pool);
+        for (const auto* pool : pools) {
+            for (const auto* person : pool->persons())
+                writePerson(*person);
+        }
+        for (const auto* person : family_.allPersons()) {
+            if (!person->pool())
+                writePerson(*person);
+        }
+        for (const auto* pic : family_.allPics())
+            writePic(*pic);
+        objects_.end();
+        out_.raw("</database>\n");
+    }
+
+private:
+    void writeInfo()
+    {
+        Interleaving parts(out_, family_.unknownInfo(), memberIndent);
+        out_.raw("    <databaseInfo>\n");
+        parts.next();
+        out_.raw("        <formatVersion>");
+        out_.number(currentFormatVersion);
+        out_.raw("</formatVersion>\n");
+        parts.next();
+        out_.raw("        <UUID>");
+        out_.text(family_.storeUuid().toString(QUuid::WithoutBraces));
+        out_.raw("</UUID>\n");
+        parts.next();
+        out_.raw("        <nextObject>");
+        out_.number(static_cast<std::int64_t>(family_.nextNumber()));
+        out_.raw("</nextObject>\n");
+        parts.next();
+        out_.raw("        <metadata key=\"modelVersion\">");
+        out_.number(currentModelVersion);
+        out_.raw("</metadata>\n");
+        parts.end();
+        out_.raw("    </databaseInfo>\n");
+    }
+
+    void writePool(const Pool& pool)
+    {
+        objects_.next();
+        ObjectElement object(out_, poolEntity, pool.recordId(), pool.unknown());
+        object.toMany("persons", personEntity, pool.persons());
+    }
+
+    void writePerson(const Person& person)
+    {
+        objects_.next();
+        ObjectElement object(out_, personEntity, person.recordId(), person.unknown());
+        for (const auto& field : personTexts)
+            object.text(field.name, person.values().*field.value);
+        for (const auto& field : personNumbers)
+            object.number(field.name, person.values().*field.value);
+        object.toMany("parents", personEntity, person.parents());
+        object.toMany("children", personEntity, person.children());
+        object.toMany("partners", personEntity, person.partners());
+        object.toOne("pool", poolEntity, person.pool());
+        object.toOne("pic", picEntity, person.pic());
+    }
+
+    void writePic(const Pic& pic)
+    {
+        objects_.next();
+        ObjectElement object(out_, picEntity, pic.recordId(), pic.unknown());
+        if (pic.hasData())
+            object.binary("data", pic.data());
+        object.toOne("person", personEntity, pic.person());
+    }
+
+    XmlWriter& out_;
+    const ObjectContext& family_;
+    Interleaving objects_;
+};
+
+} // namespace
+
+bool writeFamilyText(const ObjectContext& family, ByteSink sink)
+{
+    XmlWriter out(std::move(sink));
+    FamilyWriter(out, family).write();
+    return out.finish();
+}
+
+} // namespace lineara::store

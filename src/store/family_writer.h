@@ -1,0 +1,14 @@
+#pragma once
+
+#include "xml_writer.h"
+
+namespace lineara {
+class ObjectContext;
+}
+
+namespace lineara::store {
+
+/// Writes the family as the text of a family file. False if the sink refused a piece.
+bool writeFamilyText(const ObjectContext& family, ByteSink sink);
+
+} // namespace lineara::store

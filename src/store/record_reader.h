@@ -1,0 +1,30 @@
+#pragma once
+
+#include "object_members.h"
+
+namespace lineara::store {
+
+/// Reads one "object" element after the other into a family. The first defect ends the reading.
+class RecordReader
+{
+public:
+    RecordReader(const XmlSource& source, RawFamily& family, QStringList& repairs)
+        : source_(source), family_(family), members_(source, repairs)
+    {}
+
+    /// `position` is the place among the objects of the file. False if the object is defective; see failure().
+    bool read(pugi::xml_node object, std::uint32_t position);
+
+    const QString& failure() const { return members_.failure(); }
+
+private:
+    bool readPerson(Number number);
+    bool readPool(Number number);
+    bool readPic(Number number);
+
+    const XmlSource& source_;
+    RawFamily& family_;
+    ObjectMembers members_;
+};
+
+} // namespace lineara::store

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+#include <string_view>
+
+namespace lineara::store {
+
+/// What was wrong with a text; the worst that was met.
+enum class TextFlaw
+{
+    None,
+    Replaced,     ///< characters that no XML file can hold became U+FFFD
+    BadReference, ///< an entity or character reference that means nothing
+};
+
+struct DecodedText
+{
+    QString text;
+    TextFlaw flaw = TextFlaw::None;
+};
+
+/// Decodes character data that ends at a zero byte: references are resolved and line ends become "\n".
+/// The bytes must be valid UTF-8.
+DecodedText decodeText(const char* text);
+
+/// Decodes the whole content of an element, which may mix character data, CDATA sections, comments and processing
+/// instructions (the latter two are left out). No value if it holds an element.
+std::optional<DecodedText> decodeMixedContent(std::string_view content);
+
+} // namespace lineara::store

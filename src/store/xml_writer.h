@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QStringView>
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string_view>
+
+namespace lineara::store {
+
+/// Takes bytes; false if it refuses them. Nothing is handed over after a refusal.
+using ByteSink = std::function<bool(std::string_view)>;
+
+/// Collects XML text in a buffer and hands it to the sink in large pieces.
+class XmlWriter
+{
+public:
+    explicit XmlWriter(ByteSink sink);
+
+    /// Bytes that are markup already.
+    void raw(std::string_view bytes)
+    {
+        if (bytes.size() <= capacity - used_)
+            copy(bytes);
+        else
+            rawAcrossBuffers(bytes);
+    }
+    void number(std::int64_t value);
+    /// Character data, escaped so that every XML reader gives it back unchanged. What no XML file can hold (control
+    /// characters, halves of surrogate pairs) becomes U+FFFD.
+    void text(QStringView text);
+
+    /// Hands over what is left; false if the sink refused anything.
+    bool finish();
+
+private:
+    static constexpr std::size_t capacity = 256 * 1024;
+
+    void copy(std::string_view bytes);
+    void rawAcrossBuffers(std::string_view bytes);
+    void ensure(std::size_t bytes);
+    void flush();
+    void escape(char16_t unit);
+    void appendUtf8(char32_t character);
+
+    ByteSink sink_;
+    std::unique_ptr<char[]> buffer_ = std::make_unique<char[]>(capacity);
+    std::size_t used_ = 0;
+    bool refused_ = false;
+};
+
+} // namespace lineara::store
