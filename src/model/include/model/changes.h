@@ -15,7 +15,8 @@ class Pic;
 
 /// What can change about a person apart from links. `Image` and `Era` are derived: `Era` comes along with every change
 /// of birthYear or deathYear, `Image` with every change of the picture.
-enum class PersonAttribute : std::uint32_t {
+enum class PersonAttribute : std::uint32_t
+{
     Name = 1u << 0,
     Additional = 1u << 1,
     BirthDay = 1u << 2,
@@ -32,7 +33,13 @@ enum class PersonAttribute : std::uint32_t {
 Q_DECLARE_FLAGS(PersonAttributes, PersonAttribute)
 Q_DECLARE_OPERATORS_FOR_FLAGS(PersonAttributes)
 
-enum class Relationship : std::uint8_t { Children, Partners, PoolMembers, PersonPic };
+enum class Relationship : std::uint8_t
+{
+    Children,
+    Partners,
+    PoolMembers,
+    PersonPic
+};
 
 /// A record came into the context: made by the user, or brought back by undo or redo.
 struct RecordInserted

@@ -9,12 +9,14 @@
 namespace lineara {
 
 class ObjectContext;
+struct JournalEntry;
 
 /// The history of a context as undoable steps: what one gesture changed, and everything that followed from it.
 ///
 /// begin() opens a step; every change until the next begin() belongs to it, so that derived changes which come later
-/// (generations, positions) are undone with their gesture. Changes made before the first step, or under a Pause, are
-/// part of the opened file and can't be undone. Replaying emits the same events as the changes themselves.
+/// (generations, positions) are undone with their gesture. undo(), redo() and clear() close the step. Changes made
+/// while no step is open, or under a Pause, are part of the opened file and can't be undone. Replaying emits the same
+/// events as the changes themselves.
 class Journal
 {
 public:
@@ -53,6 +55,13 @@ public:
     };
 
 private:
+    friend class ObjectContext;
+
+    /// Adds a change to the open step; dropped where changes are not journalled.
+    void note(JournalEntry&& entry);
+    /// Whether note() would keep an entry now.
+    bool recording() const;
+
     struct State;
     std::unique_ptr<State> state_;
 };

@@ -12,7 +12,6 @@
 #include <memory>
 #include <optional>
 #include <span>
-#include <unordered_map>
 #include <vector>
 
 namespace lineara {
@@ -27,6 +26,10 @@ public:
 private:
     std::shared_ptr<void> token_;
 };
+
+struct LinkPlaces;
+class ObserverList;
+class RecordTable;
 
 /// Owns every record of one family file, keeps both sides of every link, reports each change at once as one typed
 /// event and journals it. Main thread only.
@@ -72,8 +75,9 @@ public:
     /// Calls `observer` on every change until the returned subscription is destroyed.
     [[nodiscard]] Subscription observe(std::function<void(const Change&)> observer);
 
-    /// Called once for each person that comes to life, by insertion or by being read from a file: the place where the
-    /// canvas side makes the person's node. Persons that were loaded from a file come to life now, in number order.
+    /// Called once whenever a person comes to life, by insertion, by being read from a file, or brought back by undo or
+    /// redo: the place where the canvas side makes the person's node, ahead of the RecordInserted event. Persons that
+    /// are there already come to life now, in number order.
     void setAwakening(std::function<void(Person&)> awakening);
 
     Journal& journal() { return journal_; }
@@ -85,14 +89,39 @@ public:
 
 private:
     friend class ContextLoader;
-    friend class Journal;
+    friend struct JournalEntry;
     friend class Person;
     friend class Pool;
     friend class Pic;
-    // (private part is up to the implementation)
+    friend class Visit;
+
+    template<class T>
+    T* find(RecordId id, Entity entity) const;
+    template<class T>
+    std::vector<T*> all(Entity entity) const;
+    RecordId takeNumber() { return {nextNumber_++}; }
+
+    // Every change is one of these: it alters the records, journals itself and is then reported.
+    Record& attach(std::unique_ptr<Record> record);
+    [[nodiscard]] std::unique_ptr<Record> detach(Record& record);
+    void setAttribute(Person& person, PersonAttribute attribute, AttributeValue value);
+    void setPicData(Pic& pic, QByteArray data);
+    void link(Relationship relationship, Record& owner, Record& member);
+    void link(Relationship relationship, Record& owner, Record& member, LinkPlaces places);
+    void unlink(Relationship relationship, Record& owner, Record& member);
+
+    void removeLinks(Record& record);
+    void makeRoom(Relationship relationship, Record& owner, Record& member);
+    void reportLink(const LinkChanged& change);
+    void wake(Person& person);
+    void report(const Change& change);
 
     QUuid storeUuid_;
     std::uint64_t nextNumber_ = 101;
+    std::unique_ptr<RecordTable> records_;
+    std::unique_ptr<ObserverList> observers_;
+    std::function<void(Person&)> awakening_;
+    mutable std::uint32_t lastVisit_ = 0;
     Journal journal_{*this};
     std::vector<UnknownElement> unknownObjects_;
     std::vector<UnknownElement> unknownInfo_;

@@ -14,7 +14,7 @@ namespace lineara {
 ///
 /// Membership is a linear search while the set is small and an index afterwards; removing keeps the order of the rest.
 /// Not safe for concurrent use, not even for reading: the index is built at the first question.
-template <class T>
+template<class T>
 class OrderedSet
 {
 public:
@@ -55,9 +55,7 @@ public:
     {
         if (contains(member))
             return false;
-        members_.insert(members_.begin() + static_cast<std::ptrdiff_t>(position), member);
-        if (index_)
-            index_->insert(member);
+        insertDistinctAt(position, member);
         return true;
     }
 
@@ -70,6 +68,25 @@ public:
             if (index_)
                 index_->erase(member);
         }
+        return position;
+    }
+
+    /// The same for a member that the caller knows not to be in the set: no search.
+    void insertDistinctAt(std::size_t position, const T& member)
+    {
+        members_.insert(members_.begin() + static_cast<std::ptrdiff_t>(position), member);
+        if (index_)
+            index_->insert(member);
+    }
+
+    /// Takes out a member that the caller knows to be in the set; returns where it stood. Needs no index.
+    std::size_t removePresent(const T& member)
+    {
+        const auto found = std::find(members_.begin(), members_.end(), member);
+        const auto position = static_cast<std::size_t>(found - members_.begin());
+        members_.erase(found);
+        if (index_)
+            index_->erase(member);
         return position;
     }
 

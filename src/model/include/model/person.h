@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <variant>
 #include <vector>
 
 namespace lineara {
@@ -30,10 +31,13 @@ struct PersonValues
     std::optional<std::int32_t> deathDay;
     std::optional<std::int32_t> deathMonth;
     std::optional<std::int32_t> deathYear;
-    std::optional<std::int32_t> generation;   ///< row; absent means row 0
-    std::optional<std::int32_t> x;            ///< left edge of the node in points; absent until first placed
+    std::optional<std::int32_t> generation; ///< row; absent means row 0
+    std::optional<std::int32_t> x;          ///< left edge of the node in points; absent until first placed
     friend bool operator==(const PersonValues&, const PersonValues&) = default;
 };
+
+/// The value of any one attribute of PersonValues.
+using AttributeValue = std::variant<std::optional<std::int32_t>, std::optional<QString>>;
 
 /// One person of a family. Owned by its context; every change goes through the context, which keeps both sides of a
 /// link, reports the change and journals it. Main thread only.
@@ -110,24 +114,27 @@ public:
 private:
     friend class ObjectContext;
     friend class ContextLoader;
-    friend class Pic;
-    friend class Pool;
-    friend class Journal;
+    friend class LinkSides;
+    friend class Visit;
+    friend struct JournalEntry;
 
     Person(ObjectContext& context, RecordId recordId);
 
-    PersonValues values_;
+    // What a walk over the family touches stands first, close together.
+    bool willWalk_ = false;
+    bool awake_ = false;                  // the awakening was called for this person
+    mutable std::uint32_t visitNote_ = 0; // meaningful only to the walk that visitStamp_ names
+    mutable std::uint32_t visitStamp_ = 0;
     OrderedSet<Person*> parents_;
     OrderedSet<Person*> children_;
     OrderedSet<Person*> partners_;
+    PersonValues values_;
     Pool* pool_ = nullptr;
     Pic* pic_ = nullptr;
     LeafView* leafView_ = nullptr;
     std::vector<LinkLayer*> linkLayers_;
-    mutable std::unique_ptr<std::optional<Picture>> image_;   // made when first asked for
+    mutable std::unique_ptr<std::optional<Picture>> image_; // made when first asked for
     std::unique_ptr<std::vector<UnknownElement>> unknown_;
-    std::uint32_t snapshotIndex_ = 0;                         // meaningful only while a snapshot is being taken
-    bool willWalk_ = false;
 };
 
 } // namespace lineara

@@ -28,8 +28,9 @@ public:
 private:
     friend class ObjectContext;
     friend class ContextLoader;
-    friend class Person;
-    using Record::Record;
+    friend class LinkSides;
+
+    Pic(ObjectContext& context, RecordId recordId) : Record(context, Entity::Pic, recordId) {}
 
     QByteArray data_;
     Person* person_ = nullptr;

@@ -31,7 +31,7 @@ struct LinkRecord
 struct FamilySnapshot
 {
     engine::FamilyGraph graph;
-    std::vector<RecordId> persons;   ///< by graph index
+    std::vector<RecordId> persons; ///< by graph index
 };
 
 /// The family: its members, and what the generation engine worked out last. Main thread only.
@@ -83,8 +83,11 @@ public:
 private:
     friend class ObjectContext;
     friend class ContextLoader;
-    friend class Journal;
-    using Record::Record;
+    friend class LinkSides;
+
+    Pool(ObjectContext& context, RecordId recordId) : Record(context, Entity::Pool, recordId) {}
+
+    void writeGenerations(const FamilySnapshot& snapshot, const std::vector<engine::Generation>& generations);
 
     OrderedSet<Person*> persons_;
     std::int32_t maxGeneration_ = 0;

@@ -11,7 +11,12 @@ namespace lineara {
 
 class ObjectContext;
 
-enum class Entity : std::uint8_t { Pool, Person, Pic };
+enum class Entity : std::uint8_t
+{
+    Pool,
+    Person,
+    Pic
+};
 
 /// Names a record for as long as its store lives. Numbers are never used twice, so a stale id finds nothing.
 /// The file's "z102" and the number in a person's `id` ("p102") are this number.
@@ -27,8 +32,8 @@ std::strong_ordering compareAsText(RecordId a, RecordId b);
 /// Content of a record that this version knows nothing about, kept so that saving gives it back.
 struct UnknownElement
 {
-    std::uint32_t position = 0;   ///< index among the elements of its object, or of the file
-    QByteArray xml;               ///< the element as it stood, verbatim
+    std::uint32_t position = 0; ///< index among the elements of its object, or of the file
+    QByteArray xml;             ///< the element as it stood, verbatim
 };
 
 /// What Person, Pool and Pic share: an identity within the context that owns them.
@@ -49,8 +54,7 @@ public:
 protected:
     Record(ObjectContext& context, Entity entity, RecordId recordId)
         : context_(&context), recordId_(recordId), entity_(entity)
-    {
-    }
+    {}
 
 private:
     ObjectContext* context_;
@@ -60,7 +64,7 @@ private:
 
 } // namespace lineara
 
-template <>
+template<>
 struct std::hash<lineara::RecordId>
 {
     std::size_t operator()(lineara::RecordId id) const noexcept { return std::hash<std::uint64_t>{}(id.number); }

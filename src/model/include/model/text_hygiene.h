@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace lineara {
+
+/// The text with every character that no XML reader accepts replaced by U+FFFD: control characters other than tab, line
+/// feed and carriage return, halves of surrogate pairs, U+FFFE and U+FFFF. Sets `repaired`, if given, to whether
+/// anything was replaced; a sound text comes back as it is, without a copy.
+QString writableText(QString text, bool* repaired = nullptr);
+
+} // namespace lineara
