@@ -39,7 +39,7 @@ private:
 ///
 /// Persons 0 to `members` - 1 are the members of the pool in the pool's order. Persons linked to them that are not
 /// members (yet) follow: they are reached by the recursions, but stand in no row and in no loop over the family.
-/// Every list enumerates in the order in which the links were made.
+/// Every list enumerates in the order in which the links were made, and every link stands in the lists of both ends.
 struct FamilyGraph
 {
     std::uint32_t members = 0;
@@ -48,6 +48,8 @@ struct FamilyGraph
     Adjacency parents;
     Adjacency children;
     Adjacency partners;
+    /// Persons whose children do not hand a generation up to them; empty means that there are none.
+    std::vector<bool> willWalk;
 
     std::uint32_t persons() const { return static_cast<std::uint32_t>(numbers.size()); }
 };

@@ -15,11 +15,12 @@ struct OffspringWish
     PersonIndex child = 0;
 };
 
-enum class LinkVerdict : std::uint8_t {
+enum class LinkVerdict : std::uint8_t
+{
     Allowed,
-    SamePerson,   ///< source and target are one person
-    TwoParents,   ///< the child already has two parents
-    Cycle,        ///< the child is an ancestor of the parent
+    SamePerson, ///< source and target are one person
+    TwoParents, ///< the child already has two parents
+    Cycle,      ///< the child is an ancestor of the parent
 };
 
 /// Judges many offspring wishes at once, starting from a family without offspring links: the same verdicts, one per

@@ -26,15 +26,16 @@ struct GraphLink
 /// What one run had to report, in order. Kept as values, because a run on a large family reports thousands.
 struct LogEntry
 {
-    enum class Kind : std::uint8_t {
-        RefusedGeneration,   ///< a person was reached with a second number; the first stands
-        StillImbalanced,     ///< pushing did not settle even without partners
-        EndlessPush,         ///< pushing partners provably never ends; partners were left out
-        BelowFirstRow,       ///< a linked person ended below row 1 and is kept in row 0
+    enum class Kind : std::uint8_t
+    {
+        RefusedGeneration, ///< a person was reached with a second number; the first stands
+        StillImbalanced,   ///< pushing did not settle even without partners
+        EndlessPush,       ///< pushing partners provably never ends; partners were left out
+        BelowFirstRow,     ///< linked persons ended below row 1 and are kept in row 0; at most once a run
     };
     Kind kind{};
-    Generation wanted = 0;
-    Generation existing = 0;
+    Generation wanted = 0;   ///< RefusedGeneration only: the number that was refused
+    Generation existing = 0; ///< RefusedGeneration: the number that stands; BelowFirstRow: the lowest number
     friend bool operator==(const LogEntry&, const LogEntry&) = default;
 };
 
@@ -51,17 +52,24 @@ struct ProcessResult
     std::int32_t maxGeneration = 0;
     std::optional<PersonIndex> maxGenerationOf;
     std::int32_t maxGenerationSize = 0;
-    /// rows[i] holds the members whose generation is i, in the family's order; row 0 also all without a generation.
+    /// rows[i] holds the members whose generation is i, in the family's order; row 0 also all without a generation
+    /// and all below 0.
     std::vector<std::vector<PersonIndex>> rows;
     std::vector<GraphLink> partners;
     std::vector<GraphLink> offspring;
+    /// The marks of the graph as the run leaves them: reset on everyone who was reached. Empty if the graph's are.
+    std::vector<bool> willWalk;
     std::vector<LogEntry> log;
 };
 
-/// Works every generation out again from the links alone.
+/// Works every generation out again from the links alone; generations of an earlier run play no part.
 ///
 /// Takes time linear in persons and links, apart from the balancing sweeps. Returns no value if `stop` was requested
 /// before the run had ended. Pure: may run on any thread.
+///
+/// Parent links are expected to be free of cycles. Where they are not (damaged data), the run ends all the same:
+/// ancestors on or below a cycle don't count for the longest line, nobody is asked twice for a generation, persons
+/// who get none from any founder or partner stay without one, and balancing may give up with `StillImbalanced`.
 std::optional<ProcessResult> process(const FamilyGraph& family, std::stop_token stop = {});
 
 /// Rows and sizes out of given generations (the last step of `process`), for a family whose generations were
