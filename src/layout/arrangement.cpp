@@ -1,0 +1,22 @@
+#include "arrangement.h"
+
+namespace lineara::layout {
+
+void Pull::add(const Chart& chart, const Arrangement& arrangement, BlockIndex block, std::span<const Spring> springs,
+               double factor)
+{
+    for (const Spring& spring : springs) {
+        const double place = arrangement.placeOf(chart, spring.other);
+        const double share = factor * spring.weight;
+        weight += share;
+        ends += share * place;
+        lefts += share * (place - arrangement.within(chart, {block, spring.own}));
+    }
+}
+
+StraightLine::StraightLine(const Chart& chart, const Arrangement& arrangement, const ChildLine& line)
+    : from((arrangement.placeOf(chart, line.firstParent) + arrangement.placeOf(chart, line.secondParent)) / 2),
+      to(arrangement.placeOf(chart, line.child)), top(chart.topOf(line)), bottom(chart.bottomOf(line))
+{}
+
+} // namespace lineara::layout

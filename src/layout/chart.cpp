@@ -1,0 +1,195 @@
+#include "chart.h"
+
+#include <algorithm>
+#include <functional>
+#include <limits>
+
+namespace lineara::layout {
+
+using engine::PersonIndex;
+
+namespace {
+
+constexpr BlockIndex noBlock = std::numeric_limits<BlockIndex>::max();
+
+struct OwnedSpring
+{
+    BlockIndex owner = 0;
+    Spring spring;
+};
+
+struct LineInRow
+{
+    std::uint32_t owner = 0;
+    std::uint32_t line = 0;
+};
+
+/// Collects springs between blocks of different rows for either end.
+class SpringTier
+{
+public:
+    explicit SpringTier(const Chart& chart) : chart_(chart) {}
+
+    void tie(const Anchor& one, const Anchor& other, double weight)
+    {
+        const std::uint32_t row = chart_.rowOf[one.block];
+        const std::uint32_t otherRow = chart_.rowOf[other.block];
+        if (row == otherRow)
+            return;
+        const Anchor& upper = row < otherRow ? one : other;
+        const Anchor& lower = row < otherRow ? other : one;
+        up_.push_back({lower.block, {lower.offset, upper, weight}});
+        down_.push_back({upper.block, {upper.offset, lower, weight}});
+    }
+
+    void giveTo(Chart& chart) const
+    {
+        chart.springsUp = sortIntoLists(chart.blocks(), up_, &OwnedSpring::spring);
+        chart.springsDown = sortIntoLists(chart.blocks(), down_, &OwnedSpring::spring);
+    }
+
+private:
+    const Chart& chart_;
+    std::vector<OwnedSpring> up_;
+    std::vector<OwnedSpring> down_;
+};
+
+/// The greatest length, in rows, such that all lines up to it have together no more than `pieces` pieces.
+std::size_t longestAffordable(std::vector<std::size_t> lengths, std::size_t pieces)
+{
+    std::ranges::sort(lengths);
+    std::size_t longest = 0;
+    for (std::size_t begin = 0; begin < lengths.size();) {
+        const std::size_t length = lengths[begin];
+        std::size_t end = begin;
+        while (end < lengths.size() && lengths[end] == length)
+            ++end;
+        const std::size_t needed = (end - begin) * length;
+        if (needed > pieces)
+            break;
+        pieces -= needed;
+        longest = length;
+        begin = end;
+    }
+    return longest;
+}
+
+} // namespace
+
+int passes(const Chart& chart, int most, int least)
+{
+    constexpr std::size_t smallFamily = 10'000;
+    if (chart.blocks() <= smallFamily)
+        return most;
+    return std::max(least, static_cast<int>(static_cast<std::size_t>(most) * smallFamily / chart.blocks()));
+}
+
+ChartBuilder::ChartBuilder(const engine::FamilyGraph& family, const std::vector<engine::Generation>& rows)
+    : family_(family), rows_(rows), partnerRows_(family, rows), blockOf_(family.persons(), noBlock),
+      offsetOf_(family.persons(), 0)
+{}
+
+Chart ChartBuilder::build(std::span<const PersonIndex> persons)
+{
+    Chart chart;
+    formBlocks(chart, persons);
+    numberRows(chart);
+    drawLines(chart);
+    listLinesBelow(chart);
+    listRelatives(chart);
+    tieSprings(chart);
+    return chart;
+}
+
+void ChartBuilder::formBlocks(Chart& chart, std::span<const PersonIndex> persons)
+{
+    for (const PersonIndex person : persons) {
+        if (blockOf_[person] != noBlock)
+            continue;
+        const auto block = static_cast<BlockIndex>(chart.members.lists());
+        double offset = 0;
+        for (const PersonIndex member : partnerRows_.groupOf(person)) {
+            blockOf_[member] = block;
+            offsetOf_[member] = offset++;
+            chart.members.append(member);
+        }
+        chart.members.endList();
+    }
+}
+
+void ChartBuilder::numberRows(Chart& chart) const
+{
+    std::vector<engine::Generation> used;
+    for (BlockIndex block = 0; block < chart.members.lists(); ++block)
+        used.push_back(rows_[chart.members[block].front()]);
+    std::vector<engine::Generation> oldestFirst = used;
+    std::ranges::sort(oldestFirst, std::greater{});
+    oldestFirst.erase(std::unique(oldestFirst.begin(), oldestFirst.end()), oldestFirst.end());
+    chart.rows = static_cast<std::uint32_t>(oldestFirst.size());
+    for (const engine::Generation row : used)
+        chart.rowOf.push_back(static_cast<std::uint32_t>(std::ranges::lower_bound(oldestFirst, row, std::greater{}) -
+                                                         oldestFirst.begin()));
+}
+
+void ChartBuilder::drawLines(Chart& chart) const
+{
+    for (BlockIndex block = 0; block < chart.blocks(); ++block)
+        for (const PersonIndex child : chart.members[block])
+            if (const auto parents = family_.parents[child]; !parents.empty())
+                chart.lines.push_back(
+                    {anchorOf(parents[0]), anchorOf(parents.size() > 1 ? parents[1] : parents[0]), anchorOf(child)});
+}
+
+void ChartBuilder::listLinesBelow(Chart& chart) const
+{
+    constexpr std::size_t piecesPerLine = 8;
+    std::vector<std::size_t> lengths;
+    for (const ChildLine& line : chart.lines) {
+        const std::uint32_t top = chart.topOf(line);
+        lengths.push_back(std::max(chart.bottomOf(line), top) - top);
+    }
+    const std::size_t longest = longestAffordable(lengths, piecesPerLine * lengths.size());
+    std::vector<LineInRow> pieces;
+    for (std::uint32_t line = 0; line < chart.lines.size(); ++line) {
+        const std::uint32_t top = chart.topOf(chart.lines[line]);
+        if (lengths[line] <= longest)
+            for (std::uint32_t row = top; row < top + lengths[line]; ++row)
+                pieces.push_back({row, line});
+    }
+    chart.linesBelow = sortIntoLists(chart.rows, pieces, &LineInRow::line);
+}
+
+void ChartBuilder::listRelatives(Chart& chart) const
+{
+    for (BlockIndex block = 0; block < chart.blocks(); ++block) {
+        for (const PersonIndex member : chart.members[block]) {
+            for (const PersonIndex child : family_.children[member])
+                chart.childBlocks.append(blockOf_[child]);
+            for (const PersonIndex parent : family_.parents[member])
+                chart.parentBlocks.append(blockOf_[parent]);
+        }
+        chart.childBlocks.endList();
+        chart.parentBlocks.endList();
+    }
+}
+
+void ChartBuilder::tieSprings(Chart& chart) const
+{
+    SpringTier springs(chart);
+    for (const auto& [first, second, child] : chart.lines) {
+        if (first.block == second.block) {
+            springs.tie({first.block, (first.offset + second.offset) / 2}, child, 1);
+        } else {
+            springs.tie(first, child, 0.5);
+            springs.tie(second, child, 0.5);
+        }
+    }
+    for (BlockIndex block = 0; block < chart.blocks(); ++block)
+        for (const PersonIndex member : chart.members[block])
+            for (const PersonIndex partner : family_.partners[member])
+                if (blockOf_[partner] > block)
+                    springs.tie(anchorOf(member), anchorOf(partner), 1);
+    springs.giveTo(chart);
+}
+
+} // namespace lineara::layout

@@ -1,0 +1,95 @@
+#include "placement.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace lineara::layout {
+
+namespace {
+
+/// Without a spring a block gives way to everybody.
+constexpr double weightOfTheUntied = 0.01;
+
+/// Blocks pushed against each other, from `first` up to where the next cluster starts.
+struct Cluster
+{
+    std::size_t first = 0;
+    double place = 0;
+    double weight = 0;
+};
+
+// Pool adjacent violators: taking the width of all blocks to the left off each wish turns "no overlap" into "not
+// decreasing"; neighbours that would decrease merge into one cluster at their common mean.
+std::vector<Cluster> clustersOf(const Chart& chart, std::span<const BlockIndex> blocks, std::span<const Wish> wishes)
+{
+    std::vector<Cluster> clusters;
+    double taken = 0;
+    for (std::size_t index = 0; index < blocks.size(); ++index) {
+        Cluster cluster{index, wishes[index].left - taken, wishes[index].weight};
+        taken += chart.width(blocks[index]);
+        while (!clusters.empty() && clusters.back().place >= cluster.place) {
+            const Cluster& before = clusters.back();
+            const double weight = before.weight + cluster.weight;
+            cluster = {before.first, (before.place * before.weight + cluster.place * cluster.weight) / weight, weight};
+            clusters.pop_back();
+        }
+        clusters.push_back(cluster);
+    }
+    return clusters;
+}
+
+} // namespace
+
+double settleRow(const Chart& chart, Arrangement& arrangement, std::uint32_t row, std::span<const Wish> wishes)
+{
+    const auto blocks = arrangement.rows[row];
+    if (blocks.size() == 1)
+        return std::abs(std::exchange(arrangement.left[blocks[0]], wishes[0].left) - wishes[0].left);
+    const std::vector<Cluster> clusters = clustersOf(chart, blocks, wishes);
+    double farthest = 0;
+    double taken = 0;
+    for (std::size_t index = 0, cluster = 0; index < blocks.size(); ++index) {
+        if (cluster + 1 < clusters.size() && clusters[cluster + 1].first == index)
+            ++cluster;
+        const double left = clusters[cluster].place + taken;
+        farthest = std::max(farthest, std::abs(std::exchange(arrangement.left[blocks[index]], left) - left));
+        taken += chart.width(blocks[index]);
+    }
+    return farthest;
+}
+
+double Placement::pullRow(Arrangement& arrangement, std::uint32_t row, double stride)
+{
+    wishes_.clear();
+    for (const BlockIndex block : arrangement.rows[row]) {
+        Pull pull;
+        pull.add(chart_, arrangement, block, chart_.springsUp[block]);
+        pull.add(chart_, arrangement, block, chart_.springsDown[block]);
+        const double now = arrangement.left[block];
+        if (pull.weight > 0)
+            wishes_.push_back({now + stride * (pull.left() - now), pull.weight});
+        else
+            wishes_.push_back({now, weightOfTheUntied});
+    }
+    return settleRow(chart_, arrangement, row, wishes_);
+}
+
+void Placement::pull(Arrangement& arrangement, int rounds)
+{
+    constexpr double longStride = 1.6;
+    constexpr int calmRounds = 4;
+    constexpr double noticeable = 0.0001;
+    for (int round = 0; round < rounds; ++round) {
+        const double stride = round + calmRounds < rounds ? longStride : 1;
+        double farthest = 0;
+        for (std::uint32_t row = 0; row < chart_.rows; ++row)
+            farthest = std::max(farthest, pullRow(arrangement, row, stride));
+        for (std::uint32_t row = chart_.rows; row-- > 0;)
+            farthest = std::max(farthest, pullRow(arrangement, row, stride));
+        if (farthest < noticeable)
+            return;
+    }
+}
+
+} // namespace lineara::layout

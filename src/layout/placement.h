@@ -1,0 +1,40 @@
+#pragma once
+
+#include "arrangement.h"
+
+#include <span>
+
+namespace lineara::layout {
+
+/// A block's wish in `settleRow`.
+struct Wish
+{
+    double left = 0;
+    /// Above 0.
+    double weight = 1;
+};
+
+/// Moves the blocks of one row, keeping their order, to where the weighted sum of the squared distances from the wished
+/// left edges is least among all places without overlap. One wish per block of the row. Returns how far the block moved
+/// that moved farthest. Takes linear time.
+double settleRow(const Chart& chart, Arrangement& arrangement, std::uint32_t row, std::span<const Wish> wishes);
+
+/// Lets the springs pull the rows into place without changing their order.
+class Placement
+{
+public:
+    explicit Placement(const Chart& chart) : chart_(chart) {}
+
+    /// Pulls one row to where its springs are in balance. `stride` 1 stops there, a greater one (below 2) goes beyond
+    /// by that factor, which reaches the balance of all rows sooner. Returns the farthest move of a block.
+    double pullRow(Arrangement& arrangement, std::uint32_t row, double stride = 1);
+
+    /// Pulls every row in turn, downwards and back upwards, `rounds` times or until nothing moves any more.
+    void pull(Arrangement& arrangement, int rounds);
+
+private:
+    const Chart& chart_;
+    std::vector<Wish> wishes_;
+};
+
+} // namespace lineara::layout

@@ -1,0 +1,178 @@
+#include "family_sketch.h"
+
+#include "layout/first_order.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+
+namespace lineara::layout {
+namespace {
+
+using namespace sketch;
+using testing::ElementsAre;
+
+constexpr std::int32_t pitch = 152;
+constexpr std::int32_t margin = 160;
+
+std::vector<std::int32_t> order(const Sketch& sketch)
+{
+    return firstOrder(sketch.graph(), sketch.generations(), pitch, margin);
+}
+
+TEST(FirstOrder, EmptyFamilyHasNoPlaces)
+{
+    EXPECT_TRUE(order(Sketch()).empty());
+}
+
+TEST(FirstOrder, OnePersonStandsAtTheMargin)
+{
+    Sketch sketch;
+    sketch.person(engine::noGeneration);
+    EXPECT_THAT(order(sketch), ElementsAre(margin));
+}
+
+TEST(FirstOrder, TwoPartnersStandSideBySide)
+{
+    Sketch sketch;
+    const PersonIndex one = sketch.person(1);
+    sketch.marry(one, sketch.person(1));
+    EXPECT_THAT(order(sketch), ElementsAre(margin, margin + pitch));
+}
+
+TEST(FirstOrder, ThreeGenerationsOfFivePersonsStandCentredBelowEachOther)
+{
+    Sketch sketch;
+    const PersonIndex grandfather = sketch.person(3);
+    const PersonIndex grandmother = sketch.person(3);
+    const PersonIndex mother = sketch.person(2);
+    const PersonIndex father = sketch.person(2);
+    const PersonIndex child = sketch.person(1);
+    sketch.marry(grandfather, grandmother);
+    sketch.bear(mother, {grandfather, grandmother});
+    sketch.marry(mother, father);
+    sketch.bear(child, {mother, father});
+    // The mother stands below the middle of her parents, the child below the middle of its own.
+    EXPECT_THAT(order(sketch),
+                ElementsAre(margin, margin + pitch, margin + pitch / 2, margin + pitch / 2 + pitch, margin + pitch));
+}
+
+TEST(FirstOrder, ParentsStandAboveTheMiddleOfTheirChildren)
+{
+    Sketch sketch;
+    const PersonIndex father = sketch.person(2);
+    const PersonIndex mother = sketch.person(2);
+    sketch.marry(father, mother);
+    for (int child = 0; child < 5; ++child)
+        sketch.bear(sketch.person(1), {father, mother});
+    const auto x = order(sketch);
+    EXPECT_EQ((x[father] + x[mother]) / 2, x[4]);
+    EXPECT_EQ(x[2], margin);
+    EXPECT_EQ(x[6], margin + 4 * pitch);
+}
+
+TEST(FirstOrder, ChildrenOfOneParentKeepTheOrderOfTheirLinks)
+{
+    Sketch sketch;
+    const PersonIndex parent = sketch.person(2);
+    for (int child = 0; child < 3; ++child)
+        sketch.bear(sketch.person(1), {parent});
+    EXPECT_THAT(order(sketch), ElementsAre(margin + pitch, margin, margin + pitch, margin + 2 * pitch));
+}
+
+TEST(FirstOrder, PersonStandsBetweenTwoPartners)
+{
+    Sketch sketch;
+    const PersonIndex first = sketch.person(1);
+    const PersonIndex second = sketch.person(1);
+    const PersonIndex person = sketch.person(1);
+    sketch.marry(person, first);
+    sketch.marry(person, second);
+    const auto x = order(sketch);
+    EXPECT_EQ(x[person], margin + pitch);
+    EXPECT_EQ(std::abs(x[first] - x[second]), 2 * pitch);
+}
+
+TEST(FirstOrder, CoupleTurnsSoThatEachStandsOnTheSideOfItsOwnParents)
+{
+    Sketch sketch;
+    const PersonIndex leftParent = sketch.person(2);
+    const PersonIndex rightParent = sketch.person(2);
+    const PersonIndex rightChild = sketch.person(1);
+    const PersonIndex leftChild = sketch.person(1);
+    sketch.bear(leftChild, {leftParent});
+    sketch.bear(rightChild, {rightParent});
+    sketch.marry(rightChild, leftChild);
+    const auto x = order(sketch);
+    EXPECT_EQ(x[leftParent] < x[rightParent], x[leftChild] < x[rightChild]);
+}
+
+TEST(FirstOrder, CousinsWhoMarryStandBetweenTheirFamilies)
+{
+    Sketch sketch;
+    const PersonIndex root = sketch.person(3);
+    const PersonIndex aunt = sketch.person(2);
+    const PersonIndex mother = sketch.person(2);
+    sketch.bear(aunt, {root});
+    sketch.bear(mother, {root});
+    const PersonIndex cousin = sketch.person(1);
+    sketch.bear(cousin, {aunt});
+    sketch.bear(sketch.person(1), {aunt});
+    const PersonIndex child = sketch.person(1);
+    sketch.bear(sketch.person(1), {mother});
+    sketch.bear(child, {mother});
+    sketch.marry(cousin, child);
+    const auto x = order(sketch);
+    EXPECT_EQ(std::abs(x[cousin] - x[child]), pitch);
+    EXPECT_GT(std::max(x[4], x[6]), std::max(x[cousin], x[child]));
+    EXPECT_LT(std::min(x[4], x[6]), std::min(x[cousin], x[child]));
+}
+
+TEST(FirstOrder, UnlinkedPersonsStandInTheirRowFromLeftToRight)
+{
+    Sketch sketch;
+    const PersonIndex one = sketch.person(2);
+    sketch.marry(one, sketch.person(2));
+    sketch.person(engine::noGeneration);
+    sketch.person(engine::noGeneration);
+    EXPECT_THAT(order(sketch), ElementsAre(margin, margin + pitch, margin, margin + pitch));
+}
+
+TEST(FirstOrder, UnlinkedPersonsStandBehindRelativesWhoWereKeptInTheLowestRow)
+{
+    Sketch sketch;
+    const PersonIndex one = sketch.person(-3);
+    sketch.person(engine::noGeneration);
+    sketch.marry(one, sketch.person(0));
+    EXPECT_THAT(order(sketch), ElementsAre(margin, margin + 2 * pitch, margin + pitch));
+}
+
+TEST(FirstOrder, LargestFamilyStandsFirst)
+{
+    Sketch sketch;
+    const PersonIndex one = sketch.person(1);
+    sketch.marry(one, sketch.person(1));
+    const PersonIndex parent = sketch.person(2);
+    for (int child = 0; child < 3; ++child)
+        sketch.bear(sketch.person(1), {parent});
+    const auto x = order(sketch);
+    EXPECT_EQ(x[3], margin);
+    EXPECT_EQ(x[one], margin + 3 * pitch + pitch / 2);
+}
+
+TEST(FirstOrder, OneSidedAndSelfLinksDoNoHarm)
+{
+    FamilyGraph family;
+    family.members = 3;
+    family.numbers = {101, 102, 103};
+    for (engine::Adjacency* links : {&family.parents, &family.children, &family.partners})
+        for (PersonIndex person = 0; person < 3; ++person) {
+            if (links == &family.partners)
+                links->add(person == 0 ? 1 : person);
+            links->endPerson();
+        }
+    EXPECT_THAT(firstOrder(family, {1, 1, 1}, pitch, 0), testing::UnorderedElementsAre(0, pitch, 2 * pitch + 0));
+}
+
+} // namespace
+} // namespace lineara::layout
