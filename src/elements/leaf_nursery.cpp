@@ -14,12 +14,15 @@ LeafNursery::LeafNursery(ObjectContext& context) : LeafNursery(context, nullptr)
 LeafNursery::LeafNursery(ObjectContext& context, RandomSource* random) : context_(&context), random_(random)
 {
     context.setAwakening([this](Person& person) { awaken(person); });
+    // Persons come to life once; those who did so before this nursery was there are made up for.
+    for (Person* person : context.allPersons())
+        awaken(*person);
     subscription_ = context.observe([this](const Change& change) { follow(change); });
 }
 
 LeafNursery::~LeafNursery()
 {
-    context_->setAwakening([](Person&) {});
+    context_->setAwakening({});
     for (Person* person : context_->allPersons())
         person->setLeafView(nullptr);
 }

@@ -35,9 +35,14 @@ quint64 stepsOf(double scale)
     return static_cast<quint64>(std::lround(scale * scaleSteps));
 }
 
+quint64 sizeKey(double scale, double density)
+{
+    return (stepsOf(scale) << 40) | (stepsOf(density) << 16);
+}
+
 quint64 shapeKey(SpriteKind kind, std::uint32_t variant, double scale, double density)
 {
-    return (stepsOf(scale) << 40) | (stepsOf(density) << 16) | (quint64{variant} << 8) | static_cast<quint64>(kind);
+    return sizeKey(scale, density) | (quint64{variant} << 8) | static_cast<quint64>(kind);
 }
 
 /// Draws into fresh transparent pixels that hold `bounds`, a rectangle in points of the picture.
@@ -162,14 +167,13 @@ const NodePainter::Sprite& NodePainter::handleSprite(const ConnectorView& handle
 
 const NodePainter::Sprite& NodePainter::pictureSprite(const LeafView& node, Resolution resolution)
 {
-    const quint64 key =
-        (node.person().recordId().number << 24) ^ (stepsOf(resolution.scale) << 12) ^ stepsOf(resolution.density);
+    const ImageLayer layer = node.imageView().imageLayer();
+    const std::pair key{layer.contents->cacheKey(), sizeKey(resolution.scale, resolution.density)};
     if (const Sprite* kept = pictures_.object(key))
         return *kept;
     const QRectF room({0, 0}, toPicture(node.imageFrame()).size());
-    const QPixmap pixels = drawnPixels(room, resolution.scale, resolution.density, [&](QPainter& painter) {
-        paintPicture(painter, node.imageView().imageLayer(), room);
-    });
+    const QPixmap pixels = drawnPixels(room, resolution.scale, resolution.density,
+                                       [&](QPainter& painter) { paintPicture(painter, layer, room); });
     pictures_.insert(key, new Sprite{pixels, {}}, bytesOf(pixels));
     return *pictures_.object(key);
 }

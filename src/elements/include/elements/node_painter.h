@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 class QPainter;
 
@@ -34,9 +35,6 @@ public:
     /// The detail is Full or Plain; a Coarse node is drawn like a Plain one.
     void paint(QPainter& painter, const LeafView& node, Detail detail);
 
-    /// Drops the reduced pictures; to be called when a picture has changed.
-    void forgetPictures() { pictures_.clear(); }
-
 private:
     /// A drawing kept as pixels, and where they lie from its origin in points of the picture.
     struct Sprite
@@ -60,7 +58,7 @@ private:
 
     Medium medium_;
     QCache<quint64, Sprite> shapes_;
-    QCache<quint64, Sprite> pictures_;
+    QCache<std::pair<qint64, quint64>, Sprite> pictures_; // by pixels and size
 };
 
 } // namespace lineara

@@ -1,0 +1,227 @@
+#include "elements/branch_layer_view.h"
+
+#include "elements/colours.h"
+#include "elements/family.h"
+
+#include <gmock/gmock.h>
+
+namespace lineara {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+using tests::Family;
+
+class BranchLayerViewTest : public testing::Test
+{
+protected:
+    std::vector<LinkLayer*> shapes(const BranchLayerView& view) const
+    {
+        std::vector<LinkLayer*> found;
+        for (const auto& layer : view.layers())
+            found.push_back(layer.get());
+        return found;
+    }
+
+    Family family;
+    Person& ann = family.addAt({100, 300});
+    Person& bob = family.addAt({300, 300});
+    Person& cleo = family.addAt({200, 80});
+    Person& dan = family.addAt({500, 300});
+};
+
+TEST_F(BranchLayerViewTest, OffspringLiesAbovePartnersAndPersonsListTheirShapes)
+{
+    ann.addChild(cleo);
+    ann.addPartner(bob);
+    bob.addPartner(dan);
+    family.pool.process();
+    const BranchLayerView view(family.pool);
+    const auto layers = shapes(view);
+    ASSERT_EQ(layers.size(), 3u);
+    EXPECT_EQ(layers[0]->linkType(), u"partner"_qs);
+    EXPECT_EQ(layers[1]->linkType(), u"partner"_qs);
+    EXPECT_EQ(layers[2]->linkType(), u"offspring"_qs);
+    EXPECT_EQ(layers[2]->source(), &ann);
+    EXPECT_EQ(layers[2]->target(), &cleo);
+    EXPECT_THAT(ann.linkLayers(), UnorderedElementsAre(layers[0], layers[2]));
+    EXPECT_THAT(bob.linkLayers(), UnorderedElementsAre(layers[0], layers[1]));
+    EXPECT_THAT(cleo.linkLayers(), ElementsAre(layers[2]));
+    EXPECT_THAT(dan.linkLayers(), ElementsAre(layers[1]));
+    EXPECT_EQ(layers[2]->endPoint(), (CanvasPoint{200, 80}));
+    for (std::uint32_t index = 0; index < layers.size(); ++index)
+        EXPECT_EQ(layers[index]->index(), index);
+}
+
+TEST_F(BranchLayerViewTest, NewLinkComesOnTop)
+{
+    ann.addChild(cleo);
+    family.pool.process();
+    BranchLayerView view(family.pool);
+    LinkLayer& added = view.addLink({ann.recordId(), bob.recordId()}, u"partner"_qs);
+    EXPECT_EQ(shapes(view).back(), &added);
+    EXPECT_THAT(bob.linkLayers(), ElementsAre(&added));
+}
+
+TEST_F(BranchLayerViewTest, ShapeMadeAloneIsListedButNotShown)
+{
+    const BranchLayerView view(family.pool);
+    const auto layer = view.layerFromLink({ann.recordId(), bob.recordId()}, u"partner"_qs);
+    EXPECT_THAT(view.layers(), IsEmpty());
+    EXPECT_THAT(ann.linkLayers(), ElementsAre(layer.get()));
+    EXPECT_EQ(layer->startPoint(), (CanvasPoint{100, 300}));
+    ann.linkLayers().clear();
+    bob.linkLayers().clear();
+}
+
+TEST_F(BranchLayerViewTest, RecordWithAMissingEndGivesAShapeToTheOrigin)
+{
+    BranchLayerView view(family.pool);
+    LinkLayer& layer = view.addLink({ann.recordId(), RecordId{424242}}, u"offspring"_qs);
+    EXPECT_EQ(layer.target(), nullptr);
+    EXPECT_EQ(layer.endPoint(), CanvasPoint{});
+}
+
+TEST_F(BranchLayerViewTest, RemovedPersonTakesItsShapesAlong)
+{
+    ann.addPartner(bob);
+    bob.addPartner(dan);
+    family.pool.process();
+    BranchLayerView view(family.pool);
+    view.select(*ann.linkLayers().front());
+    view.removeLayersOf(ann);
+    EXPECT_EQ(view.layers().size(), 1u);
+    EXPECT_EQ(view.layers().front()->index(), 0u);
+    EXPECT_EQ(view.selectedLink(), nullptr);
+    EXPECT_THAT(ann.linkLayers(), IsEmpty());
+    EXPECT_THAT(bob.linkLayers(), ElementsAre(view.layers().front().get()));
+}
+
+TEST_F(BranchLayerViewTest, RemovedShapeIsListedNoLonger)
+{
+    ann.addPartner(bob);
+    family.pool.process();
+    BranchLayerView view(family.pool);
+    view.removeLayer(*view.layers().front());
+    EXPECT_THAT(view.layers(), IsEmpty());
+    EXPECT_THAT(ann.linkLayers(), IsEmpty());
+    EXPECT_THAT(bob.linkLayers(), IsEmpty());
+}
+
+TEST_F(BranchLayerViewTest, NothingIsListedAfterTheEnd)
+{
+    ann.addPartner(bob);
+    family.pool.process();
+    {
+        const BranchLayerView view(family.pool);
+        EXPECT_EQ(ann.linkLayers().size(), 1u);
+    }
+    EXPECT_THAT(ann.linkLayers(), IsEmpty());
+}
+
+TEST_F(BranchLayerViewTest, SyncLeavesExactlyOneShapeForEveryLink)
+{
+    ann.addPartner(bob);
+    ann.addChild(cleo);
+    family.pool.process();
+    BranchLayerView view(family.pool);
+    const auto before = shapes(view);
+    EXPECT_FALSE(view.syncWithPool());
+    EXPECT_EQ(shapes(view), before);
+
+    // A doubled shape, one whose link is gone, and a link without a shape.
+    view.addLink({bob.recordId(), ann.recordId()}, u"partner"_qs);
+    ann.removeChild(cleo);
+    bob.addChild(cleo);
+    family.pool.process();
+    EXPECT_TRUE(view.syncWithPool());
+    ASSERT_EQ(view.layers().size(), 2u);
+    EXPECT_EQ(shapes(view).front(), before.front());
+    EXPECT_EQ(shapes(view).back()->source(), &bob);
+    EXPECT_EQ(shapes(view).back()->target(), &cleo);
+    EXPECT_THAT(ann.linkLayers(), ElementsAre(before.front()));
+    EXPECT_FALSE(view.syncWithPool());
+}
+
+TEST_F(BranchLayerViewTest, SyncTellsParentFromChildAndPartnerFromBoth)
+{
+    ann.addChild(cleo);
+    family.pool.process();
+    BranchLayerView view(family.pool);
+    view.addLink({cleo.recordId(), ann.recordId()}, u"offspring"_qs);
+    view.addLink({ann.recordId(), cleo.recordId()}, u"partner"_qs);
+    EXPECT_TRUE(view.syncWithPool());
+    ASSERT_EQ(view.layers().size(), 1u);
+    EXPECT_EQ(view.layers().front()->source(), &ann);
+}
+
+TEST_F(BranchLayerViewTest, SyncOfALargeFamilyIsLinear)
+{
+#ifdef LINEARA_SANITIZED
+    constexpr int children = 2000;
+#else
+    constexpr int children = 40000;
+#endif
+    for (int child = 0; child < children; ++child)
+        ann.addChild(family.add());
+    family.pool.process();
+    BranchLayerView view(family.pool);
+    EXPECT_FALSE(view.syncWithPool());
+    EXPECT_EQ(view.layers().size(), static_cast<std::size_t>(children));
+    view.removeLayersOf(ann);
+    EXPECT_THAT(view.layers(), IsEmpty());
+}
+
+TEST_F(BranchLayerViewTest, SelectedLinkIsBlueUntilDeselected)
+{
+    ann.addPartner(bob);
+    ann.addChild(cleo);
+    family.pool.process();
+    BranchLayerView view(family.pool);
+    LinkLayer& partner = *shapes(view).front();
+    LinkLayer& offspring = *shapes(view).back();
+    view.select(partner);
+    EXPECT_EQ(partner.strokeColor(), colours::selectedStroke());
+    EXPECT_EQ(offspring.strokeColor(), colours::offspringStroke());
+
+    view.select(offspring);
+    EXPECT_EQ(view.selectedLink(), &offspring);
+    EXPECT_EQ(partner.strokeColor(), colours::partnerStroke());
+    EXPECT_EQ(offspring.strokeColor(), colours::selectedStroke());
+
+    view.deselectSelected();
+    EXPECT_EQ(view.selectedLink(), nullptr);
+    EXPECT_EQ(offspring.strokeColor(), colours::offspringStroke());
+    view.deselectSelected();
+    EXPECT_EQ(view.selectedLink(), nullptr);
+}
+
+TEST_F(BranchLayerViewTest, SelectedLinkStaysBlueWhenItsEndMoves)
+{
+    ann.addPartner(bob);
+    family.pool.process();
+    BranchLayerView view(family.pool);
+    LinkLayer& link = *view.layers().front();
+    view.select(link);
+    Family::moveTo(bob, {340, 521});
+    link.layoutSublayers();
+    EXPECT_EQ(link.endPoint(), (CanvasPoint{340, 521}));
+    EXPECT_EQ(link.strokeColor(), colours::selectedStroke());
+    view.deselectSelected();
+    EXPECT_EQ(link.strokeColor(), colours::partnerStroke());
+}
+
+TEST_F(BranchLayerViewTest, TopmostOfTwoShapesIsHit)
+{
+    ann.addChild(cleo);
+    family.pool.process();
+    BranchLayerView view(family.pool);
+    LinkLayer& above = view.addLink({ann.recordId(), cleo.recordId()}, u"offspring"_qs);
+    EXPECT_EQ(view.hit({150, 190}), &above);
+    EXPECT_EQ(view.hit({150 - 6, 190}), nullptr);
+    EXPECT_EQ(view.hit({900, 900}), nullptr);
+}
+
+} // namespace
+} // namespace lineara
