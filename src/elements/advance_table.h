@@ -5,6 +5,7 @@
 #include <QStringView>
 
 #include <array>
+#include <cstdint>
 
 namespace lineara {
 
@@ -27,7 +28,7 @@ private:
 
     QFont font_;
     QFontMetricsF metrics_;
-    std::array<float, endOfLetters - firstLetter> advances_;
+    std::array<std::int32_t, endOfLetters - firstLetter> advances_; // in 64ths of a point, as fonts have them
 };
 
 } // namespace lineara

@@ -30,8 +30,16 @@ bool joins(const LinkLayer& layer, const Person* source, const Person* target)
     return layer.isPartnerLink() && layer.source() == target && layer.target() == source;
 }
 
-LinkLayer* existingLayer(const Person* source, const Person* target, bool isPartner)
+bool shows(const LinkLayer& layer, const LinkRecord& record, bool isPartner)
 {
+    return layer.isPartnerLink() == isPartner && layer.source() && layer.target() &&
+           layer.source()->recordId() == record.source && layer.target()->recordId() == record.target;
+}
+
+LinkLayer* existingLayer(const ObjectContext& context, const LinkRecord& record, bool isPartner)
+{
+    const Person* const source = context.person(record.source);
+    const Person* const target = context.person(record.target);
     if (!source || !target)
         return nullptr;
     // Both ends list the shape; the end with fewer links is searched, which keeps large families linear.
@@ -60,6 +68,8 @@ BranchLayerView::~BranchLayerView()
 void BranchLayerView::makeLayers()
 {
     layers_.reserve(layers_.size() + pool_->partners().size() + pool_->offspring().size());
+    for (Person* person : pool_->persons())
+        person->linkLayers().reserve(person->partners().size() + person->children().size() + person->parents().size());
     for (const auto& [type, records] : linkLists(*pool_)) {
         for (const LinkRecord& record : records)
             show(layerFromLink(record, type));
@@ -75,13 +85,13 @@ std::unique_ptr<LinkLayer> BranchLayerView::layerFromLink(const LinkRecord& reco
         if (person)
             person->linkLayers().push_back(layer.get());
     }
-    layer->layoutSublayers();
     return layer;
 }
 
 LinkLayer& BranchLayerView::addLink(const LinkRecord& record, const QString& type)
 {
     show(layerFromLink(record, type));
+    layers_.back()->layoutSublayers();
     return *layers_.back();
 }
 
@@ -108,26 +118,38 @@ void BranchLayerView::removeLayersOf(Person& person)
 
 bool BranchLayerView::syncWithPool()
 {
-    for (const auto& layer : layers_)
-        layer->isWanted_ = false;
-    std::vector<std::pair<LinkRecord, QString>> missing;
-    for (const auto& [type, records] : linkLists(*pool_)) {
-        const bool isPartner = type == partnerLink;
-        for (const LinkRecord& record : records) {
-            const Person* const source = pool_->context().person(record.source);
-            const Person* const target = pool_->context().person(record.target);
-            if (LinkLayer* layer = existingLayer(source, target, isPartner))
-                layer->isWanted_ = true;
-            else if (source && target)
-                missing.emplace_back(record, type);
-        }
-    }
+    const auto missing = markWanted();
     const std::size_t before = layers_.size();
     removeUnwanted();
     const bool changed = layers_.size() != before || !missing.empty();
     for (const auto& [record, type] : missing)
         addLink(record, type);
     return changed;
+}
+
+/// Marks one shape for each link of the pool and every other as unwanted; gives the links that have no shape.
+std::vector<std::pair<LinkRecord, QString>> BranchLayerView::markWanted()
+{
+    for (const auto& layer : layers_)
+        layer->isWanted_ = false;
+    std::vector<std::pair<LinkRecord, QString>> missing;
+    std::size_t next = 0;
+    for (const auto& [type, records] : linkLists(*pool_)) {
+        const bool isPartner = type == partnerLink;
+        for (const LinkRecord& record : records) {
+            // The shapes stand in the order of the lists but for the latest changes.
+            LinkLayer* layer = next < layers_.size() ? layers_[next].get() : nullptr;
+            if (!layer || !shows(*layer, record, isPartner))
+                layer = existingLayer(pool_->context(), record, isPartner);
+            if (layer) {
+                layer->isWanted_ = true;
+                next = layer->index_ + std::size_t{1};
+            } else if (pool_->context().person(record.source) && pool_->context().person(record.target)) {
+                missing.emplace_back(record, type);
+            }
+        }
+    }
+    return missing;
 }
 
 // One sweep however many go, because a person may have thousands of links.

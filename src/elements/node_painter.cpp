@@ -20,6 +20,8 @@ constexpr double greatestSpriteScale = 4;
 
 enum class SpriteKind : std::uint8_t
 {
+    Panel,
+    FocusedPanel,
     FirstLeaf,
     SecondLeaf,
     PartnerHandle,
@@ -87,21 +89,21 @@ NodePainter::NodePainter(Medium medium) : medium_(medium), shapes_(shapeCacheByt
 
 void NodePainter::paint(QPainter& painter, const LeafView& node, Detail detail)
 {
-    painter.setRenderHint(QPainter::Antialiasing, detail == Detail::Full);
-    if (detail == Detail::Full) {
-        paintPanel(painter, node);
-        paintTexts(painter, node);
-    } else {
-        paintPlainPanel(painter, node);
-    }
+    const bool isFull = detail == Detail::Full;
+    painter.setRenderHint(QPainter::Antialiasing, isFull);
     if (medium_ == Medium::Document || painter.deviceTransform().m11() > greatestSpriteScale)
         paintShapes(painter, node);
     else
         paintSprites(painter, node);
+    if (isFull)
+        paintTexts(painter, node);
+    else
+        paintTextBars(painter, node);
 }
 
 void NodePainter::paintShapes(QPainter& painter, const LeafView& node)
 {
+    paintPanel(painter, toPicture(node.infoFrame()), node.infoView().backgroundColor(), node.infoView().borderColor());
     const LeafImageView& image = node.imageView();
     if (image.leafOpacity() > 0) {
         painter.translate(leafOrigin(node));
@@ -126,6 +128,7 @@ void NodePainter::paintSprites(QPainter& painter, const LeafView& node)
         painter.drawPixmap(pixel / resolution.density, sprite.pixels);
     };
     painter.setWorldTransform({});
+    place(panelSprite(node, resolution), toPicture(node.infoFrame()).topLeft());
     const LeafImageView& image = node.imageView();
     if (image.leafOpacity() > 0) {
         place(leafSprite(image, 0, resolution), leafOrigin(node));
@@ -136,6 +139,23 @@ void NodePainter::paintSprites(QPainter& painter, const LeafView& node)
     for (const ConnectorView* handle : {&node.partnerHandle(), &node.childHandle()})
         place(handleSprite(*handle, resolution), toPicture(handle->frame()).topLeft());
     painter.setWorldTransform(world);
+}
+
+// Widths are whole points within narrow bounds, so that a few dozen panels serve every node.
+const NodePainter::Sprite& NodePainter::panelSprite(const LeafView& node, Resolution resolution)
+{
+    const QRectF panel({0, 0}, toPicture(node.infoFrame()).size());
+    const LeafInfoView& info = node.infoView();
+    const auto kind = info.isFocused() ? SpriteKind::FocusedPanel : SpriteKind::Panel;
+    const auto width = static_cast<std::uint32_t>(panel.width());
+    const quint64 key = shapeKey(kind, width, resolution.scale, resolution.density);
+    if (const Sprite* kept = shapes_.object(key))
+        return *kept;
+    const QPixmap pixels = drawnPixels(panel, resolution.scale, resolution.density, [&](QPainter& painter) {
+        paintPanel(painter, panel, info.backgroundColor(), info.borderColor());
+    });
+    shapes_.insert(key, new Sprite{pixels, {}}, bytesOf(pixels));
+    return *shapes_.object(key);
 }
 
 const NodePainter::Sprite& NodePainter::leafSprite(const LeafImageView& image, std::size_t leaf, Resolution resolution)

@@ -92,14 +92,13 @@ void paintPicture(QPainter& painter, const ImageLayer& layer, const QRectF& room
     painter.drawRect(room.adjusted(inset, inset, -inset, -inset));
 }
 
-void paintPanel(QPainter& painter, const LeafView& node)
+void paintPanel(QPainter& painter, const QRectF& panel, const QColor& background, const QColor& border)
 {
-    const LeafInfoView& info = node.infoView();
     constexpr double inset = LeafInfoView::borderWidth / 2;
     constexpr double radius = LeafInfoView::cornerRadius - inset;
-    painter.setPen(QPen(info.borderColor(), LeafInfoView::borderWidth));
-    painter.setBrush(info.backgroundColor());
-    painter.drawRoundedRect(toPicture(node.infoFrame()).adjusted(inset, inset, -inset, -inset), radius, radius);
+    painter.setPen(QPen(border, LeafInfoView::borderWidth));
+    painter.setBrush(background);
+    painter.drawRoundedRect(panel.adjusted(inset, inset, -inset, -inset), radius, radius);
 }
 
 void paintTexts(QPainter& painter, const LeafView& node)
@@ -120,12 +119,17 @@ void paintTexts(QPainter& painter, const LeafView& node)
     painter.drawText(toPicture(block.nextLine(eraLineHeight, fonts.era.advance(era))), era);
 }
 
-void paintPlainPanel(QPainter& painter, const LeafView& node)
+void paintTextBars(QPainter& painter, const LeafView& node)
 {
-    const LeafInfoView& info = node.infoView();
-    painter.setPen(QPen(info.borderColor(), 0));
-    painter.setBrush(info.backgroundColor());
-    painter.drawRect(toPicture(node.infoFrame()));
+    constexpr double nameBarHeight = 5;
+    constexpr double eraBarHeight = 3;
+    const Frame panel = node.infoFrame();
+    const double nameWidth = panel.width - 2 * node_layout::textMargin;
+    TextBlock block(node.frame(), nameLineHeight + eraLineHeight);
+    const CanvasPoint name = block.nextLine(nameLineHeight, nameWidth);
+    painter.fillRect(toPicture(Frame{name.x, name.y, nameWidth, nameBarHeight}), colours::eraText());
+    const CanvasPoint era = block.nextLine(eraLineHeight, nameWidth / 2);
+    painter.fillRect(toPicture(Frame{era.x, era.y, nameWidth / 2, eraBarHeight}), colours::hintText());
 }
 
 } // namespace lineara

@@ -20,10 +20,10 @@ void paintLeaf(QPainter& painter, const QPainterPath& leaf);
 void paintHandle(QPainter& painter, const QRectF& circle, const QColor& fill);
 /// The middle of the picture, as wide as there is room, within its border.
 void paintPicture(QPainter& painter, const ImageLayer& layer, const QRectF& room);
-void paintPanel(QPainter& painter, const LeafView& node);
+void paintPanel(QPainter& painter, const QRectF& panel, const QColor& background, const QColor& border);
 void paintTexts(QPainter& painter, const LeafView& node);
 
-/// Panel and texts when they are too small to be read: a plain rectangle, a bar for each line of text.
-void paintPlainPanel(QPainter& painter, const LeafView& node);
+/// Stands for texts that are too small to be read: a bar for each line.
+void paintTextBars(QPainter& painter, const LeafView& node);
 
 } // namespace lineara

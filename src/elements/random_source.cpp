@@ -1,6 +1,5 @@
 #include "elements/random_source.h"
 
-#include <limits>
 #include <random>
 
 namespace lineara {
@@ -12,17 +11,18 @@ SeededRandom SeededRandom::fromEntropy()
     return SeededRandom((high << 32) | device());
 }
 
+// The upper half of draw * bound. Draws whose lower half falls into the uneven rest would favour some results; they
+// are drawn again.
 std::uint32_t SeededRandom::below(std::uint32_t bound)
 {
-    if (bound == 0)
-        return 0;
-    // Numbers from the last, incomplete round would favour small results; they are drawn again.
-    constexpr std::uint64_t greatest = std::numeric_limits<std::uint64_t>::max();
-    const std::uint64_t completeRounds = greatest - greatest % bound;
-    std::uint64_t drawn = next();
-    while (drawn >= completeRounds)
-        drawn = next();
-    return static_cast<std::uint32_t>(drawn % bound);
+    const auto scaled = [&] { return (next() >> 32) * bound; };
+    std::uint64_t product = scaled();
+    if (static_cast<std::uint32_t>(product) < bound) {
+        const std::uint32_t unevenRest = bound == 0 ? 0 : (0u - bound) % bound;
+        while (static_cast<std::uint32_t>(product) < unevenRest)
+            product = scaled();
+    }
+    return static_cast<std::uint32_t>(product >> 32);
 }
 
 // SplitMix64: consecutive seeds, such as the numbers of persons, give unrelated sequences.

@@ -45,6 +45,10 @@ std::size_t RecordTable::position(std::uint64_t number) const
         return slots_.size();
     if (standsAt(lastFound_ + 1, number))
         return ++lastFound_;
+    // Families whose numbers leave no gaps, which is most of them, need no search.
+    const std::size_t withoutGaps = number - slots_.front().number;
+    if (standsAt(withoutGaps, number))
+        return lastFound_ = withoutGaps;
     const auto found = std::ranges::lower_bound(slots_, number, {}, [](const Slot& slot) { return slot.number; });
     lastFound_ = static_cast<std::size_t>(found - slots_.begin());
     return lastFound_;

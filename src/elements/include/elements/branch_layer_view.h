@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace lineara {
@@ -18,7 +19,7 @@ class Person;
 class BranchLayerView
 {
 public:
-    /// Makes one shape for every link of the pool.
+    /// Makes one shape for every link of the pool. They are laid out by whoever lays out the nodes.
     explicit BranchLayerView(Pool& pool);
     ~BranchLayerView();
     BranchLayerView(const BranchLayerView&) = delete;
@@ -29,17 +30,18 @@ public:
     /// The shapes from the lowest to the topmost; a shape's index() is its place here.
     const std::vector<std::unique_ptr<LinkLayer>>& layers() const { return layers_; }
 
-    /// Adds a shape for every record of the pool: all partner links, and above them all offspring links.
+    /// Adds a shape for every record of the pool: all partner links, and above them all offspring links. They still
+    /// need to be laid out, because they are made before the nodes have their places.
     void makeLayers();
-    /// A new shape, laid out and listed by both persons, but not shown yet: it belongs to the caller.
+    /// A new shape that needs to be laid out, listed by both persons, but not shown yet: it belongs to the caller.
     std::unique_ptr<LinkLayer> layerFromLink(const LinkRecord& record, const QString& type) const;
-    /// Shows a new shape above all others.
+    /// Shows a new shape above all others, laid out.
     LinkLayer& addLink(const LinkRecord& record, const QString& type);
 
     void removeLayer(LinkLayer& layer);
     void removeLayersOf(Person& person);
     /// Brings the shapes in line with the pool's lists: exactly one for each link. Shapes that are there already stay,
-    /// surplus ones go, missing ones come on top. True if any came or went.
+    /// surplus ones go, missing ones come on top, laid out. True if any came or went.
     bool syncWithPool();
 
     LinkLayer* selectedLink() const { return selectedLink_; }
@@ -51,6 +53,7 @@ public:
 
 private:
     void show(std::unique_ptr<LinkLayer> layer);
+    std::vector<std::pair<LinkRecord, QString>> markWanted();
     void removeUnwanted();
     void unlist(LinkLayer& layer);
 

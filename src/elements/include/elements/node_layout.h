@@ -12,7 +12,7 @@ inline constexpr double panelBottom = handleOverhang;
 inline constexpr double panelTop = panelBottom + panelHeight;
 
 inline constexpr double pictureHeight = 72;
-inline constexpr double pictureBottom = panelTop;   ///< so that a leaf's stem all but touches the panel
+inline constexpr double pictureBottom = panelTop; ///< so that a leaf's stem all but touches the panel
 inline constexpr double defaultPictureWidth = 72;
 
 inline constexpr double nodeHeight = pictureBottom + pictureHeight;

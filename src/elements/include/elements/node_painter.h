@@ -19,11 +19,12 @@ class LeafImageView;
 class LeafView;
 
 /// Draws nodes with a painter that stands in picture coordinates, scaled and moved but not turned. Keeps, within
-/// bounds, what is dear to draw: leaves, handles and reduced pictures, each at the size last needed. Main thread only.
+/// bounds, what is dear to draw: panels, leaves, handles and reduced pictures, each at the size last needed. Main
+/// thread only.
 class NodePainter
 {
 public:
-    /// A screen gets leaves, handles and pictures from pixmaps; a document (a file, a printer) gets their true shapes.
+    /// A screen gets everything but texts from pixmaps; a document (a file, a printer) gets their true shapes.
     enum class Medium : std::uint8_t
     {
         Screen,
@@ -52,6 +53,7 @@ private:
 
     void paintShapes(QPainter& painter, const LeafView& node);
     void paintSprites(QPainter& painter, const LeafView& node);
+    const Sprite& panelSprite(const LeafView& node, Resolution resolution);
     const Sprite& leafSprite(const LeafImageView& image, std::size_t leaf, Resolution resolution);
     const Sprite& handleSprite(const ConnectorView& handle, Resolution resolution);
     const Sprite& pictureSprite(const LeafView& node, Resolution resolution);
