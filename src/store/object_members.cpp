@@ -160,8 +160,9 @@ std::optional<QByteArray> ObjectMembers::binary(const Member& member)
     if (!encoded)
         return std::nullopt;
     encoded->removeIf([](char c) { return blanks.find(c) != std::string_view::npos; });
+    const bool isWhole = encoded->size() % 4 == 0;
     auto result = QByteArray::fromBase64Encoding(std::move(*encoded), QByteArray::AbortOnBase64DecodingErrors);
-    if (!result) {
+    if (!isWhole || !result) {
         fail(member.node, u"attribute %1 is not valid base64."_qs.arg(shown(member.name)));
         return std::nullopt;
     }

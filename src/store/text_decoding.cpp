@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <optional>
 
 namespace lineara::store {
@@ -42,14 +43,12 @@ constexpr bool isXmlCharacter(char32_t c)
 /// The number of a character reference without "&#" and ";", or no value if it is none.
 std::optional<char32_t> referencedNumber(QStringView digits)
 {
-    const bool hexadecimal = digits.startsWith(u'x');
-    if (hexadecimal)
-        digits = digits.sliced(1);
-    // Texts with signs or blanks would pass for numbers otherwise.
-    const bool bare = !digits.isEmpty() && digits.front().isLetterOrNumber();
-    bool isNumber = false;
-    const uint number = digits.toUInt(&isNumber, hexadecimal ? 16 : 10);
-    if (!bare || !isNumber || number == 0 || number > 0x10FFFF || (number >= 0xD800 && number <= 0xDFFF))
+    const bool isHexadecimal = digits.startsWith(u'x');
+    const auto ascii = digits.sliced(isHexadecimal ? 1 : 0).toLatin1();
+    std::uint32_t number = 0;
+    const auto [end, error] = std::from_chars(ascii.begin(), ascii.end(), number, isHexadecimal ? 16 : 10);
+    const bool isWhole = error == std::errc() && end == ascii.end();
+    if (!isWhole || number == 0 || number > 0x10FFFF || (number >= 0xD800 && number <= 0xDFFF))
         return std::nullopt;
     return number;
 }
@@ -123,9 +122,11 @@ private:
     DecodedText result_;
 };
 
+/// A byte order mark at the beginning is text like any other.
 QString fromUtf8(std::string_view bytes)
 {
-    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QStringDecoder decode(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    return decode(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
 }
 
 } // namespace
@@ -144,7 +145,7 @@ DecodedText decodeText(const char* text)
     if (kinds == High)
         return {QString::fromUtf8(text, length), TextFlaw::None};
     Decoder decoder;
-    decoder.append(QString::fromUtf8(text, length), true);
+    decoder.append(fromUtf8({text, static_cast<std::size_t>(length)}), true);
     return std::move(decoder).result();
 }
 

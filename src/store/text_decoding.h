@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <string_view>
 
 namespace lineara::store {

@@ -1,0 +1,140 @@
+#include "family_texts.h"
+
+#include <algorithm>
+
+namespace lineara::test {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(Reading, EveryAttributeArrivesWithItsValue)
+{
+    const auto family = loaded(
+        fileWith(pool("z102") +
+                 person("z102", attribute("name", "string", "Ada") + attribute("additional", "string", "notes") +
+                                    attribute("birthDay", "int32", "10") + attribute("birthMonth", "int32", "12") +
+                                    attribute("birthYear", "int32", "1815") + attribute("deathDay", "int32", "27") +
+                                    attribute("deathMonth", "int32", "11") + attribute("deathYear", "int32", "1852") +
+                                    attribute("generation", "int32", "3") + attribute("x", "int32", "-2147483648"))));
+    EXPECT_THAT(family.repairs, IsEmpty());
+    const PersonValues expected{u"Ada"_qs, u"notes"_qs, 10, 12, 1815, 27, 11, 1852, 3, -2147483647 - 1};
+    EXPECT_EQ(personOf(family, 102).values(), expected);
+}
+
+TEST(Reading, AbsentAttributesStayAbsent)
+{
+    const auto family = loaded(fileWith(pool("z102") + person("z102")));
+    EXPECT_EQ(personOf(family, 102).values(), PersonValues{});
+}
+
+TEST(Reading, SetsKeepTheOrderOfTheFile)
+{
+    const auto family = loaded(smallFamily());
+    EXPECT_THAT(family.repairs, IsEmpty());
+    EXPECT_THAT(numbers(personOf(family, 102).children()), ElementsAre(104, 105));
+    EXPECT_THAT(numbers(personOf(family, 104).parents()), ElementsAre(102, 103));
+    EXPECT_THAT(numbers(personOf(family, 105).parents()), ElementsAre(103, 102));
+    EXPECT_THAT(numbers(personOf(family, 103).partners()), ElementsAre(102));
+    EXPECT_THAT(numbers(family.context->allPools().front()->persons()), ElementsAre(102, 103, 104, 105));
+}
+
+TEST(Reading, IdentityOfTheStoreIsKept)
+{
+    const auto family = loaded(smallFamily());
+    EXPECT_EQ(family.context->storeUuid(), QUuid(u"0f9619ff-8b86-4011-b42d-00c04fc964ff"_qs));
+    EXPECT_EQ(family.context->nextNumber(), 106U);
+    EXPECT_EQ(family.context->insertPerson().recordId().number, 106U);
+}
+
+TEST(Reading, ObjectsMayComeInAnyOrder)
+{
+    const auto family = loaded(fileWith(person("z104", links("parents", "z102")) +
+                                        person("z102", links("children", "z104")) + pool("z102 z104")));
+    EXPECT_THAT(family.repairs, IsEmpty());
+    EXPECT_THAT(numbers(personOf(family, 104).parents()), ElementsAre(102));
+}
+
+TEST(Reading, NumbersFarApartAreFound)
+{
+    const auto family =
+        loaded(fileWith(pool("z102 z999999999999999998") + person("z102", links("children", "z999999999999999998")) +
+                            person("z999999999999999998", links("parents", "z102")),
+                        "999999999999999999"));
+    EXPECT_THAT(family.repairs, IsEmpty());
+    EXPECT_THAT(numbers(personOf(family, 102).children()), ElementsAre(999999999999999998U));
+}
+
+TEST(Reading, AFileWithoutAnythingIsAnEmptyFamily)
+{
+    const auto family = loaded(fileWith("", "101"));
+    EXPECT_THAT(family.repairs, IsEmpty());
+    EXPECT_THAT(family.context->allPersons(), IsEmpty());
+    EXPECT_THAT(family.context->allPools(), IsEmpty());
+}
+
+TEST(Reading, PersonsOfASecondPoolAndPersonsWithoutOneAreThere)
+{
+    const auto family =
+        loaded(fileWith(pool("z102") + pool("z104", "z103") + person("z102", links("partners", "z104")) +
+                        person("z104", links("partners", "z102")) + person("z105")));
+    EXPECT_THAT(family.repairs, IsEmpty());
+    const auto pools = family.context->allPools();
+    ASSERT_EQ(pools.size(), 2U);
+    EXPECT_EQ(personOf(family, 102).pool(), pools[0]);
+    EXPECT_EQ(personOf(family, 104).pool(), pools[1]);
+    EXPECT_EQ(personOf(family, 105).pool(), nullptr);
+}
+
+TEST(Reading, PicturesArriveByteForByte)
+{
+    QByteArray bytes;
+    for (int i = 0; i < 300'001; ++i)
+        bytes += static_cast<char>(i * 7);
+    const auto family = loaded(
+        fileWith(pool("z102") + person("z102", links("pic", "z103", "PIC", "0/1")) +
+                 object("PIC", "z103", attribute("data", "binary", bytes.toBase64()) + links("person", "z102"))));
+    EXPECT_THAT(family.repairs, IsEmpty());
+    ASSERT_NE(personOf(family, 102).pic(), nullptr);
+    EXPECT_TRUE(personOf(family, 102).pic()->data() == bytes);
+    EXPECT_EQ(personOf(family, 102).pic()->person(), &personOf(family, 102));
+}
+
+TEST(Reading, APictureWithoutBytesDiffersFromAnEmptyOne)
+{
+    const auto family =
+        loaded(fileWith(object("PIC", "z102", "") + object("PIC", "z103", attribute("data", "binary", ""))));
+    EXPECT_FALSE(family.context->pic(RecordId{102})->hasData());
+    EXPECT_TRUE(family.context->pic(RecordId{103})->hasData());
+    EXPECT_TRUE(family.context->pic(RecordId{103})->data().isEmpty());
+}
+
+TEST(Reading, BlanksWithinBase64AreNoData)
+{
+    const auto family = loaded(fileWith(object("PIC", "z103", attribute("data", "binary", "\n  QUJD\n  REVG\n"))));
+    EXPECT_EQ(family.context->pic(RecordId{103})->data(), QByteArray("ABCDEF"));
+}
+
+TEST(Reading, AnyLayoutOfTheXmlIsUnderstood)
+{
+    auto text = smallFamily();
+    text.replace("\n", "\r\n").replace("    <", "<").replace("\"", "'").replace("'/>", "'  ></relationship >");
+    text.prepend("\xEF\xBB\xBF");
+    EXPECT_THAT(loaded(text).repairs, IsEmpty());
+    EXPECT_EQ(rewritten(text), smallFamily());
+}
+
+TEST(Reading, TheCallersBytesStayAsTheyWere)
+{
+    const auto text = smallFamily();
+    const QByteArray copy(text.constData(), text.size());
+    loaded(text);
+    EXPECT_EQ(text, copy);
+}
+
+TEST(Reading, NothingIsJournalled)
+{
+    const auto family = loaded(smallFamily());
+    EXPECT_FALSE(family.context->journal().canUndo());
+}
+
+} // namespace lineara::test
