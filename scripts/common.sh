@@ -12,7 +12,7 @@ build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libpugixml
     libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev python3)
 screen_packages=(xvfb fonts-dejavu-core)
 test_packages=(clang-format xauth xdotool)
-lint_packages=(clang clang-tidy libclang-rt-14-dev)
+lint_packages=(clang-tidy-16)
 
 is_installed() { [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]; }
 
