@@ -63,7 +63,9 @@ QPainterPath turnedLeaf(double angle)
 
 void paintLeaf(QPainter& painter, const QPainterPath& leaf)
 {
-    painter.setPen(QPen(colours::leafStroke(), leafLineWidth));
+    QPen outline(colours::leafStroke(), leafLineWidth);
+    outline.setJoinStyle(Qt::MiterJoin);
+    painter.setPen(outline);
     painter.setBrush(colours::leafFill());
     painter.drawPath(leaf);
 }

@@ -34,8 +34,9 @@ bool isPlainLine(const QString& text)
 {
     bool afterBlank = true;
     for (const QChar letter : text) {
-        const bool isBlank = letter.isSpace();
-        if ((isBlank && (afterBlank || letter != u' ')) || letter.unicode() < u' ')
+        const bool isAsciiMark = letter > u' ' && letter <= u'~';
+        const bool isBlank = !isAsciiMark && letter.isSpace();
+        if ((isBlank && (afterBlank || letter != u' ')) || letter < u' ')
             return false;
         afterBlank = isBlank;
     }
