@@ -6,8 +6,6 @@
 #include "sifting.h"
 #include "sweep.h"
 
-#include <algorithm>
-
 namespace lineara::layout {
 
 namespace {
@@ -28,31 +26,40 @@ public:
     const Arrangement& best() const { return best_; }
     void returnToBest() { now_ = best_; }
 
-    void sweep(double share)
+    /// Sorts all rows `times` times down and up, at the given share of the other side.
+    void sweep(int times, double share)
     {
-        sweep_.down(now_, share);
-        sweep_.up(now_, share);
-        compare();
+        for (int time = 0; time < times && !done(); ++time) {
+            sweep_.down(now_, share);
+            sweep_.up(now_, share);
+            compare();
+        }
     }
 
-    /// Returns whether any block moved.
-    bool sift()
+    /// Moves single blocks, over all rows `times` times or until none moves.
+    void sift(int times)
+    {
+        for (bool moved = true; moved && times > 0 && !done(); --times) {
+            moved = siftRows();
+            placement_.pull(now_, 2);
+            compare();
+        }
+    }
+
+private:
+    bool siftRows()
     {
         bool moved = false;
         for (std::uint32_t row = 0; row < chart_.rows; ++row)
             moved |= siftRow(row);
         for (std::uint32_t row = chart_.rows; row-- > 0;)
             moved |= siftRow(row);
-        if (moved) {
-            placement_.pull(now_, 2);
-            compare();
-        }
         return moved;
     }
 
-private:
     bool siftRow(std::uint32_t row)
     {
+        sweep_.turnRow(now_, row);
         const bool moved = sifting_.siftRow(now_, row);
         if (moved)
             placement_.pullRow(now_, row);
@@ -81,16 +88,17 @@ private:
 
 Arrangement orderFamilies(const Chart& chart)
 {
-    constexpr double shareOfOtherSide = 0.2;
     Search search(chart);
-    const int sweeps = passes(chart, 18, 6);
-    for (int sweep = 0; sweep < sweeps && !search.done(); ++sweep)
-        search.sweep(sweep < sweeps / 3 ? 0 : shareOfOtherSide);
+    search.sweep(passes(chart, 6, 2), 0);
+    search.sweep(passes(chart, 12, 4), 0.2);
     search.returnToBest();
-    const int siftings = passes(chart, 4, 1);
-    for (int sifting = 0; sifting < siftings && !search.done(); ++sifting)
-        if (!search.sift())
-            break;
+    search.sift(passes(chart, 4, 1));
+    // A few sweeps to all sides shake the best order; what was a dead end may lead on from there.
+    for (int shake = passes(chart, 2, 0); shake > 0 && !search.done(); --shake) {
+        search.returnToBest();
+        search.sweep(4, 1);
+        search.sift(3);
+    }
     return search.best();
 }
 

@@ -8,7 +8,7 @@ namespace lineara::layout {
 namespace {
 
 /// How many neighbours to either side a block may pass in one go.
-constexpr std::size_t reach = 30;
+constexpr std::size_t reach = 15;
 
 /// Pairs of one place each in which the first lies right of the second, less those in which it lies left.
 std::int64_t lead(const std::vector<double>& one, const std::vector<double>& other)

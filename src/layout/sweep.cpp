@@ -26,11 +26,10 @@ void Sweep::up(Arrangement& arrangement, double share)
 void Sweep::sortRow(Arrangement& arrangement, std::uint32_t row, Side side, double share)
 {
     const auto blocks = arrangement.rows[row];
+    turnRow(arrangement, row);
     entries_.clear();
-    for (const BlockIndex block : blocks) {
-        turn(arrangement, block);
+    for (const BlockIndex block : blocks)
         entries_.push_back(entryOf(arrangement, block, side, share));
-    }
     // Stable, so that brothers and sisters, who hang from one point, keep the order their own families gave them.
     std::ranges::stable_sort(entries_, {}, &Entry::key);
     wishes_.clear();
@@ -59,7 +58,12 @@ Sweep::Entry Sweep::entryOf(const Arrangement& arrangement, BlockIndex block, Si
     return {block, left + chart_.middle(block), {left, weightOfTheUntied}};
 }
 
-// Mirrors a block if its members then stand nearer to their own relatives.
+void Sweep::turnRow(Arrangement& arrangement, std::uint32_t row) const
+{
+    for (const BlockIndex block : arrangement.rows[row])
+        turn(arrangement, block);
+}
+
 void Sweep::turn(Arrangement& arrangement, BlockIndex block) const
 {
     constexpr double noticeable = 1e-6;

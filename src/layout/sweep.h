@@ -3,6 +3,9 @@
 #include "arrangement.h"
 #include "placement.h"
 
+#include <span>
+#include <vector>
+
 namespace lineara::layout {
 
 /// Sorts whole rows, one after the other, by where the relatives of each block stand.
@@ -19,6 +22,9 @@ public:
 
     /// The same upwards: every row is sorted by the rows below it.
     void up(Arrangement& arrangement, double share);
+
+    /// Mirrors the blocks of a row whose members then stand nearer to their own relatives.
+    void turnRow(Arrangement& arrangement, std::uint32_t row) const;
 
 private:
     struct Entry

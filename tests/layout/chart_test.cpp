@@ -83,5 +83,21 @@ TEST(Chart, HoldsNoMoreThanEightPiecesPerLine)
     EXPECT_GE(chart.linesBelow.items(), 1'000U);
 }
 
+// Together with the bound on pieces this keeps the work in proportion to the family.
+TEST(Chart, LargeFamiliesArePassedOverLessOften)
+{
+    const auto passesOver = [](std::uint32_t personsInRow) {
+        Random random(11);
+        const Sketch sketch = largeFamily(random, 10, personsInRow);
+        const FamilyGraph graph = sketch.graph();
+        const Chart chart = chartOf(graph, sketch.generations());
+        EXPECT_LE(chart.springsUp.items(), 2 * sketch.persons());
+        return passes(chart, 40, 10);
+    };
+    EXPECT_EQ(passesOver(10), 40);
+    EXPECT_EQ(passesOver(4'000), 20);
+    EXPECT_EQ(passesOver(20'000), 10);
+}
+
 } // namespace
 } // namespace lineara::layout
