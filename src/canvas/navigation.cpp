@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <QWheelEvent>
+#include <QWidget>
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,12 @@
 #include "canvas/placement.h"
 
-#include <QRandomGenerator>
+#include "elements/leaf_view.h"
+#include "elements/random_source.h"
+#include "model/person.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace lineara {
 
@@ -18,11 +21,6 @@ std::int32_t saturated(std::int64_t value)
 
 } // namespace
 
-RandomBelow systemRandom()
-{
-    return [](std::uint32_t bound) { return bound == 0 ? 0 : QRandomGenerator::global()->bounded(bound); };
-}
-
 std::int32_t rowConstant(std::optional<std::int32_t> generation)
 {
     const std::int64_t row = std::max(generation.value_or(0), 0);
@@ -34,13 +32,20 @@ double newPersonConstant(const std::optional<Frame>& visible)
     return -((visible ? visible->y : 0.0) + newNodeLift);
 }
 
-std::int32_t newPersonX(const std::optional<Frame>& visible, const RandomBelow& random)
+std::int32_t newPersonX(const std::optional<Frame>& visible, RandomSource& random)
 {
     if (!visible)
         return 0;
     const double half = 0.5 * visible->width;
     const auto bound = static_cast<std::uint32_t>(std::max(truncated(half), 0));
-    return truncated(visible->x + half - random(bound));
+    return truncated(visible->x + half - random.below(bound));
+}
+
+void standInRow(LeafView& node)
+{
+    const Person& person = node.person();
+    node.setXConstraint({static_cast<double>(person.x().value_or(0)), horizontalPlacementPriority});
+    node.setYConstraint({static_cast<double>(rowConstant(person.generation())), requiredPriority});
 }
 
 QSize firstFrame(int viewWidth, std::int32_t maxGenerationSize, std::int32_t maxGeneration)

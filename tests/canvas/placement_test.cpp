@@ -1,8 +1,11 @@
 #include "canvas/placement.h"
+#include "elements/random_source.h"
+#include "scripted_random.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 namespace lineara {
 namespace {
@@ -31,16 +34,15 @@ TEST(Placement, AbsurdGenerationsSaturateInsteadOfWrapping)
 TEST(Placement, NewPersonStandsInTheLeftHalfOfTheVisibleArea)
 {
     const Frame visible{100, 40, 801, 600};
-    EXPECT_EQ(newPersonX(visible, [](std::uint32_t) { return 0u; }), 500);
-    EXPECT_EQ(newPersonX(visible, [](std::uint32_t bound) { return bound - 1; }), 101);
-    std::uint32_t asked = 0;
-    newPersonX(visible, [&](std::uint32_t bound) { return asked = bound, 0u; });
-    EXPECT_EQ(asked, 400u);
+    ScriptedRandom random{0, 399};
+    EXPECT_EQ(newPersonX(visible, random), 500);
+    EXPECT_EQ(newPersonX(visible, random), 101);
+    EXPECT_EQ(random.bounds(), (std::vector<std::uint32_t>{400, 400}));
 }
 
-TEST(Placement, SystemRandomStaysInTheLeftHalf)
+TEST(Placement, NewPersonNeverLeavesTheLeftHalf)
 {
-    const RandomBelow random = systemRandom();
+    SeededRandom random(7);
     for (int round = 0; round < 1000; ++round) {
         const std::int32_t x = newPersonX(Frame{100, 40, 801, 600}, random);
         EXPECT_GE(x, 101);
@@ -50,10 +52,9 @@ TEST(Placement, SystemRandomStaysInTheLeftHalf)
 
 TEST(Placement, VisibleAreaOfOnePointLeavesNoChoice)
 {
-    std::uint32_t asked = 7;
-    const auto random = [&](std::uint32_t bound) { return asked = bound, systemRandom()(bound); };
+    ScriptedRandom random{0};
     EXPECT_EQ(newPersonX(Frame{30, 0, 1, 10}, random), 30);
-    EXPECT_EQ(asked, 0u);
+    EXPECT_EQ(random.bounds(), (std::vector<std::uint32_t>{0}));
 }
 
 TEST(Placement, NewPersonIsLiftedAboveTheVisibleBottom)
@@ -63,7 +64,8 @@ TEST(Placement, NewPersonIsLiftedAboveTheVisibleBottom)
 
 TEST(Placement, NewPersonWithoutAViewStandsAtZeroAndIsLiftedAboveTheCanvasBottom)
 {
-    EXPECT_EQ(newPersonX(std::nullopt, [](std::uint32_t bound) { return bound; }), 0);
+    ScriptedRandom random{};
+    EXPECT_EQ(newPersonX(std::nullopt, random), 0);
     EXPECT_EQ(newPersonConstant(std::nullopt), -250);
 }
 

@@ -5,25 +5,18 @@
 #include <QSize>
 
 #include <cstdint>
-#include <functional>
-#include <limits>
 #include <optional>
-#include <span>
 
 namespace lineara {
+
+class LeafView;
+class RandomSource;
 
 inline constexpr std::int32_t rowPitch = 221;             ///< between two generation rows
 inline constexpr std::int32_t bottomMargin = 9;           ///< from the canvas bottom to the bottom of row 0
 inline constexpr std::int32_t newNodeLift = 221 + 29;     ///< of a new node above the bottom of the visible area
 inline constexpr std::int32_t placePerPerson = 152;       ///< width that the first frame reserves for each of a row
 inline constexpr double leftTrimMargin = 253.0;           ///< where the leftmost node may stand at creation
-inline constexpr double horizontalPlacementPriority = 953;
-
-/// Draws a uniformly random whole number below `bound`; 0 for a bound of 0.
-using RandomBelow = std::function<std::uint32_t(std::uint32_t bound)>;
-
-/// The source that a canvas uses unless it is given another one.
-RandomBelow systemRandom();
 
 /// Vertical constant of a node of that row: how far its bottom edge lies from the canvas bottom, up is negative.
 /// Persons without a generation, or with one below 0, stand in row 0. Rows too high for 32 bits share the highest place.
@@ -34,7 +27,10 @@ std::int32_t rowConstant(std::optional<std::int32_t> generation);
 double newPersonConstant(const std::optional<Frame>& visible);
 
 /// Place of a person just created: at random in the left half of the visible area, 0 without a view.
-std::int32_t newPersonX(const std::optional<Frame>& visible, const RandomBelow& random);
+std::int32_t newPersonX(const std::optional<Frame>& visible, RandomSource& random);
+
+/// Places a node where its person's x and generation say.
+void standInRow(LeafView& node);
 
 /// The canvas that a family starts with, in points: every row has room for its persons, and the highest has its own
 /// place below the top edge. Saturates at 32 bits.

@@ -1,0 +1,161 @@
+#include "canvas/family_scene.h"
+
+#include "canvas/placement.h"
+#include "elements/leaf_view.h"
+#include "model/person.h"
+
+#include <algorithm>
+
+namespace lineara {
+
+namespace {
+
+void include(std::optional<Frame>& bounds, const Frame& frame)
+{
+    if (!bounds) {
+        bounds = frame;
+        return;
+    }
+    const double right = std::max(bounds->x + bounds->width, frame.x + frame.width);
+    const double top = std::max(bounds->y + bounds->height, frame.y + frame.height);
+    bounds->x = std::min(bounds->x, frame.x);
+    bounds->y = std::min(bounds->y, frame.y);
+    bounds->width = right - bounds->x;
+    bounds->height = top - bounds->y;
+}
+
+} // namespace
+
+void FamilyScene::addAllInRows()
+{
+    for (Person* const person : pool().persons()) {
+        standInRow(*person->leafView());
+        personLayer_.addNode(*person->leafView());
+    }
+    allMoved();
+}
+
+void FamilyScene::addNode(LeafView& node)
+{
+    personLayer_.addNode(node);
+    boxesStale_ = true;
+    nodeMoved(node);
+}
+
+void FamilyScene::removePerson(Person& person)
+{
+    if (person.leafView())
+        personLayer_.removeNode(*person.leafView());
+    branchLayer_.removeLayersOf(person);
+    linksRenumbered();
+    boundsStale_ = true;
+}
+
+LinkLayer& FamilyScene::addLink(const LinkRecord& record, const QString& type)
+{
+    boxesStale_ = true;
+    return branchLayer_.addLink(record, type);
+}
+
+void FamilyScene::removeLink(LinkLayer& link)
+{
+    branchLayer_.removeLayer(link);
+    linksRenumbered();
+}
+
+void FamilyScene::syncLinks()
+{
+    if (branchLayer_.syncWithPool())
+        linksRenumbered();
+}
+
+bool FamilyScene::shows(const Person& person) const
+{
+    return person.leafView() && personLayer_.contains(*person.leafView());
+}
+
+void FamilyScene::nodeMoved(const LeafView& node)
+{
+    for (LinkLayer* const link : node.person().linkLayers()) {
+        link->layoutSublayers();
+        if (!boxesStale_)
+            linkBoxes_.set(link->index(), toPicture(link->bounds()));
+    }
+    if (!boxesStale_)
+        nodeBoxes_.set(node.index(), toPicture(node.frame()));
+    boundsStale_ = true;
+}
+
+void FamilyScene::allMoved()
+{
+    for (const auto& link : branchLayer_.layers())
+        link->layoutSublayers();
+    boxesStale_ = true;
+    boundsStale_ = true;
+}
+
+const std::optional<Frame>& FamilyScene::bounds() const
+{
+    if (boundsStale_) {
+        bounds_.reset();
+        for (const LeafView* const node : personLayer_.nodes())
+            include(bounds_, node->frame());
+        boundsStale_ = false;
+    }
+    return bounds_;
+}
+
+CanvasHit FamilyScene::hit(CanvasPoint point) const
+{
+    CanvasHit found;
+    const QRectF spot(toPicture(point), QSizeF(0, 0));
+    visitNodes(spot, [&](LeafView& node) {
+        if (node.frame().contains(point))
+            found.node = &node;
+    });
+    if (found.node) {
+        found.part = found.node->partAt(point);
+        return found;
+    }
+    visitLinks(spot, [&](LinkLayer& link) {
+        if (link.contains(point))
+            found.link = &link;
+    });
+    return found;
+}
+
+void FamilyScene::keepPathsOf(std::vector<std::uint32_t> drawn)
+{
+    auto next = drawn.begin();
+    for (const std::uint32_t index : linksWithPaths_) {
+        next = std::lower_bound(next, drawn.end(), index);
+        if (next == drawn.end() || *next != index)
+            branchLayer_.layers()[index]->dropPath();
+    }
+    linksWithPaths_ = std::move(drawn);
+}
+
+void FamilyScene::refreshBoxes() const
+{
+    if (!boxesStale_)
+        return;
+    nodeBoxes_.clear();
+    nodeBoxes_.reserve(personLayer_.nodes().size());
+    for (const LeafView* const node : personLayer_.nodes())
+        nodeBoxes_.append(toPicture(node->frame()));
+    linkBoxes_.clear();
+    linkBoxes_.reserve(branchLayer_.layers().size());
+    for (const auto& link : branchLayer_.layers())
+        linkBoxes_.append(toPicture(link->bounds()));
+    boxesStale_ = false;
+}
+
+void FamilyScene::linksRenumbered()
+{
+    for (const auto& link : branchLayer_.layers())
+        link->dropPath();
+    linksWithPaths_.clear();
+    boxesStale_ = true;
+}
+
+} // namespace lineara

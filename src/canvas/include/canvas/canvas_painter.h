@@ -1,0 +1,34 @@
+#pragma once
+
+#include "elements/detail.h"
+#include "elements/node_painter.h"
+
+#include <QRectF>
+
+#include <cstdint>
+#include <vector>
+
+class QPainter;
+
+namespace lineara {
+
+class FamilyScene;
+
+/// Draws what a family shows in an area: links, above them the nodes, above all the rubber band. Screen, files and
+/// printers all draw through it.
+class CanvasPainter
+{
+public:
+    explicit CanvasPainter(NodePainter::Medium medium = NodePainter::Medium::Screen) : nodes_(medium) {}
+
+    /// `painter` stands in picture coordinates and `area` is given in them. Returns the indices of the links drawn by
+    /// their paths, ascending.
+    std::vector<std::uint32_t> paint(QPainter& painter, const FamilyScene& scene, const QRectF& area, Detail detail);
+
+    NodePainter& nodePainter() { return nodes_; }
+
+private:
+    NodePainter nodes_;
+};
+
+} // namespace lineara

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "canvas/cull_boxes.h"
+#include "elements/branch_layer_view.h"
+#include "elements/person_layer_view.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace lineara {
+
+/// What lies topmost at a point of the canvas: a node, else a link, else nothing.
+struct CanvasHit
+{
+    LeafView* node = nullptr;
+    std::optional<NodePart> part;   ///< of the node; no value on its own background
+    LinkLayer* link = nullptr;
+    friend bool operator==(const CanvasHit&, const CanvasHit&) = default;
+};
+
+/// A family as it is drawn: the two layers, and boxes for finding quickly what lies in an area. Nodes and links are
+/// added and removed here, so that the boxes are right. Main thread only.
+class FamilyScene
+{
+public:
+    /// Starts with the pool's links and without nodes.
+    explicit FamilyScene(Pool& pool) : personLayer_(pool), branchLayer_(pool) {}
+
+    Pool& pool() const { return personLayer_.pool(); }
+    PersonLayerView& personLayer() { return personLayer_; }
+    const PersonLayerView& personLayer() const { return personLayer_; }
+    BranchLayerView& branchLayer() { return branchLayer_; }
+    const BranchLayerView& branchLayer() const { return branchLayer_; }
+
+    /// Shows every person of the pool in its row at its x.
+    void addAllInRows();
+    /// Shows a node that has been placed.
+    void addNode(LeafView& node);
+    /// Takes the person's node and all its link shapes out; a person that is not shown is no matter.
+    void removePerson(Person& person);
+    LinkLayer& addLink(const LinkRecord& record, const QString& type);
+    void removeLink(LinkLayer& link);
+    /// Brings the link shapes in line with the pool's lists.
+    void syncLinks();
+    bool shows(const Person& person) const;
+
+    /// To be called after a node's frame has changed; its links follow.
+    void nodeMoved(const LeafView& node);
+    /// The same for all nodes at once.
+    void allMoved();
+
+    /// The smallest frame around all nodes; no value without any.
+    const std::optional<Frame>& bounds() const;
+
+    CanvasHit hit(CanvasPoint point) const;
+
+    /// Calls `visit` with each shape that may meet an area in picture coordinates, lowest first.
+    template <class Visit>
+    void visitLinks(const QRectF& area, Visit&& visit) const
+    {
+        refreshBoxes();
+        linkBoxes_.forEachMeeting(area, [&](std::size_t at) { visit(*branchLayer_.layers()[at]); });
+    }
+    template <class Visit>
+    void visitNodes(const QRectF& area, Visit&& visit) const
+    {
+        refreshBoxes();
+        nodeBoxes_.forEachMeeting(area, [&](std::size_t at) { visit(*personLayer_.nodes()[at]); });
+    }
+
+    /// Gives back the paths of all links that the picture before this one has drawn and this one has not. Indices of
+    /// links, ascending; to be called after each picture.
+    void keepPathsOf(std::vector<std::uint32_t> drawn);
+
+private:
+    void refreshBoxes() const;
+    void linksRenumbered();
+
+    PersonLayerView personLayer_;
+    BranchLayerView branchLayer_;
+    // Derived from the layers; made anew at the next question after shapes were removed.
+    mutable CullBoxes nodeBoxes_;
+    mutable CullBoxes linkBoxes_;
+    mutable bool boxesStale_ = true;
+    mutable std::optional<Frame> bounds_;
+    mutable bool boundsStale_ = true;
+    std::vector<std::uint32_t> linksWithPaths_;   // as of the last picture
+};
+
+} // namespace lineara

@@ -1,0 +1,146 @@
+#pragma once
+
+#include "canvas/canvas_painter.h"
+#include "canvas/family_scene.h"
+#include "canvas/navigation.h"
+#include "canvas/row_glide.h"
+#include "canvas/view_transform.h"
+#include "model/object_context.h"
+
+#include <QAbstractScrollArea>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+class QHelpEvent;
+
+namespace lineara {
+
+/// The canvas on which a family is drawn: every person a node in the row of its generation, every link a shape beneath
+/// the nodes. Follows the records by itself; what the document has to call is said at each operation.
+///
+/// Rows count upwards from the canvas's bottom edge, and so do all heights. Main thread only; the pool's context, the
+/// nursery that made the nodes and the random source must outlive it.
+class TreeView : public QAbstractScrollArea
+{
+    Q_OBJECT
+
+public:
+    /// Shows all persons of a pool that has been processed; each must have its node. Persons without an x are given
+    /// their first places. `frame` is the least size of the canvas in points, as firstFrame() gives it. What this
+    /// writes to the records can't be undone.
+    TreeView(Pool& pool, QSize frame, RandomSource& random, QWidget* parent = nullptr);
+    ~TreeView() override;
+
+    Pool& pool() const { return scene_.pool(); }
+    const FamilyScene& scene() const { return scene_; }
+    PersonLayerView& personLayer() { return scene_.personLayer(); }
+    BranchLayerView& branchLayer() { return scene_.branchLayer(); }
+    /// The pool's rows as of the last constraint pass; empty before the first.
+    const std::vector<std::vector<RecordId>>& generations() const { return generations_; }
+
+    /// Shows a person. One without an x is new: it is placed at random in the left half of what is in view and lifted
+    /// above the bottom of it, until the next refreshHierarchy(). A person that is shown already stays as it is.
+    void addViewForPerson(Person& person);
+    /// Takes the person's node and its link shapes off the canvas.
+    void removeViewForPerson(Person& person);
+    /// Shows a new link at once, before the pool's lists know of it.
+    LinkLayer& addLink(const LinkRecord& record, const QString& type);
+    void removeLink(LinkLayer& link);
+
+    /// To be called whenever the pool has been processed: one node for each person and one shape for each link, and
+    /// everybody who has a generation glides to its row. Those out of view are there at once.
+    void refreshHierarchy();
+    /// Nodes jump instead of gliding, for people whom motion disturbs.
+    void setReducedMotion(bool reduced) { reducedMotion_ = reduced; }
+
+    /// Requests a constraint pass as soon as the current event has been handled.
+    void setNeedsUpdateConstraints();
+    /// Brings everything that is pending to its end: a glide and a requested pass.
+    void settle();
+
+    /// Subtracts `points` from everybody's x, as one change.
+    void adjustBy(std::int32_t points);
+
+    QSizeF canvasSize() const { return view_.canvas(); }
+    double zoom() const { return view_.zoom(); }
+    /// The part of the canvas in view.
+    Frame documentVisibleRect() const;
+    /// Between points of the canvas and pixels of the viewport.
+    QPointF toViewport(CanvasPoint point) const { return view_.toView(point); }
+    CanvasPoint toCanvas(QPointF pixel) const { return view_.toCanvas(pixel); }
+    /// Scrolls until the person's node is in view.
+    void reveal(const Person& person);
+    void scrollTo(double left, double bottom);
+    void zoomTo(double zoom, QPointF anchor);
+
+    /// What lies topmost at a point.
+    CanvasHit hit(CanvasPoint point) const { return scene_.hit(point); }
+
+public Q_SLOTS:
+    void zoomIn();
+    void zoomOut();
+    void actualSize();
+    /// Shows all nodes, at most at their actual size.
+    void fit();
+
+Q_SIGNALS:
+    void zoomChanged(double zoom);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    bool viewportEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    void trimView();
+    void updateConstraints();
+    void runRequested();
+    std::optional<double> smallestXConstant() const;
+    void syncNodes();
+    bool comesIntoView(const LeafView& node, double from, double to) const;
+
+    void follow(const Change& change);
+    void followAttributes(const AttributesChanged& change);
+    void followMembership(Person& person, bool joined);
+    void allNodesChanged();
+    void nodesGlided(const std::vector<RowGlide::Move>& moves);
+    void contentChanged();
+
+    void setUpViewport();
+    void layOutContent();
+    void showStartPlace();
+    void zoomBy(double factor);
+    void viewMoved();
+    bool moveView(bool moved);
+    void updateScrollBars();
+    void updateCursor();
+    void showToolTip(const QHelpEvent& event);
+
+    RandomSource& random_;
+    QSize firstFrame_;
+    FamilyScene scene_;
+    ViewTransform view_;
+    Navigation navigation_{view_};
+    CanvasPainter painter_;
+    RowGlide glide_;
+    std::vector<std::vector<RecordId>> generations_;
+    Subscription subscription_;
+    QSizeF heldCanvas_{0, 0};      // while a pointer is down the canvas does not shrink below it
+    double shownZoom_ = 1;         // as last told by zoomChanged()
+    bool passRequested_ = false;
+    bool contentStale_ = false;
+    bool reducedMotion_ = false;
+    bool startPlaceOpen_ = true;   // until the first picture the view keeps looking for a place to start at
+    bool updatingScrollBars_ = false;
+};
+
+} // namespace lineara

@@ -1,0 +1,64 @@
+#include "canvas/row_glide.h"
+
+#include "elements/leaf_view.h"
+
+#include <QEasingCurve>
+
+namespace lineara {
+
+namespace {
+
+constexpr int glideMilliseconds = 250;
+
+} // namespace
+
+RowGlide::RowGlide(std::function<void(const std::vector<Move>&)> moved, std::function<void()> finished)
+    : moved_(std::move(moved)), finished_(std::move(finished))
+{
+    animation_.setStartValue(0.0);
+    animation_.setEndValue(1.0);
+    animation_.setDuration(glideMilliseconds);
+    animation_.setEasingCurve(QEasingCurve::InOutQuad);
+    QObject::connect(&animation_, &QVariantAnimation::valueChanged, &animation_,
+                     [this](const QVariant& value) { moveTo(value.toDouble()); });
+    QObject::connect(&animation_, &QVariantAnimation::finished, &animation_, [this] { end(); });
+}
+
+void RowGlide::start(std::vector<Move> moves)
+{
+    animation_.stop();
+    moves_ = std::move(moves);
+    if (moves_.empty())
+        finished_();
+    else
+        animation_.start();
+}
+
+void RowGlide::finish()
+{
+    if (!isRunning())
+        return;
+    animation_.stop();
+    moveTo(1);
+    end();
+}
+
+void RowGlide::forget(const LeafView& node)
+{
+    std::erase_if(moves_, [&](const Move& move) { return move.node == &node; });
+}
+
+void RowGlide::moveTo(double progress)
+{
+    for (const Move& move : moves_)
+        move.node->setYConstant(move.from + (move.to - move.from) * progress);
+    moved_(moves_);
+}
+
+void RowGlide::end()
+{
+    moves_.clear();
+    finished_();
+}
+
+} // namespace lineara

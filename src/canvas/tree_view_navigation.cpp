@@ -1,0 +1,261 @@
+// How the view over the canvas moves: scroll bars, wheel, gestures, zoom, and where it starts.
+
+#include "canvas/family_picture.h"
+#include "canvas/tree_view.h"
+#include "node_hint.h"
+
+#include <QGestureEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace lineara {
+
+namespace {
+
+constexpr double zoomStep = 1.25;
+constexpr double readableZoom = 0.5;
+constexpr int scrollStep = 20;
+
+struct BarRange
+{
+    int from = 0;
+    int to = 0;
+};
+
+/// A bar serves a canvas larger than the view; what fits needs none, wherever in the view it stands.
+BarRange barRange(ViewTransform::Range range, double place)
+{
+    if (range.to == 0)
+        return {static_cast<int>(place), static_cast<int>(place)};
+    return {static_cast<int>(std::min(0.0, place)), static_cast<int>(std::max(range.to, place))};
+}
+
+void setBar(QScrollBar& bar, BarRange range, double value, int page)
+{
+    bar.setRange(range.from, range.to);
+    bar.setPageStep(page);
+    bar.setSingleStep(scrollStep);
+    bar.setValue(static_cast<int>(value));
+}
+
+Frame withMargin(const Frame& nodes)
+{
+    constexpr double margin = FamilyPicture::margin;
+    return {nodes.x - margin, nodes.y - margin, nodes.width + 2 * margin, nodes.height + 2 * margin};
+}
+
+QRect pixelsOf(const ViewTransform& view, const Frame& frame)
+{
+    return view.pictureToView().mapRect(toPicture(frame)).toAlignedRect();
+}
+
+} // namespace
+
+void TreeView::setUpViewport()
+{
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::StrongFocus);
+    // The canvas is white in every theme, and paints every pixel itself.
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    viewport()->setAutoFillBackground(false);
+    viewport()->grabGesture(Qt::PinchGesture);
+    view_.setViewport(viewport()->size());
+}
+
+Frame TreeView::documentVisibleRect() const
+{
+    const Frame view = view_.visible();
+    const double left = std::max(view.x, 0.0);
+    const double bottom = std::max(view.y, 0.0);
+    return {left, bottom, view.x + view.width - left, view.y + view.height - bottom};
+}
+
+void TreeView::layOutContent()
+{
+    const Frame nodes = scene_.bounds().value_or(Frame{});
+    const QSizeF reach(nodes.x + nodes.width, nodes.y + nodes.height);
+    view_.setContent(QSizeF(firstFrame_).expandedTo(reach).expandedTo(heldCanvas_), reach);
+    updateScrollBars();
+}
+
+void TreeView::showStartPlace()
+{
+    if (!scene_.bounds())
+        return;
+    const Frame all = withMargin(*scene_.bounds());
+    const double zoom = std::min(1.0, view_.zoomToFit(all));
+    if (zoom >= readableZoom) {
+        view_.centre(all, zoom);
+        view_.setPlace(view_.left(), 0);
+        view_.reveal(all);
+        return;
+    }
+    const auto youngest = pool().maxGenerationOf();
+    const Person* const person = youngest ? pool().context().person(*youngest) : nullptr;
+    const LeafView& node = person && scene_.shows(*person) ? *person->leafView() : *scene_.personLayer().nodes().front();
+    view_.centre(node.frame(), 1);
+}
+
+void TreeView::reveal(const Person& person)
+{
+    if (!scene_.shows(person))
+        return;
+    layOutContent();
+    view_.reveal(person.leafView()->frame());
+    viewMoved();
+}
+
+void TreeView::scrollTo(double left, double bottom)
+{
+    view_.setPlace(left, bottom);
+    viewMoved();
+}
+
+void TreeView::zoomTo(double zoom, QPointF anchor)
+{
+    view_.zoomAt(zoom, anchor);
+    viewMoved();
+}
+
+void TreeView::zoomIn() { zoomBy(zoomStep); }
+
+void TreeView::zoomOut() { zoomBy(1 / zoomStep); }
+
+void TreeView::zoomBy(double factor)
+{
+    navigation_.zoomBy(factor, QRectF(viewport()->rect()).center());
+    viewMoved();
+}
+
+void TreeView::actualSize() { zoomTo(1, QRectF(viewport()->rect()).center()); }
+
+void TreeView::fit()
+{
+    if (!scene_.bounds())
+        return;
+    const Frame all = withMargin(*scene_.bounds());
+    view_.centre(all, std::min(1.0, view_.zoomToFit(all)));
+    viewMoved();
+}
+
+void TreeView::viewMoved()
+{
+    updateScrollBars();
+    viewport()->update();
+    if (std::exchange(shownZoom_, view_.zoom()) != view_.zoom())
+        Q_EMIT zoomChanged(view_.zoom());
+}
+
+void TreeView::updateScrollBars()
+{
+    const QScopedValueRollback guard(updatingScrollBars_, true);
+    const BarRange across = barRange(view_.leftRange(), view_.left());
+    setBar(*horizontalScrollBar(), across, view_.left(), viewport()->width());
+    // The bar counts downwards from the canvas's bottom edge, so that growth at the top changes nothing but its range.
+    const BarRange upwards = barRange(view_.bottomRange(), view_.bottom());
+    setBar(*verticalScrollBar(), {-upwards.to, -upwards.from}, -view_.bottom(), viewport()->height());
+}
+
+void TreeView::scrollContentsBy(int, int)
+{
+    if (updatingScrollBars_)
+        return;
+    view_.setPlace(horizontalScrollBar()->value(), -verticalScrollBar()->value());
+    viewport()->update();
+}
+
+void TreeView::resizeEvent(QResizeEvent*)
+{
+    view_.setViewport(viewport()->size());
+    if (startPlaceOpen_)
+        showStartPlace();
+    viewMoved();
+}
+
+bool TreeView::viewportEvent(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::ToolTip:
+        showToolTip(static_cast<const QHelpEvent&>(*event));
+        return true;
+    case QEvent::Gesture:
+        return moveView(navigation_.gesture(static_cast<QGestureEvent&>(*event)));
+    case QEvent::NativeGesture:
+        return moveView(navigation_.nativeGesture(static_cast<const QNativeGestureEvent&>(*event)));
+    default:
+        return QAbstractScrollArea::viewportEvent(event);
+    }
+}
+
+bool TreeView::moveView(bool moved)
+{
+    if (moved)
+        viewMoved();
+    return moved;
+}
+
+void TreeView::wheelEvent(QWheelEvent* event) { event->setAccepted(moveView(navigation_.wheel(*event))); }
+
+void TreeView::mousePressEvent(QMouseEvent* event)
+{
+    heldCanvas_ = view_.canvas();
+    event->setAccepted(navigation_.press(*event));
+    updateCursor();
+}
+
+void TreeView::mouseMoveEvent(QMouseEvent* event) { event->setAccepted(moveView(navigation_.move(*event))); }
+
+void TreeView::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->setAccepted(navigation_.release(*event));
+    if (event->buttons() == Qt::NoButton) {
+        heldCanvas_ = {0, 0};
+        layOutContent();
+    }
+    updateCursor();
+}
+
+void TreeView::keyPressEvent(QKeyEvent* event)
+{
+    if (!navigation_.key(*event))
+        QAbstractScrollArea::keyPressEvent(event);
+    updateCursor();
+}
+
+void TreeView::keyReleaseEvent(QKeyEvent* event)
+{
+    if (!navigation_.key(*event))
+        QAbstractScrollArea::keyReleaseEvent(event);
+    updateCursor();
+}
+
+void TreeView::updateCursor()
+{
+    if (navigation_.isPanning())
+        viewport()->setCursor(Qt::ClosedHandCursor);
+    else if (navigation_.isReadyToPan())
+        viewport()->setCursor(Qt::OpenHandCursor);
+    else
+        viewport()->unsetCursor();
+}
+
+void TreeView::showToolTip(const QHelpEvent& event)
+{
+    const CanvasHit found = hit(toCanvas(QPointF(event.pos())));
+    const std::optional<NodeHint> hint = found.node && found.part ? hintOf(*found.node, *found.part) : std::nullopt;
+    if (hint)
+        QToolTip::showText(event.globalPos(), hint->text, viewport(), pixelsOf(view_, hint->frame));
+    else
+        QToolTip::hideText();
+}
+
+} // namespace lineara
