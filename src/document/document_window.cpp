@@ -1,0 +1,111 @@
+#include "document/document_window.h"
+
+#include "canvas/tree_view.h"
+#include "report_dialog.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolButton>
+
+namespace lineara {
+
+namespace {
+
+QLabel* makeOnboardingView()
+{
+    auto* view = new QLabel(DocumentWindow::tr("<h2>This family is still empty</h2>"
+                                               "<p>Open a family file or a GEDCOM file with File \u2192 Open.</p>"));
+    view->setObjectName(QStringLiteral("onboardingView"));
+    view->setAlignment(Qt::AlignCenter);
+    // The hint stands where the canvas will, which is white whatever the desktop's colours are.
+    view->setStyleSheet(QStringLiteral("background: white; color: #444"));
+    return view;
+}
+
+} // namespace
+
+DocumentWindow::DocumentWindow()
+    : pages_(new QStackedWidget), waitingPage_(new QWidget), onboardingView_(makeOnboardingView())
+{
+    setObjectName(QStringLiteral("documentWindow"));
+    waitingPage_->setStyleSheet(QStringLiteral("background: white"));
+    pages_->addWidget(waitingPage_);
+    pages_->addWidget(onboardingView_);
+    setCentralWidget(pages_);
+    resize(1200, 800);
+    fileMenu_ = menuBar()->addMenu(tr("&File"));
+    makeViewMenu();
+    helpMenu_ = menuBar()->addMenu(tr("&Help"));
+}
+
+void DocumentWindow::makeViewMenu()
+{
+    viewMenu_ = menuBar()->addMenu(tr("&View"));
+    const auto add = [this](const QString& text, const QKeySequence& shortcut, void (TreeView::*command)()) {
+        QAction* action = viewMenu_->addAction(text);
+        action->setShortcut(shortcut);
+        action->setEnabled(false);
+        connect(action, &QAction::triggered, this, [this, command] { (canvas_->*command)(); });
+    };
+    add(tr("Zoom &In"), QKeySequence::ZoomIn, &TreeView::zoomIn);
+    add(tr("Zoom &Out"), QKeySequence::ZoomOut, &TreeView::zoomOut);
+    add(tr("&Actual Size"), QKeySequence(Qt::CTRL | Qt::Key_0), &TreeView::actualSize);
+    add(tr("&Fit"), QKeySequence(Qt::CTRL | Qt::Key_9), &TreeView::fit);
+    viewMenu_->addSeparator();
+    QAction* fullScreen = viewMenu_->addAction(tr("F&ull Screen"));
+    fullScreen->setShortcut(QKeySequence::FullScreen);
+    fullScreen->setCheckable(true);
+    connect(fullScreen, &QAction::toggled, this,
+            [this](bool on) { setWindowState(windowState().setFlag(Qt::WindowFullScreen, on)); });
+}
+
+void DocumentWindow::showCanvas(TreeView* canvas)
+{
+    canvas_ = canvas;
+    pages_->addWidget(canvas);
+    for (QAction* action : viewMenu_->actions())
+        action->setEnabled(true);
+    setOnboardingVisible(onboarding_);
+    canvas->setFocus();
+}
+
+void DocumentWindow::setOnboardingVisible(bool visible)
+{
+    onboarding_ = visible;
+    if (visible)
+        pages_->setCurrentWidget(onboardingView_);
+    else
+        pages_->setCurrentWidget(canvas_ ? static_cast<QWidget*>(canvas_) : waitingPage_);
+}
+
+bool DocumentWindow::isOnboardingVisible() const
+{
+    return onboarding_;
+}
+
+void DocumentWindow::showOpeningReport(const QString& summary, const QString& details)
+{
+    statusBar()->addWidget(new QLabel(summary), 1);
+    if (details.isEmpty())
+        return;
+    details_ = new QToolButton;
+    details_->setObjectName(QStringLiteral("openingDetails"));
+    details_->setText(tr("Details\u2026"));
+    connect(details_, &QToolButton::clicked, this,
+            [this, summary, details] { showReportDialog(*this, summary, details); });
+    statusBar()->addPermanentWidget(details_);
+}
+
+void DocumentWindow::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    if (closed_)
+        closed_();
+}
+
+} // namespace lineara

@@ -1,0 +1,40 @@
+#include "opening_report.h"
+
+#include <QCoreApplication>
+
+namespace lineara {
+
+namespace {
+
+QString text(const char* source, int count = -1)
+{
+    return QCoreApplication::translate("OpeningReport", source, nullptr, count);
+}
+
+QString importSummary(const ImportReport& report)
+{
+    QString summary = text("%1 persons, %2 partner links and %3 parent links were taken over.")
+                          .arg(report.persons)
+                          .arg(report.partnerLinks)
+                          .arg(report.offspringLinks);
+    if (report.refusedLinks > 0)
+        summary += QLatin1Char(' ') + text("Links refused: %1.").arg(report.refusedLinks);
+    if (report.notTaken + report.unreadableLines > 0)
+        summary += QLatin1Char(' ') + text("Lines not taken: %1.").arg(report.notTaken + report.unreadableLines);
+    return summary;
+}
+
+} // namespace
+
+std::optional<OpeningReport> openingReport(const OpenedFamily& family)
+{
+    if (family.importReport)
+        return OpeningReport{importSummary(*family.importReport), family.importReport->notes.join(u'\n')};
+    if (family.repairs.isEmpty())
+        return std::nullopt;
+    return OpeningReport{
+        text("The file was damaged and has been mended in memory: %1 remark(s).").arg(family.repairs.size()),
+        family.repairs.join(u'\n')};
+}
+
+} // namespace lineara
