@@ -1,0 +1,131 @@
+#include "app_delegate.h"
+
+#include "document/document_window.h"
+#include "start_window.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMessageBox>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace lineara {
+
+namespace {
+
+QString text(const char* source)
+{
+    return QCoreApplication::translate("AppDelegate", source);
+}
+
+// Where the sample family lies: beside the installed program, or in the tree it was built in.
+QString samplePath()
+{
+    const QDir programs(QCoreApplication::applicationDirPath());
+    for (const QString& folder : {QStringLiteral("../share/lineara/samples"), QStringLiteral("../../../samples")}) {
+        const QString path = programs.absoluteFilePath(folder + QStringLiteral("/shakespeare.lineara"));
+        if (QFileInfo::exists(path))
+            return QDir::cleanPath(path);
+    }
+    return {};
+}
+
+} // namespace
+
+AppDelegate::AppDelegate() = default;
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::start(const QStringList& paths)
+{
+    for (const QString& path : paths)
+        open(path);
+    if (documents_.empty())
+        showStartWindow();
+}
+
+bool AppDelegate::open(const QString& path)
+{
+    QWidget* inFront = QApplication::activeWindow();
+    auto opened = Document::open(path);
+    if (opened.failed()) {
+        QMessageBox::warning(inFront, text("Can't Open the Family"), opened.failure().message);
+        return false;
+    }
+    Document* document = opened.value().get();
+    documents_.push_back(std::move(opened.value()));
+    DocumentWindow& window = document->window();
+    fillFileMenu(*window.fileMenu(), window);
+    fillHelpMenu(*window.helpMenu());
+    window.setClosed([this, document] { closed(document); });
+    window.show();
+    if (inFront)
+        inFront->close();
+    return true;
+}
+
+void AppDelegate::chooseAndOpen()
+{
+    const QString path = QFileDialog::getOpenFileName(
+        QApplication::activeWindow(), text("Open a Family"), QDir::homePath(),
+        text("Families (*.lineara *.ged *.GED);;Family files (*.lineara);;GEDCOM files (*.ged *.GED);;All files (*)"));
+    if (!path.isEmpty())
+        open(path);
+}
+
+void AppDelegate::openSample()
+{
+    open(samplePath());
+}
+
+void AppDelegate::showStartWindow()
+{
+    startWindow_ = std::make_unique<StartWindow>(StartCommands{
+        [this] { chooseAndOpen(); }, samplePath().isEmpty() ? std::function<void()>() : [this] { openSample(); }});
+    fillFileMenu(*startWindow_->fileMenu(), *startWindow_);
+    fillHelpMenu(*startWindow_->helpMenu());
+    startWindow_->show();
+}
+
+void AppDelegate::closed(Document* document)
+{
+    // The window is still handling the event that closes it.
+    QTimer::singleShot(0, qApp, [this, document] {
+        std::erase_if(documents_, [document](const auto& open) { return open.get() == document; });
+    });
+}
+
+void AppDelegate::fillFileMenu(QMenu& menu, QMainWindow& window)
+{
+    QAction* openFile = menu.addAction(text("&Open\u2026"));
+    openFile->setShortcut(QKeySequence::Open);
+    QObject::connect(openFile, &QAction::triggered, &window, [this] { chooseAndOpen(); });
+    menu.addSeparator();
+    QAction* close = menu.addAction(text("&Close"));
+    close->setShortcut(QKeySequence::Close);
+    QObject::connect(close, &QAction::triggered, &window, &QWidget::close);
+    QAction* quit = menu.addAction(text("&Quit"));
+    quit->setShortcut(QKeySequence::Quit);
+    QObject::connect(quit, &QAction::triggered, qApp, &QApplication::closeAllWindows);
+}
+
+void AppDelegate::fillHelpMenu(QMenu& menu)
+{
+    QAction* about = menu.addAction(text("&About Lineara"));
+    QObject::connect(about, &QAction::triggered, about, [this] { showAbout(); });
+}
+
+void AppDelegate::showAbout()
+{
+    QMessageBox::about(
+        QApplication::activeWindow(), text("About Lineara"),
+        text("<h3>Lineara %1</h3><p>A family tree that draws itself.</p>").arg(QCoreApplication::applicationVersion()));
+}
+
+} // namespace lineara

@@ -1,0 +1,37 @@
+#include "app_delegate.h"
+
+#include <QApplication>
+#include <QUrl>
+
+namespace {
+
+// The desktop hands files over as paths or as file URLs.
+QString localPath(const QString& argument)
+{
+    const QUrl url(argument);
+    return url.isLocalFile() ? url.toLocalFile() : argument;
+}
+
+QStringList localPaths(int argc, char** argv)
+{
+    QStringList paths;
+    for (int at = 1; at < argc; ++at)
+        paths.append(localPath(QString::fromLocal8Bit(argv[at])));
+    return paths;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QStringList paths = localPaths(argc, argv);
+    // The program takes no options: everything after its name is a file, also where it looks like one of the toolkit's.
+    int programNameOnly = 1;
+    QApplication application(programNameOnly, argv);
+    QApplication::setApplicationName(QStringLiteral("lineara"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Lineara"));
+    QApplication::setApplicationVersion(QStringLiteral(LINEARA_VERSION));
+    lineara::AppDelegate delegate;
+    delegate.start(paths);
+    return QApplication::exec();
+}
