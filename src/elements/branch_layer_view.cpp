@@ -152,26 +152,22 @@ std::vector<std::pair<LinkRecord, QString>> BranchLayerView::markWanted()
     return missing;
 }
 
-// One sweep however many go, because a person may have thousands of links.
+// One sweep however many go, here and in each person's list, because a person may have thousands of links.
 void BranchLayerView::removeUnwanted()
 {
+    if (selectedLink_ && !selectedLink_->isWanted_)
+        selectedLink_ = nullptr;
     for (const auto& layer : layers_) {
-        if (!layer->isWanted_)
-            unlist(*layer);
+        if (layer->isWanted_)
+            continue;
+        for (Person* person : {layer->source(), layer->target()}) {
+            if (person)
+                std::erase_if(person->linkLayers(), [](const LinkLayer* listed) { return !listed->isWanted_; });
+        }
     }
     std::erase_if(layers_, [](const auto& layer) { return !layer->isWanted_; });
     for (std::uint32_t index = 0; const auto& layer : layers_)
         layer->index_ = index++;
-}
-
-void BranchLayerView::unlist(LinkLayer& layer)
-{
-    if (selectedLink_ == &layer)
-        selectedLink_ = nullptr;
-    for (Person* person : {layer.source(), layer.target()}) {
-        if (person)
-            std::erase(person->linkLayers(), &layer);
-    }
 }
 
 void BranchLayerView::select(LinkLayer& layer)

@@ -4,6 +4,7 @@
 #include "elements/link_layer.h"
 #include "elements/person_layer_view.h"
 
+#include <QPaintEngine>
 #include <QPainter>
 
 namespace lineara {
@@ -13,10 +14,11 @@ namespace {
 // Antialiasing a ribbon of many screens costs milliseconds and shows nowhere: it is all but level.
 constexpr double smoothViewWidths = 4;
 
-QPen outlinePen(const QColor& color, double scale)
+/// On a screen the line is one pixel up to 100 %, which is drawn by a faster way, and grows with the picture beyond it.
+double outlineWidth(const QPainter& painter)
 {
-    // Up to 100 % the line is one pixel, which is drawn by a faster way; beyond it grows with the picture.
-    return QPen(color, scale > 1 ? LinkLayer::lineWidth : 0);
+    const bool isInPixels = painter.paintEngine()->type() == QPaintEngine::Raster;
+    return isInPixels && painter.worldTransform().m11() <= 1 ? 0 : LinkLayer::lineWidth;
 }
 
 } // namespace
@@ -26,10 +28,10 @@ LinkPainter::LinkPainter(QPainter& painter, Detail detail, const Frame& visible)
       isAntialiased_(painter.testRenderHint(QPainter::Antialiasing)), isSmooth_(detail == Detail::Full)
 {
     painter_.save();
-    const double scale = painter.worldTransform().m11();
-    partner_ = {outlinePen(colours::partnerStroke(), scale), colours::partnerFill()};
-    offspring_ = {outlinePen(colours::offspringStroke(), scale), colours::offspringFill()};
-    selected_ = outlinePen(colours::selectedStroke(), scale);
+    const double width = outlineWidth(painter);
+    partner_ = {QPen(colours::partnerStroke(), width), colours::partnerFill()};
+    offspring_ = {QPen(colours::offspringStroke(), width), colours::offspringFill()};
+    selected_ = QPen(colours::selectedStroke(), width);
 }
 
 LinkPainter::~LinkPainter()

@@ -41,24 +41,36 @@ std::vector<CanvasPoint> elements(const QPainterPath& path)
     return points;
 }
 
-/// How often the closed outline goes round the point: an own count, to compare the toolkit's with.
-int winding(const QPainterPath& path, CanvasPoint point)
+/// Counts how often a closed outline goes round a point, for itself, to compare the shape's answers with.
+class Winding
 {
-    int count = 0;
-    for (const QPolygonF& polygon : path.toSubpathPolygons(QTransform::fromScale(64, 64))) {
-        const QPointF p = toPicture(point) * 64;
-        for (qsizetype at = 0; at < polygon.size(); ++at) {
-            const QPointF a = polygon[at];
-            const QPointF b = polygon[(at + 1) % polygon.size()];
-            const double side = (b.x() - a.x()) * (p.y() - a.y()) - (b.y() - a.y()) * (p.x() - a.x());
-            if (a.y() <= p.y() && b.y() > p.y() && side > 0)
-                ++count;
-            if (a.y() > p.y() && b.y() <= p.y() && side < 0)
-                --count;
+public:
+    explicit Winding(const QPainterPath& path) : polygons_(path.toSubpathPolygons(QTransform::fromScale(zoom, zoom))) {}
+
+    int round(CanvasPoint point) const
+    {
+        const QPointF p = toPicture(point) * zoom;
+        int count = 0;
+        for (const QPolygonF& polygon : polygons_) {
+            for (qsizetype at = 0; at < polygon.size(); ++at)
+                count += crossing(polygon[at], polygon[(at + 1) % polygon.size()], p);
         }
+        return count;
     }
-    return count;
-}
+
+private:
+    static constexpr double zoom = 64; // curves become lines more finely
+
+    static int crossing(QPointF a, QPointF b, QPointF p)
+    {
+        const double side = (b.x() - a.x()) * (p.y() - a.y()) - (b.y() - a.y()) * (p.x() - a.x());
+        if (a.y() <= p.y() && b.y() > p.y() && side > 0)
+            return 1;
+        return a.y() > p.y() && b.y() <= p.y() && side < 0 ? -1 : 0;
+    }
+
+    QList<QPolygonF> polygons_;
+};
 
 TEST_F(LinkLayerTest, ElementsAreThoseOfTheOutline)
 {
@@ -84,8 +96,8 @@ TEST_F(LinkLayerTest, OnlyTheBandOfAnArchIsInside)
     EXPECT_FALSE(arch->contains({150, 50}));
     EXPECT_FALSE(arch->contains({150, 69.9}));
     EXPECT_FALSE(arch->contains({150, 75.1}));
-    EXPECT_EQ(winding(arch->path(), {150, 60}), 0);
-    EXPECT_NE(winding(arch->path(), {150, 72}), 0);
+    EXPECT_EQ(Winding(arch->path()).round({150, 60}), 0);
+    EXPECT_NE(Winding(arch->path()).round({150, 72}), 0);
 }
 
 /// How often the outline of the shape goes round points of a grid, by number of points. Where a point is clear of the
@@ -94,12 +106,12 @@ std::map<int, int> compareOnGrid(const LinkLayer& layer)
 {
     std::map<int, int> points;
     const Frame box = layer.bounds();
+    const Winding winding(layer.path());
     for (double x = box.x - 0.95; x < box.x + box.width + 1; x += 0.75) {
         for (double y = box.y - 0.95; y < box.y + box.height + 1; y += 0.75) {
-            const int turns = winding(layer.path(), {x, y});
-            const bool isClear =
-                winding(layer.path(), {x - 0.1, y}) == turns && winding(layer.path(), {x + 0.1, y}) == turns &&
-                winding(layer.path(), {x, y - 0.1}) == turns && winding(layer.path(), {x, y + 0.1}) == turns;
+            const int turns = winding.round({x, y});
+            const bool isClear = winding.round({x - 0.1, y}) == turns && winding.round({x + 0.1, y}) == turns &&
+                                 winding.round({x, y - 0.1}) == turns && winding.round({x, y + 0.1}) == turns;
             if (!isClear)
                 continue;
             ++points[turns];

@@ -55,7 +55,6 @@ private:
     void show(std::unique_ptr<LinkLayer> layer);
     std::vector<std::pair<LinkRecord, QString>> markWanted();
     void removeUnwanted();
-    void unlist(LinkLayer& layer);
 
     Pool* pool_;
     std::vector<std::unique_ptr<LinkLayer>> layers_;
