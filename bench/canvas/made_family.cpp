@@ -2,6 +2,7 @@
 
 #include "model/context_loader.h"
 
+#include <algorithm>
 #include <array>
 #include <random>
 
@@ -38,7 +39,8 @@ std::uint32_t parentPlace(const Plan& plan, std::uint32_t place, std::mt19937& r
 {
     const std::uint32_t reach = random() % 100 == 0 ? longestReach : 3;
     const std::uint32_t from = place > reach ? place - reach : 0;
-    return std::min(from + random() % (2 * reach + 1), plan.perRow - 1);
+    const auto along = static_cast<std::uint32_t>(random() % (2 * reach + 1));
+    return std::min(from + along, plan.perRow - 1);
 }
 
 struct Lists

@@ -13,7 +13,7 @@ namespace lineara {
 
 namespace {
 
-template <class Shape>
+template<class Shape>
 void addUnlessRepeated(std::vector<Shape>& shapes, const Shape& shape)
 {
     if (shapes.empty() || shapes.back() != shape)

@@ -29,7 +29,13 @@ public:
     void paint();
 
 private:
-    enum Colour { Partner, Offspring, Selected, LinkColours };
+    enum Colour
+    {
+        Partner,
+        Offspring,
+        Selected,
+        LinkColours
+    };
 
     QRect pixels(const QRectF& picture) const;
 

@@ -7,7 +7,10 @@ namespace lineara {
 namespace {
 
 /// Covers outlines and antialiasing, and, far out, the distance between neighbouring floats.
-double margin(double edge) { return 4 + std::abs(edge) * 0x1p-22; }
+double margin(double edge)
+{
+    return 4 + std::abs(edge) * 0x1p-22;
+}
 
 } // namespace
 

@@ -42,7 +42,8 @@ std::vector<engine::Generation> generationsOf(const FamilySnapshot& family, cons
 
 void giveFirstPlaces(Pool& pool)
 {
-    const bool complete = std::ranges::all_of(pool.persons(), [](const Person* person) { return person->x().has_value(); });
+    const bool complete =
+        std::ranges::all_of(pool.persons(), [](const Person* person) { return person->x().has_value(); });
     if (complete)
         return;
     const FamilySnapshot family = pool.snapshot();

@@ -15,7 +15,7 @@ namespace lineara {
 
 namespace {
 
-constexpr double notch = 120;   // what one click of a wheel reports
+constexpr double notch = 120; // what one click of a wheel reports
 constexpr double zoomPerNotch = 1.2;
 constexpr double pixelsPerLine = 20;
 
@@ -29,7 +29,10 @@ QPointF pixelsOf(const QWheelEvent& event)
 
 } // namespace
 
-void Navigation::scrollBy(QPointF pixels) { view_.setPlace(view_.left() + pixels.x(), view_.bottom() - pixels.y()); }
+void Navigation::scrollBy(QPointF pixels)
+{
+    view_.setPlace(view_.left() + pixels.x(), view_.bottom() - pixels.y());
+}
 
 void Navigation::zoomBy(double factor, QPointF anchor)
 {

@@ -4,7 +4,10 @@ namespace lineara {
 
 namespace {
 
-NodeHint hintOf(const ConnectorView& handle) { return {handle.toolTip(), handle.frame()}; }
+NodeHint hintOf(const ConnectorView& handle)
+{
+    return {handle.toolTip(), handle.frame()};
+}
 
 } // namespace
 

@@ -117,7 +117,10 @@ void TreeView::runRequested()
         layOutContent();
 }
 
-void TreeView::adjustBy(std::int32_t points) { pool().context().shiftX(pool(), points); }
+void TreeView::adjustBy(std::int32_t points)
+{
+    pool().context().shiftX(pool(), points);
+}
 
 void TreeView::trimView()
 {

@@ -101,7 +101,8 @@ void TreeView::showStartPlace()
     }
     const auto youngest = pool().maxGenerationOf();
     const Person* const person = youngest ? pool().context().person(*youngest) : nullptr;
-    const LeafView& node = person && scene_.shows(*person) ? *person->leafView() : *scene_.personLayer().nodes().front();
+    const LeafView& node =
+        person && scene_.shows(*person) ? *person->leafView() : *scene_.personLayer().nodes().front();
     view_.centre(node.frame(), 1);
 }
 
@@ -126,9 +127,15 @@ void TreeView::zoomTo(double zoom, QPointF anchor)
     viewMoved();
 }
 
-void TreeView::zoomIn() { zoomBy(zoomStep); }
+void TreeView::zoomIn()
+{
+    zoomBy(zoomStep);
+}
 
-void TreeView::zoomOut() { zoomBy(1 / zoomStep); }
+void TreeView::zoomOut()
+{
+    zoomBy(1 / zoomStep);
+}
 
 void TreeView::zoomBy(double factor)
 {
@@ -136,7 +143,10 @@ void TreeView::zoomBy(double factor)
     viewMoved();
 }
 
-void TreeView::actualSize() { zoomTo(1, QRectF(viewport()->rect()).center()); }
+void TreeView::actualSize()
+{
+    zoomTo(1, QRectF(viewport()->rect()).center());
+}
 
 void TreeView::fit()
 {
@@ -203,7 +213,10 @@ bool TreeView::moveView(bool moved)
     return moved;
 }
 
-void TreeView::wheelEvent(QWheelEvent* event) { event->setAccepted(moveView(navigation_.wheel(*event))); }
+void TreeView::wheelEvent(QWheelEvent* event)
+{
+    event->setAccepted(moveView(navigation_.wheel(*event)));
+}
 
 void TreeView::mousePressEvent(QMouseEvent* event)
 {
@@ -212,7 +225,10 @@ void TreeView::mousePressEvent(QMouseEvent* event)
     updateCursor();
 }
 
-void TreeView::mouseMoveEvent(QMouseEvent* event) { event->setAccepted(moveView(navigation_.move(*event))); }
+void TreeView::mouseMoveEvent(QMouseEvent* event)
+{
+    event->setAccepted(moveView(navigation_.move(*event)));
+}
 
 void TreeView::mouseReleaseEvent(QMouseEvent* event)
 {

@@ -17,7 +17,10 @@ ViewTransform::Range range(double canvas, double nodes, double view)
     return {std::min(0.0, std::ceil(nodes) - view), std::max(0.0, std::ceil(canvas) - view)};
 }
 
-double within(ViewTransform::Range range, double place) { return std::clamp(std::round(place), range.from, range.to); }
+double within(ViewTransform::Range range, double place)
+{
+    return std::clamp(std::round(place), range.from, range.to);
+}
 
 /// Where to start showing a stretch so that it comes into view, given where the view starts now.
 double revealedFrom(double now, double view, double from, double to)

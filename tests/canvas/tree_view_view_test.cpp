@@ -29,7 +29,8 @@ void addManyRows(ShownFamily& family)
 
 void turnWheel(TreeView& view, QPoint angle, Qt::KeyboardModifiers modifiers, QPointF at = {300, 200})
 {
-    QWheelEvent event(at, view.viewport()->mapToGlobal(at), {}, angle, Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+    QWheelEvent event(at, view.viewport()->mapToGlobal(at), {}, angle, Qt::NoButton, modifiers, Qt::NoScrollPhase,
+                      false);
     QCoreApplication::sendEvent(view.viewport(), &event);
 }
 
@@ -47,10 +48,18 @@ QImage pictureOf(TreeView& view)
     return image;
 }
 
+bool isBlank(const QImage& image)
+{
+    QImage white(image.size(), image.format());
+    white.fill(Qt::white);
+    return image == white;
+}
+
 bool isInView(const TreeView& view, const Person& person)
 {
     const Frame node = person.leafView()->frame();
-    const QRectF pixels(view.toViewport({node.x, node.y + node.height}), view.toViewport({node.x + node.width, node.y}));
+    const QRectF pixels(view.toViewport({node.x, node.y + node.height}),
+                        view.toViewport({node.x + node.width, node.y}));
     return QRectF(view.viewport()->rect()).contains(pixels);
 }
 
@@ -353,18 +362,16 @@ TEST(Hit, FindsANodeWhereFloatsKnowNoSinglePoints)
 
 TEST(Painting, FarNodeIsDrawnExactlyAsANearOne)
 {
-    QImage pictures[2];
-    int next = 0;
+    std::vector<QImage> pictures;
     for (const int x : {20'000'001, 1}) {
         ShownFamily family;
         family.add(x, 1);
-        if (x > 1)
-            family.add(0, 9);
+        family.add(0, 20);
+        family.add(x + 1000, 20);
         TreeView& view = family.show();
         view.zoomTo(4, {0, 0});
-        const Frame node = family.pool.persons()[0]->leafView()->frame();
-        view.scrollTo((node.x - 1) * 4, node.y * 4 - 40);
-        pictures[next++] = pictureOf(view);
+        view.scrollTo((x - 1) * 4.0, 220 * 4);
+        pictures.push_back(pictureOf(view));
     }
     EXPECT_EQ(pictures[0], pictures[1]);
 }
@@ -425,17 +432,10 @@ TEST(Painting, DrawsSomethingAtEveryZoom)
     TreeView& view = family.show();
     for (const double zoom : {8.0, 1.0, 0.5, 0.3, 0.15, 0.1, 0.02}) {
         view.zoomTo(zoom, {0, 0});
-        const Frame node = family.pool.persons()[20]->leafView()->frame();
-        const QPointF panel = view.toViewport(family.pool.persons()[20]->leafView()->infoFrame().centre());
-        view.scrollTo(node.x * zoom - 100, node.y * zoom - 100);
-        const QPointF shown = view.toViewport(family.pool.persons()[20]->leafView()->infoFrame().centre());
-        const QRect around = QRect(shown.toPoint(), QSize(1, 1)).adjusted(-2, -2, 2, 2);
-        const QImage image = pictureOf(view).copy(around);
-        bool isBlank = true;
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                isBlank = isBlank && image.pixelColor(x, y) == QColor(Qt::white);
-        EXPECT_FALSE(isBlank) << zoom << ' ' << panel.x();
+        const Frame panel = family.pool.persons()[20]->leafView()->infoFrame();
+        view.scrollTo(panel.x * zoom - 100, panel.y * zoom - 100);
+        const QPoint shown = view.toViewport(panel.centre()).toPoint();
+        EXPECT_FALSE(isBlank(pictureOf(view).copy(shown.x() - 2, shown.y() - 2, 5, 5))) << zoom;
     }
 }
 

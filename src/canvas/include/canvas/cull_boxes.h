@@ -25,7 +25,7 @@ public:
     void clear() { boxes_.clear(); }
 
     /// Calls `visit(index)` for every box that meets the area, lowest index first.
-    template <class Visit>
+    template<class Visit>
     void forEachMeeting(const QRectF& area, Visit&& visit) const
     {
         const Box wanted = widened(area);

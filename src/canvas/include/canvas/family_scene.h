@@ -14,7 +14,7 @@ namespace lineara {
 struct CanvasHit
 {
     LeafView* node = nullptr;
-    std::optional<NodePart> part;   ///< of the node; no value on its own background
+    std::optional<NodePart> part; ///< of the node; no value on its own background
     LinkLayer* link = nullptr;
     friend bool operator==(const CanvasHit&, const CanvasHit&) = default;
 };
@@ -56,13 +56,13 @@ public:
     CanvasHit hit(CanvasPoint point) const;
 
     /// Calls `visit` with each shape that may meet an area in picture coordinates, lowest first.
-    template <class Visit>
+    template<class Visit>
     void visitLinks(const QRectF& area, Visit&& visit) const
     {
         refreshBoxes();
         linkBoxes_.forEachMeeting(area, [&](std::size_t at) { visit(*branchLayer_.layers()[at]); });
     }
-    template <class Visit>
+    template<class Visit>
     void visitNodes(const QRectF& area, Visit&& visit) const
     {
         refreshBoxes();
@@ -85,7 +85,7 @@ private:
     mutable bool boxesStale_ = true;
     mutable std::optional<Frame> bounds_;
     mutable bool boundsStale_ = true;
-    std::vector<std::uint32_t> linksWithPaths_;   // as of the last picture
+    std::vector<std::uint32_t> linksWithPaths_; // as of the last picture
 };
 
 } // namespace lineara

@@ -43,7 +43,7 @@ private:
     void scrollBy(QPointF pixels);
 
     ViewTransform& view_;
-    std::optional<QPointF> grabbed_;   // where the pointer was at the last event of a drag of the canvas
+    std::optional<QPointF> grabbed_; // where the pointer was at the last event of a drag of the canvas
     bool spaceHeld_ = false;
 };
 

@@ -12,14 +12,15 @@ namespace lineara {
 class LeafView;
 class RandomSource;
 
-inline constexpr std::int32_t rowPitch = 221;             ///< between two generation rows
-inline constexpr std::int32_t bottomMargin = 9;           ///< from the canvas bottom to the bottom of row 0
-inline constexpr std::int32_t newNodeLift = 221 + 29;     ///< of a new node above the bottom of the visible area
-inline constexpr std::int32_t placePerPerson = 152;       ///< width that the first frame reserves for each of a row
-inline constexpr double leftTrimMargin = 253.0;           ///< where the leftmost node may stand at creation
+inline constexpr std::int32_t rowPitch = 221;         ///< between two generation rows
+inline constexpr std::int32_t bottomMargin = 9;       ///< from the canvas bottom to the bottom of row 0
+inline constexpr std::int32_t newNodeLift = 221 + 29; ///< of a new node above the bottom of the visible area
+inline constexpr std::int32_t placePerPerson = 152;   ///< width that the first frame reserves for each of a row
+inline constexpr double leftTrimMargin = 253.0;       ///< where the leftmost node may stand at creation
 
 /// Vertical constant of a node of that row: how far its bottom edge lies from the canvas bottom, up is negative.
-/// Persons without a generation, or with one below 0, stand in row 0. Rows too high for 32 bits share the highest place.
+/// Persons without a generation, or with one below 0, stand in row 0. Rows too high for 32 bits share the highest
+/// place.
 std::int32_t rowConstant(std::optional<std::int32_t> generation);
 
 /// Vertical constant of a person just created, `visible` being the part of the canvas in view; without a view the lift

@@ -16,7 +16,7 @@ public:
     struct Move
     {
         LeafView* node = nullptr;
-        double from = 0;   ///< vertical constants
+        double from = 0; ///< vertical constants
         double to = 0;
     };
 

@@ -134,12 +134,12 @@ private:
     RowGlide glide_;
     std::vector<std::vector<RecordId>> generations_;
     Subscription subscription_;
-    QSizeF heldCanvas_{0, 0};      // while a pointer is down the canvas does not shrink below it
-    double shownZoom_ = 1;         // as last told by zoomChanged()
+    QSizeF heldCanvas_{0, 0}; // while a pointer is down the canvas does not shrink below it
+    double shownZoom_ = 1;    // as last told by zoomChanged()
     bool passRequested_ = false;
     bool contentStale_ = false;
     bool reducedMotion_ = false;
-    bool startPlaceOpen_ = true;   // until the first picture the view keeps looking for a place to start at
+    bool startPlaceOpen_ = true; // until the first picture the view keeps looking for a place to start at
     bool updatingScrollBars_ = false;
 };
 
