@@ -174,8 +174,6 @@ void TreeView::followAttributes(const AttributesChanged& change)
         PersonAttribute::X | PersonAttribute::Name | PersonAttribute::Era | PersonAttribute::Image;
     if (!(change.attributes & ofFrame) || !scene_.shows(change.person))
         return;
-    if (change.attributes & PersonAttribute::Image)
-        painter_.nodePainter().forgetPictures();
     const LeafView& node = *change.person.leafView();
     scene_.nodeMoved(node);
     contentChanged();

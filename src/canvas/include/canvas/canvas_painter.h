@@ -25,8 +25,6 @@ public:
     /// their paths, ascending.
     std::vector<std::uint32_t> paint(QPainter& painter, const FamilyScene& scene, const QRectF& area, Detail detail);
 
-    NodePainter& nodePainter() { return nodes_; }
-
 private:
     NodePainter nodes_;
 };
