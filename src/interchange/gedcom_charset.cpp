@@ -67,7 +67,7 @@ Failure notUtf8(std::string_view text, const QString& name)
             QStringLiteral("%1 is said to be in UTF-8, but is not. Save it as UTF-8 and import it again.").arg(name)};
     return {QStringLiteral("%1 is written in the character set %2, which can't be read yet. Save it as UTF-8 and "
                            "import it again.")
-                .arg(name, quoted(header.charset))};
+                .arg(name, inQuotes(header.charset))};
 }
 
 } // namespace
@@ -90,7 +90,7 @@ Outcome<std::string_view> gedcomText(const QByteArray& bytes, const QString& nam
     const auto charset = headerOf(text).charset;
     if (!charset.empty() && !isUtf8Name(charset))
         notes.aboutFile(QStringLiteral("The file declares the character set %1, but is in UTF-8 and was read so.")
-                            .arg(quoted(charset)));
+                            .arg(inQuotes(charset)));
     return text;
 }
 

@@ -28,7 +28,7 @@ QString reason(LineDefect defect)
 QString withTag(const GedcomLine& line)
 {
     const auto tag = QString::fromUtf8(line.tag.data(), static_cast<qsizetype>(line.tag.size()));
-    return line.value.empty() ? tag : QString(tag % u' ' % quoted(line.value));
+    return line.value.empty() ? tag : QString(tag % u' ' % inQuotes(line.value));
 }
 
 } // namespace
@@ -69,7 +69,7 @@ private:
 
     void addUnreadable(const GedcomLine& line)
     {
-        notes_.unreadable(line.number, quoted(line.value) % u" could not be read: " % reason(line.defect));
+        notes_.unreadable(line.number, inQuotes(line.value) % u" could not be read: " % reason(line.defect));
         if (line.level)
             orphan(line);
     }
@@ -132,7 +132,7 @@ GedcomTree GedcomTree::read(std::string_view text, ImportNotes& notes)
         if (!isNew)
             notes.remark(line.number,
                          QStringLiteral("%1 is defined by line %2 already; what points at it means the record there")
-                             .arg(quoted(line.xref))
+                             .arg(inQuotes(line.xref))
                              .arg(tree[first->second].line.number));
     }
     if (!tree.records_.empty() && tree[tree.records_.front()].line.tag == "HEAD") {

@@ -12,7 +12,7 @@ constexpr std::size_t mostBytesPerUnit = 4;
 
 } // namespace
 
-QString quoted(std::string_view utf8)
+QString inQuotes(std::string_view utf8)
 {
     const auto bytes = utf8.substr(0, longestQuote * mostBytesPerUnit);
     QString text = QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size())).simplified();

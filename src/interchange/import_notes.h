@@ -11,7 +11,7 @@
 namespace lineara {
 
 /// A piece of the file fit to stand in a sentence: quoted, shortened, without anything that can't be printed.
-QString quoted(std::string_view utf8);
+QString inQuotes(std::string_view utf8);
 
 /// Collects what has to be told about an import, line by line, and counts it.
 class ImportNotes

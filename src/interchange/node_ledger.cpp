@@ -55,8 +55,8 @@ QString NodeLedger::describe(NodeIndex index) const
     if (line.value.empty())
         return shownPath;
     if (!line.isPointer)
-        return shownPath % u' ' % quoted(line.value);
-    return shownPath % u' ' % quoted(std::string_view(line.value.data() - 1, line.value.size() + 2));
+        return shownPath % u' ' % inQuotes(line.value);
+    return shownPath % u' ' % inQuotes(std::string_view(line.value.data() - 1, line.value.size() + 2));
 }
 
 } // namespace lineara

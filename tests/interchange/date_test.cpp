@@ -1,0 +1,147 @@
+#include "gedcom_date.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace lineara {
+namespace {
+
+/// "day.month.year reading", with - for what is absent.
+std::string read(const char* value)
+{
+    const GedcomDate date = readGedcomDate(QString::fromUtf8(value));
+    const auto shown = [](std::optional<std::int32_t> part) { return part ? std::to_string(*part) : "-"; };
+    static constexpr const char* readings[] = {"whole", "part", "calendar", "nothing"};
+    return shown(date.day) + "." + shown(date.month) + "." + shown(date.year) + " " +
+           readings[static_cast<std::size_t>(date.reading)];
+}
+
+using Cases = std::vector<std::pair<const char*, const char*>>;
+
+void expectAll(const Cases& cases)
+{
+    for (const auto& [value, expected] : cases)
+        EXPECT_EQ(read(value), expected) << value;
+}
+
+TEST(GedcomDates, DayMonthAndYearAreReadSeparately)
+{
+    expectAll({{"5 MAR 1900", "5.3.1900 whole"},
+               {"MAR 1900", "-.3.1900 whole"},
+               {"1900", "-.-.1900 whole"},
+               {" 2 APR  742", "2.4.742 whole"},
+               {"10 JAN", "10.1.- whole"},
+               {"40", "-.-.40 whole"},
+               {"30 MAR 36", "30.3.36 whole"},
+               {"5 mar 1900", "5.3.1900 whole"},
+               {"5 March 1900", "5.3.1900 whole"},
+               {"Sept. 1900", "-.9.1900 whole"},
+               {"MAY 12, 1900", "12.5.1900 whole"}});
+}
+
+TEST(GedcomDates, EveryMonthHasItsNumber)
+{
+    const std::vector<const char*> months = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
+                                             "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
+    for (std::size_t i = 0; i < months.size(); ++i)
+        EXPECT_EQ(read((std::string(months[i]) + " 1900").c_str()), "-." + std::to_string(i + 1) + ".1900 whole");
+}
+
+TEST(GedcomDates, QualifiersAreDroppedButTold)
+{
+    expectAll({{"ABT 1600", "-.-.1600 part"},
+               {"BEF 8 JUL 1337", "8.7.1337 part"},
+               {"AFT SEP 1558", "-.9.1558 part"},
+               {"CAL 1600", "-.-.1600 part"},
+               {"EST 1815", "-.-.1815 part"},
+               {"abt. 1600", "-.-.1600 part"},
+               {"INT 1700 (about seventeen hundred)", "-.-.1700 part"},
+               {"TO 1750", "-.-.1750 part"}});
+}
+
+TEST(GedcomDates, RangesKeepTheirFirstYear)
+{
+    expectAll({{"BET 30 JAN 1727 AND 30 JAN 1728", "-.-.1727 part"},
+               {"FROM 1700 TO 1750", "-.-.1700 part"},
+               {"FROM MAR 1700", "-.-.1700 part"},
+               {"BET 99 AND 100", "-.-.99 part"},
+               {"FROM 1700 TO @#DJULIAN@ 1750", "-.-.1700 part"},
+               {"BET 50 AND 40 BC", "-.-.-50 part"},
+               {"BET 50 BC AND 20", "-.-.-50 part"},
+               {"BET MAR AND JUN 1900", "-.-.1900 part"}});
+}
+
+TEST(GedcomDates, YearsBeforeChristAreNegative)
+{
+    expectAll({{"44 BC", "-.-.-44 whole"},
+               {"5 B.C.", "-.-.-5 whole"},
+               {"15 MAR 44 BCE", "15.3.-44 whole"},
+               {"ABT 560 BC", "-.-.-560 part"},
+               {"23 AD", "-.-.23 whole"},
+               {"609 BC Megiddo", "-.-.-609 part"}});
+}
+
+TEST(GedcomDates, ADoubleYearKeepsTheFirst)
+{
+    expectAll({{"12 MAR 1637/38", "12.3.1637 part"}, {"1699/00", "-.-.1699 part"}, {"1815/1816", "-.-.1815 part"}});
+}
+
+TEST(GedcomDates, OtherCalendarsAreNotTaken)
+{
+    expectAll({{"@#DJULIAN@ 12 JUL 100 BC", "-.-.- calendar"},
+               {"@#DHEBREW@ TSH 4800", "-.-.- calendar"},
+               {"ABT @#DFRENCH R@ 11 FRIM 13", "-.-.- calendar"},
+               {"BET @#DHEBREW@ 1 NSN 5700 AND @#DHEBREW@ 30 ELL 5700", "-.-.- calendar"},
+               {"FRENCH_R 11 FRIM 13", "-.-.- calendar"},
+               {"JULIAN 1066", "-.-.- calendar"},
+               {"@#DGREGORIAN@ 5 MAR 1900", "5.3.1900 whole"},
+               {"GREGORIAN 5 MAR 1900", "5.3.1900 whole"},
+               {"ABT GREGORIAN 1900", "-.-.1900 part"}});
+}
+
+TEST(GedcomDates, ADayThatDoesNotExistIsLeftOut)
+{
+    expectAll({{"32 JAN 1900", "-.1.1900 part"},
+               {"30 FEB 1900", "-.2.1900 part"},
+               {"29 FEB 1900", "29.2.1900 whole"},
+               {"0 MAR 1900", "-.3.1900 part"},
+               {"31 APR 1900", "-.4.1900 part"}});
+}
+
+TEST(GedcomDates, FreeTextGivesItsFirstClearYear)
+{
+    expectAll({{"1030 or 36", "-.-.1030 part"},
+               {"soon bef. 4 March 1304", "-.-.1304 part"},
+               {"1–3 July 1035", "-.-.1035 part"},
+               {"497?", "-.-.497 part"},
+               {"Died:  929 BC", "-.-.-929 part"},
+               {"18 to 26 BC", "-.-.-26 part"},
+               {"abt. 412 BC (or abt. 221 BC)", "-.-.-412 part"},
+               {"26 DEC 1194 in Jesi", "26.12.1194 part"},
+               {"05/06/1900", "-.-.1900 part"}});
+}
+
+TEST(GedcomDates, JunkIsNoDate)
+{
+    expectAll({{"", "-.-.- nothing"},
+               {"Ginnungagap ", "-.-.- nothing"},
+               {"(unknown)", "-.-.- nothing"},
+               {"(about 1900)", "-.-.- nothing"},
+               {"5? BC", "-.-.- nothing"},
+               {"58 or 82", "-.-.- nothing"},
+               {"10+", "-.-.- nothing"},
+               {"About 14447 to 52", "-.-.- nothing"},
+               {"0", "-.-.- nothing"},
+               {"0000", "-.-.- nothing"},
+               {"99999999999999999999", "-.-.- nothing"},
+               {"ABT", "-.-.- nothing"},
+               {"BET AND", "-.-.- nothing"},
+               {"@#D", "-.-.- nothing"},
+               {"1/2/3", "-.-.- nothing"}});
+}
+
+} // namespace
+} // namespace lineara

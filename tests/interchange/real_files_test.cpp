@@ -1,0 +1,120 @@
+#include "family_counts.h"
+#include "imported.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cctype>
+#include <ostream>
+#include <stdexcept>
+#include <string>
+
+namespace lineara {
+namespace {
+
+using testing::HasSubstr;
+
+ImportedFamily fromFile(const std::string& name)
+{
+    const QString path = QStringLiteral(LINEARA_TEST_DATA "/gedcom/") + QString::fromStdString(name);
+    auto family = importGedcomFile(path);
+    if (family.failed())
+        throw std::runtime_error(family.failure().message.toStdString());
+    return std::move(family.value());
+}
+
+struct KnownFile
+{
+    const char* name;
+    FamilyCounts counts;
+    std::size_t refused;
+    std::size_t unreadable;
+    friend std::ostream& operator<<(std::ostream& out, const KnownFile& file) { return out << file.name; }
+};
+
+/// The file's name as far as test names may hold it.
+std::string fileName(const testing::TestParamInfo<KnownFile>& file)
+{
+    std::string name = file.param.name;
+    name = name.substr(0, name.rfind('.'));
+    std::replace_if(
+        name.begin(), name.end(), [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
+    return name;
+}
+
+class KnownFiles : public testing::TestWithParam<KnownFile>
+{};
+
+TEST_P(KnownFiles, AreImportedWhole)
+{
+    const auto family = fromFile(GetParam().name);
+    EXPECT_EQ(count(*family.context), GetParam().counts);
+    EXPECT_EQ(family.report.persons, GetParam().counts.persons);
+    EXPECT_EQ(family.report.partnerLinks, GetParam().counts.partnerPairs);
+    EXPECT_EQ(family.report.offspringLinks, GetParam().counts.parentChildPairs);
+    EXPECT_EQ(family.report.refusedLinks, GetParam().refused);
+    EXPECT_EQ(family.report.unreadableLines, GetParam().unreadable);
+}
+
+// Persons, named, partner pairs, parent-child pairs, longest line, components, unlinked, birth years, death years.
+INSTANTIATE_TEST_SUITE_P(Sound, KnownFiles,
+                         testing::Values(KnownFile{"shakespeare.ged", {31, 31, 10, 39, 5, 1, 0, 22, 27}, 0, 0},
+                                         KnownFile{"bronte.ged", {14, 14, 4, 18, 3, 1, 0, 12, 12}, 0, 0},
+                                         KnownFile{"utf8-cr.ged", {10, 10, 4, 12, 4, 1, 0, 0, 0}, 0, 0},
+                                         // One of 52 pairs would be a third parent.
+                                         KnownFile{"relationships-complex.ged", {43, 43, 13, 51, 6, 1, 0, 0, 0}, 1, 0},
+                                         // One person is married to himself.
+                                         KnownFile{"family-structure-variants.ged", {5, 5, 1, 0, 1, 4, 3, 0, 0}, 1, 0},
+                                         // Five of six births and all four deaths are counted in other calendars.
+                                         KnownFile{"calendar-dates.ged", {11, 11, 0, 0, 1, 11, 11, 1, 0}, 0, 0}),
+                         fileName);
+
+INSTANTIATE_TEST_SUITE_P(
+    Malformed, KnownFiles,
+    testing::Values(KnownFile{"malformed/blank-lines.ged", {2, 2, 0, 0, 1, 2, 2, 0, 0}, 0, 0},
+                    // Three of six pairs would close the circle.
+                    KnownFile{"malformed/circular-reference.ged", {3, 3, 3, 3, 3, 1, 0, 0, 0}, 3, 0},
+                    KnownFile{"malformed/duplicate-xref.ged", {3, 3, 0, 0, 1, 3, 3, 0, 0}, 0, 0},
+                    KnownFile{"malformed/invalid-xref.ged", {1, 1, 0, 0, 1, 1, 1, 0, 0}, 0, 0},
+                    KnownFile{"malformed/level-jump-skip.ged", {1, 1, 0, 0, 1, 1, 1, 0, 0}, 0, 0},
+                    KnownFile{"malformed/missing-header.ged", {1, 1, 0, 0, 1, 1, 1, 0, 0}, 0, 0},
+                    KnownFile{"malformed/unterminated-xref.ged", {0, 0, 0, 0, 0, 0, 0, 0, 0}, 0, 1}),
+    fileName);
+
+TEST(ImportedFiles, WilliamShakespeareIsReadRight)
+{
+    const auto family = fromFile("shakespeare.ged");
+    const auto& persons = membersOf(family);
+    const auto found = std::find_if(persons.begin(), persons.end(), [](const Person* person) {
+        return person->name() == QStringLiteral("William Shakespeare") && person->birthYear() == 1564;
+    });
+    ASSERT_NE(found, persons.end());
+    EXPECT_EQ((*found)->era(), QStringLiteral("1564 - 1616"));
+    EXPECT_EQ((*found)->deathDay(), 23);
+    EXPECT_EQ((*found)->deathMonth(), 4);
+    EXPECT_EQ(names((*found)->partners()), "Anne Hathaway");
+    EXPECT_EQ(names((*found)->parents()), "John Shakespeare Mary Arden");
+}
+
+TEST(ImportedFiles, NamesKeepTheirAccents)
+{
+    EXPECT_THAT(names(membersOf(fromFile("bronte.ged"))), HasSubstr("Charlotte Brontë"));
+}
+
+TEST(ImportedFiles, OneSidedLinksAreTold)
+{
+    const auto circle = fromFile("malformed/circular-reference.ged");
+    EXPECT_EQ(circle.report.notes.filter(QStringLiteral("does not name")).size(), 3);
+    EXPECT_THAT(notesOf(fromFile("malformed/invalid-xref.ged")),
+                HasSubstr("line 6: INDI.FAMC \"@F999@\" was not taken"));
+}
+
+TEST(ImportedFiles, LineNumbersAreThoseOfTheFile)
+{
+    EXPECT_THAT(notesOf(fromFile("malformed/unterminated-xref.ged")), HasSubstr("line 4: \"0 @I1 INDI\""));
+    EXPECT_THAT(notesOf(fromFile("malformed/level-jump-skip.ged")), HasSubstr("line 8: DATE \"1 JAN 1900\""));
+    EXPECT_THAT(notesOf(fromFile("malformed/blank-lines.ged")), HasSubstr("line 16: INDI.SEX \"M\""));
+}
+
+} // namespace
+} // namespace lineara

@@ -1,0 +1,116 @@
+#include "imported.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <numeric>
+#include <random>
+#include <vector>
+
+namespace lineara {
+namespace {
+
+#ifdef LINEARA_SANITIZED
+constexpr int lineLength = 20'000;
+#else
+constexpr int lineLength = 200'000;
+#endif
+
+enum class Order
+{
+    OldestFirst,
+    YoungestFirst,
+    Mixed
+};
+
+/// One line of ancestors, person i the child of person i - 1, its families in the given order.
+QByteArray lineOfAncestors(int length, Order order)
+{
+    QByteArray text = "0 HEAD\n1 CHAR UTF-8\n";
+    for (int i = 0; i < length; ++i)
+        text += "0 @I" + QByteArray::number(i) + "@ INDI\n1 NAME Person " + QByteArray::number(i) + "\n";
+    std::vector<int> families(static_cast<std::size_t>(length) - 1);
+    std::iota(families.begin(), families.end(), 0);
+    if (order == Order::YoungestFirst)
+        std::reverse(families.begin(), families.end());
+    if (order == Order::Mixed)
+        std::shuffle(families.begin(), families.end(), std::mt19937(7));
+    for (const int i : families)
+        text += "0 @F" + QByteArray::number(i) + "@ FAM\n1 HUSB @I" + QByteArray::number(i) + "@\n1 CHIL @I" +
+                QByteArray::number(i + 1) + "@\n";
+    return text + "0 TRLR\n";
+}
+
+class LongLine : public testing::TestWithParam<Order>
+{};
+
+TEST_P(LongLine, IsImportedWholeInUnderTwoSeconds)
+{
+    const QByteArray text = lineOfAncestors(lineLength, GetParam());
+    const auto start = std::chrono::steady_clock::now();
+    const auto family = imported(text);
+    const auto taken = std::chrono::steady_clock::now() - start;
+
+    EXPECT_LT(taken, std::chrono::seconds(2));
+    EXPECT_EQ(family.report.persons, static_cast<std::size_t>(lineLength));
+    EXPECT_EQ(family.report.offspringLinks, static_cast<std::size_t>(lineLength) - 1);
+    EXPECT_TRUE(family.report.notes.isEmpty());
+    for (std::size_t i = 1; i < membersOf(family).size(); ++i) {
+        ASSERT_EQ(member(family, i).parents().size(), 1u);
+        ASSERT_EQ(member(family, i).parents()[0], &member(family, i - 1));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Orders, LongLine, testing::Values(Order::OldestFirst, Order::YoungestFirst, Order::Mixed));
+
+TEST(ImportedFamilies, LinksAreTheSameAsMadeOneByOne)
+{
+    std::mt19937 random(11);
+    for (int round = 0; round < 300; ++round) {
+        const int persons = 3 + static_cast<int>(random() % 10);
+        QByteArray text;
+        for (int i = 0; i < persons; ++i)
+            text += "0 @I" + QByteArray::number(i) + "@ INDI\n";
+        std::vector<std::pair<std::size_t, std::size_t>> wishes;
+        for (int i = 0; i < 3 * persons; ++i) {
+            const int parent = static_cast<int>(random() % static_cast<unsigned>(persons));
+            const int child = static_cast<int>(random() % static_cast<unsigned>(persons));
+            const auto wish = std::pair(static_cast<std::size_t>(parent), static_cast<std::size_t>(child));
+            if (std::find(wishes.begin(), wishes.end(), wish) == wishes.end())
+                wishes.push_back(wish);
+            text +=
+                "0 FAM\n1 HUSB @I" + QByteArray::number(parent) + "@\n1 CHIL @I" + QByteArray::number(child) + "@\n";
+        }
+
+        const auto family = imported(text);
+        ObjectContext oneByOne;
+        Pool& pool = oneByOne.insertPool();
+        std::vector<Person*> twins;
+        for (int i = 0; i < persons; ++i) {
+            twins.push_back(&oneByOne.insertPerson());
+            pool.addPerson(*twins.back());
+        }
+        std::size_t refused = 0;
+        for (const auto& [parent, child] : wishes) {
+            if (pool.canLink(offspringLink, *twins[parent], *twins[child]))
+                twins[parent]->addChild(*twins[child]);
+            else
+                ++refused;
+        }
+
+        EXPECT_EQ(family.report.refusedLinks, refused);
+        for (std::size_t i = 0; i < twins.size(); ++i) {
+            std::vector<RecordId> expected;
+            std::vector<RecordId> made;
+            for (const Person* child : twins[i]->children())
+                expected.push_back(child->recordId());
+            for (const Person* child : member(family, i).children())
+                made.push_back(child->recordId());
+            ASSERT_EQ(made, expected);
+        }
+    }
+}
+
+} // namespace
+} // namespace lineara
