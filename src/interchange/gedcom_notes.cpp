@@ -12,8 +12,8 @@ QString SharedNotes::read(NodeIndex line)
         return {};
     const auto [known, isNew] = texts_.try_emplace(*record);
     if (isNew) {
-        known->second = tree_.text(*record);
         ledger_.takeText(*record);
+        known->second = ledger_.writable(*record, tree_.text(*record));
     }
     if (known->second.size() > mostCharacters - handedOut_) {
         ledger_.reject(line, QStringLiteral("the notes that persons of this file share are too long in all"));

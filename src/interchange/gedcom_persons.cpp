@@ -84,7 +84,7 @@ private:
         }
         ledger_.takeText(line);
         takePiecesWithin(line, name);
-        values_.name = name;
+        values_.name = ledger_.writable(line, name);
     }
 
     QString nameFromPieces(NodeIndex line) const
@@ -151,7 +151,7 @@ private:
     QString inlineNote(NodeIndex line)
     {
         ledger_.takeText(line);
-        return tree_.text(line);
+        return ledger_.writable(line, tree_.text(line));
     }
 
     const GedcomTree& tree_;

@@ -1,8 +1,11 @@
 #include "node_ledger.h"
 
+#include "model/text_hygiene.h"
+
 #include <QStringBuilder>
 
 #include <string>
+#include <utility>
 
 namespace lineara {
 
@@ -29,6 +32,15 @@ void NodeLedger::remark(NodeIndex index, const QString& what)
 {
     take(index);
     notes_.remark(lineOf(index), describe(index) % u' ' % what);
+}
+
+QString NodeLedger::writable(NodeIndex index, QString text)
+{
+    bool repaired = false;
+    text = writableText(std::move(text), &repaired);
+    if (repaired)
+        remark(index, QStringLiteral("held characters that can't be written to a file; they were replaced"));
+    return text;
 }
 
 void NodeLedger::refuse(NodeIndex index, const QString& why)

@@ -28,6 +28,9 @@ public:
     /// The line was taken, with this remark: "INDI.BIRT.DATE "ABT 1600" `what`".
     void remark(NodeIndex index, const QString& what);
 
+    /// The text of a line made fit for a family file; told where that changes it.
+    QString writable(NodeIndex index, QString text);
+
     /// A link that the line asks for is refused.
     void refuse(NodeIndex index, const QString& why);
 

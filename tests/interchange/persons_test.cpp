@@ -90,6 +90,16 @@ TEST(ImportedPersons, NotesThatAreNotThereAreTold)
               "line 5: NOTE \"nobody's\" was not taken: a family has no place for it");
 }
 
+TEST(ImportedPersons, HoldNothingThatAFamilyFileCanNot)
+{
+    const auto family =
+        imported("0 @I1@ INDI\n1 NAME A\x01 /B/\n1 NOTE a\x1B[31m\tb\n1 NOTE @N1@\n0 @N1@ NOTE \xEF\xBF\xBF\n");
+    EXPECT_EQ(member(family, 0).name(), QStringLiteral("A\uFFFD B"));
+    EXPECT_EQ(member(family, 0).additional(), QStringLiteral("a\uFFFD[31m\tb\n\n\uFFFD"));
+    EXPECT_THAT(notesOf(family), HasSubstr("line 2: INDI.NAME \"A\uFFFD /B/\" held characters that can't be written"));
+    EXPECT_EQ(family.report.notes.size(), 3);
+}
+
 TEST(ImportedPersons, ALongNoteCanNotBeHandedOutWithoutEnd)
 {
     QByteArray text = "0 @N1@ NOTE " + QByteArray(1024 * 1024, 'x') + "\n";
