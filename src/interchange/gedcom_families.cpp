@@ -7,7 +7,7 @@
 #include <QStringBuilder>
 
 #include <algorithm>
-#include <unordered_set>
+#include <utility>
 
 namespace lineara {
 namespace {
@@ -18,18 +18,42 @@ using engine::PersonIndex;
 /// thousands in one record would ask for millions of links.
 constexpr std::size_t mostSpouses = 64;
 
-/// Set of pairs of 32-bit numbers.
-class PairSet
+/// Who belongs to which family: filled first, asked afterwards.
+class Membership
 {
 public:
-    /// False if the pair was there.
-    bool insert(std::uint32_t a, std::uint32_t b) { return pairs_.insert(key(a, b)).second; }
-    bool contains(std::uint32_t a, std::uint32_t b) const { return pairs_.contains(key(a, b)); }
+    void add(NodeIndex family, PersonIndex person) { pairs_.push_back({family, person}); }
+    void finish() { std::sort(pairs_.begin(), pairs_.end()); }
+    bool contains(NodeIndex family, PersonIndex person) const
+    {
+        return std::binary_search(pairs_.begin(), pairs_.end(), std::pair{family, person});
+    }
 
 private:
-    static std::uint64_t key(std::uint32_t a, std::uint32_t b) { return std::uint64_t{a} << 32 | b; }
-    std::unordered_set<std::uint64_t> pairs_;
+    std::vector<std::pair<NodeIndex, PersonIndex>> pairs_;
 };
+
+/// Keeps the first wish for each pair of persons, in order.
+template<class Wish, class PairOf>
+void dropRepeated(std::vector<Wish>& wishes, PairOf pairOf)
+{
+    using Entry = std::pair<std::pair<PersonIndex, PersonIndex>, std::size_t>;
+    std::vector<Entry> entries;
+    entries.reserve(wishes.size());
+    for (const Wish& wish : wishes)
+        entries.push_back({pairOf(wish), entries.size()});
+    std::sort(entries.begin(), entries.end());
+
+    std::vector<bool> isRepeated(wishes.size(), false);
+    for (std::size_t i = 1; i < entries.size(); ++i)
+        isRepeated[entries[i].second] = entries[i].first == entries[i - 1].first;
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < wishes.size(); ++i) {
+        if (!isRepeated[i])
+            wishes[kept++] = wishes[i];
+    }
+    wishes.resize(kept);
+}
 
 class FamilyReader
 {
@@ -44,6 +68,10 @@ public:
             if (tree_[record].line.tag == "FAM")
                 readFamily(record);
         }
+        dropRepeated(wishes_.partners, [](const auto& wish) { return std::minmax(wish.first, wish.second); });
+        dropRepeated(wishes_.offspring, [](const auto& wish) { return std::pair{wish.parent, wish.child}; });
+        spousesOf_.finish();
+        childrenOf_.finish();
         for (PersonIndex person = 0; person < persons_.size(); ++person)
             checkClaims(person);
         return std::move(wishes_);
@@ -85,12 +113,10 @@ private:
             return;
         }
         ledger_.take(line);
-        for (const PersonIndex other : spouses) {
-            if (couples_.insert(std::min(other, *person), std::max(other, *person)))
-                wishes_.partners.push_back({other, *person});
-        }
+        for (const PersonIndex other : spouses)
+            wishes_.partners.push_back({other, *person});
         spouses.push_back(*person);
-        spousesOf_.insert(family, *person);
+        spousesOf_.add(family, *person);
     }
 
     void readChild(NodeIndex family, NodeIndex line, const std::vector<PersonIndex>& spouses)
@@ -98,16 +124,14 @@ private:
         const auto person = personAt(line);
         if (!person)
             return;
-        childrenOf_.insert(family, *person);
+        childrenOf_.add(family, *person);
         if (spouses.empty()) {
             ledger_.reject(line, QStringLiteral("the family names no parent for ") % persons_.label(*person));
             return;
         }
         ledger_.take(line);
-        for (const PersonIndex parent : spouses) {
-            if (parentAndChild_.insert(parent, *person))
-                wishes_.offspring.push_back({parent, *person, line});
-        }
+        for (const PersonIndex parent : spouses)
+            wishes_.offspring.push_back({parent, *person, line});
     }
 
     void checkClaims(PersonIndex person)
@@ -120,7 +144,7 @@ private:
         }
     }
 
-    void checkClaim(PersonIndex person, NodeIndex line, const PairSet& members, const QString& role)
+    void checkClaim(PersonIndex person, NodeIndex line, const Membership& members, const QString& role)
     {
         const auto family = followPointer(tree_, ledger_, line, {"FAM"});
         if (!family)
@@ -137,10 +161,8 @@ private:
     const GedcomPersons& persons_;
     NodeLedger& ledger_;
     FamilyWishes wishes_;
-    PairSet couples_;
-    PairSet parentAndChild_;
-    PairSet spousesOf_;  // family and person
-    PairSet childrenOf_; // family and person
+    Membership spousesOf_;
+    Membership childrenOf_;
 };
 
 } // namespace

@@ -7,6 +7,7 @@
 
 #include <QStringBuilder>
 
+#include <algorithm>
 #include <array>
 
 namespace lineara {
@@ -172,7 +173,6 @@ GedcomPersons GedcomPersons::read(const GedcomTree& tree, NodeLedger& ledger)
         const GedcomLine& line = tree[record].line;
         if (line.tag != "INDI")
             continue;
-        persons.byRecord_.emplace(record, persons.size());
         persons.persons_.push_back({record, line.number, PersonReader(tree, ledger, sharedNotes).read(record)});
         if (line.xref.empty())
             ledger.remark(record, QStringLiteral("has no cross-reference, so that no family can name this person"));
@@ -182,8 +182,11 @@ GedcomPersons GedcomPersons::read(const GedcomTree& tree, NodeLedger& ledger)
 
 std::optional<engine::PersonIndex> GedcomPersons::of(NodeIndex record) const
 {
-    const auto found = byRecord_.find(record);
-    return found == byRecord_.end() ? std::nullopt : std::optional(found->second);
+    const auto found = std::lower_bound(persons_.begin(), persons_.end(), record,
+                                        [](const Entry& entry, NodeIndex wanted) { return entry.record < wanted; });
+    if (found == persons_.end() || found->record != record)
+        return std::nullopt;
+    return static_cast<engine::PersonIndex>(found - persons_.begin());
 }
 
 QString GedcomPersons::label(engine::PersonIndex person) const

@@ -6,7 +6,6 @@
 #include "model/person.h"
 
 #include <optional>
-#include <unordered_map>
 #include <vector>
 
 namespace lineara {
@@ -36,8 +35,7 @@ private:
         std::uint32_t line;
         PersonValues values;
     };
-    std::vector<Entry> persons_;
-    std::unordered_map<NodeIndex, engine::PersonIndex> byRecord_;
+    std::vector<Entry> persons_; // their records ascend
 };
 
 } // namespace lineara

@@ -124,6 +124,7 @@ GedcomTree GedcomTree::read(std::string_view text, ImportNotes& notes)
         builder.add(*line);
     builder.finish();
 
+    tree.targets_.reserve(tree.records_.size());
     for (const NodeIndex record : tree.records_) {
         const GedcomLine& line = tree[record].line;
         if (line.xref.empty())

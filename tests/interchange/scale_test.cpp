@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
+#include <ctime>
 #include <numeric>
 #include <random>
 #include <vector>
@@ -48,17 +48,20 @@ class LongLine : public testing::TestWithParam<Order>
 TEST_P(LongLine, IsImportedWholeInUnderTwoSeconds)
 {
     const QByteArray text = lineOfAncestors(lineLength, GetParam());
-    const auto start = std::chrono::steady_clock::now();
+    // Time of the processor, because tests run side by side.
+    const std::clock_t start = std::clock();
     const auto family = imported(text);
-    const auto taken = std::chrono::steady_clock::now() - start;
+    const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 
-    EXPECT_LT(taken, std::chrono::seconds(2));
+    EXPECT_LT(seconds, 2.0);
+    RecordProperty("milliseconds", static_cast<int>(seconds * 1000));
     EXPECT_EQ(family.report.persons, static_cast<std::size_t>(lineLength));
     EXPECT_EQ(family.report.offspringLinks, static_cast<std::size_t>(lineLength) - 1);
     EXPECT_TRUE(family.report.notes.isEmpty());
-    for (std::size_t i = 1; i < membersOf(family).size(); ++i) {
-        ASSERT_EQ(member(family, i).parents().size(), 1u);
-        ASSERT_EQ(member(family, i).parents()[0], &member(family, i - 1));
+    const auto& persons = membersOf(family);
+    for (std::size_t i = 1; i < persons.size(); ++i) {
+        ASSERT_EQ(persons[i]->parents().size(), 1u);
+        ASSERT_EQ(persons[i]->parents()[0], persons[i - 1]);
     }
 }
 
