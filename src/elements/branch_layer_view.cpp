@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 
 namespace lineara {
 
@@ -186,9 +185,9 @@ void BranchLayerView::deselectSelected()
 
 LinkLayer* BranchLayerView::hit(CanvasPoint point) const
 {
-    const auto topmostFirst = std::views::reverse(layers_);
-    const auto found = std::ranges::find_if(topmostFirst, [&](const auto& layer) { return layer->contains(point); });
-    return found != topmostFirst.end() ? found->get() : nullptr;
+    const auto found =
+        std::find_if(layers_.rbegin(), layers_.rend(), [&](const auto& layer) { return layer->contains(point); });
+    return found != layers_.rend() ? found->get() : nullptr;
 }
 
 } // namespace lineara

@@ -3,7 +3,6 @@
 #include "elements/colours.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace lineara {
 
@@ -31,10 +30,9 @@ bool PersonLayerView::contains(const LeafView& node) const
 
 LeafView* PersonLayerView::nodeAt(CanvasPoint point) const
 {
-    const auto topmostFirst = std::views::reverse(nodes_);
-    const auto found =
-        std::ranges::find_if(topmostFirst, [&](const auto* node) { return node->frame().contains(point); });
-    return found != topmostFirst.end() ? *found : nullptr;
+    const auto found = std::find_if(nodes_.rbegin(), nodes_.rend(),
+                                    [&](const LeafView* node) { return node->frame().contains(point); });
+    return found != nodes_.rend() ? *found : nullptr;
 }
 
 void PersonLayerView::drawConnection(const QString& type, CanvasPoint from, CanvasPoint to)
