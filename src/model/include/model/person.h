@@ -23,16 +23,16 @@ class Pool;
 /// The stored attributes of a person. Absent is a state of its own, distinct from 0 and from "".
 struct PersonValues
 {
-    std::optional<QString> name;
-    std::optional<QString> additional;
-    std::optional<std::int32_t> birthDay;
-    std::optional<std::int32_t> birthMonth;
-    std::optional<std::int32_t> birthYear;
-    std::optional<std::int32_t> deathDay;
-    std::optional<std::int32_t> deathMonth;
-    std::optional<std::int32_t> deathYear;
-    std::optional<std::int32_t> generation; ///< row; absent means row 0
-    std::optional<std::int32_t> x;          ///< left edge of the node in points; absent until first placed
+    std::optional<QString> name = std::nullopt;
+    std::optional<QString> additional = std::nullopt;
+    std::optional<std::int32_t> birthDay = std::nullopt;
+    std::optional<std::int32_t> birthMonth = std::nullopt;
+    std::optional<std::int32_t> birthYear = std::nullopt;
+    std::optional<std::int32_t> deathDay = std::nullopt;
+    std::optional<std::int32_t> deathMonth = std::nullopt;
+    std::optional<std::int32_t> deathYear = std::nullopt;
+    std::optional<std::int32_t> generation = std::nullopt; ///< row; absent means row 0
+    std::optional<std::int32_t> x = std::nullopt; ///< left edge of the node in points; absent until first placed
     friend bool operator==(const PersonValues&, const PersonValues&) = default;
 };
 

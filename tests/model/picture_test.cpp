@@ -1,0 +1,235 @@
+#include "model/picture.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QImageReader>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <random>
+
+namespace lineara {
+
+namespace {
+
+QByteArray encoded(const QImage& image, const char* format)
+{
+    QBuffer buffer;
+    EXPECT_TRUE(image.save(&buffer, format));
+    return buffer.data();
+}
+
+QImage noise(int width, int height)
+{
+    std::mt19937 random(5);
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            image.setPixel(x, y, 0xFF000000u | (static_cast<QRgb>(random()) & 0xFFFFFFu));
+    }
+    return image;
+}
+
+QByteArray bigEndian(std::uint32_t number)
+{
+    QByteArray bytes;
+    for (int shift = 24; shift >= 0; shift -= 8)
+        bytes += static_cast<char>((number >> shift) & 0xFF);
+    return bytes;
+}
+
+std::uint32_t crc(const QByteArray& bytes)
+{
+    std::uint32_t sum = 0xFFFFFFFFu;
+    for (const char byte : bytes) {
+        sum ^= static_cast<unsigned char>(byte);
+        for (int bit = 0; bit < 8; ++bit)
+            sum = (sum >> 1) ^ (sum & 1 ? 0xEDB88320u : 0u);
+    }
+    return ~sum;
+}
+
+QByteArray pngChunk(const QByteArray& name, const QByteArray& content)
+{
+    return bigEndian(static_cast<std::uint32_t>(content.size())) + name + content + bigEndian(crc(name + content));
+}
+
+/// A PNG that declares any size; its rows are black and compressed as well as they can be.
+QByteArray blackPng(std::uint32_t width, std::uint32_t height, qsizetype rowBytes, bool interlaced = false)
+{
+    const QByteArray header =
+        bigEndian(width) + bigEndian(height) + QByteArray::fromHex("0800000000").left(4) + (interlaced ? '\1' : '\0');
+    QByteArray pixels = qCompress(QByteArray(rowBytes, '\0'), 9).mid(4);
+    return QByteArray::fromHex("89504E470D0A1A0A") + pngChunk("IHDR", header) + pngChunk("IDAT", pixels) +
+           pngChunk("IEND", {});
+}
+
+/// A JPEG with an orientation mark right after its start.
+QByteArray turnedJpeg(const QImage& image, char orientation)
+{
+    const QByteArray jpeg = encoded(image, "JPEG");
+    const QByteArray tiff = QByteArray::fromHex("4D4D002A00000008000101120003000000010000").replace(19, 1, "") +
+                            QByteArray(1, '\0') + QByteArray(1, orientation) + QByteArray::fromHex("000000000000");
+    const QByteArray exif = QByteArray("Exif\0\0", 6) + tiff;
+    const auto length = static_cast<std::uint32_t>(exif.size() + 2);
+    return jpeg.left(2) + QByteArray::fromHex("FFE1") + bigEndian(length).right(2) + exif + jpeg.mid(2);
+}
+
+template<class Work>
+std::chrono::milliseconds timeOf(Work work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
+}
+
+} // namespace
+
+TEST(Picture, HasTheSizeThatItsFileDeclares)
+{
+    for (const char* const format : {"PNG", "JPEG", "BMP", "PPM"}) {
+        const Picture picture = Picture::decode(encoded(noise(200, 100), format));
+        EXPECT_EQ(picture.size(), QSize(200, 100)) << format;
+        EXPECT_EQ(picture.pixels().size(), QSize(200, 100)) << format;
+    }
+}
+
+TEST(Picture, KeepsItsPixelsAndTransparency)
+{
+    QImage image(4, 2, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    image.setPixel(3, 1, 0xFF204060u);
+    const Picture picture = Picture::decode(encoded(image, "PNG"));
+    EXPECT_EQ(picture.pixels().pixel(3, 1), 0xFF204060u);
+    EXPECT_EQ(picture.pixels().pixel(0, 0), 0u);
+}
+
+TEST(Picture, HoldsNoMorePixelsThanAnyViewNeeds)
+{
+    for (const char* const format : {"PNG", "JPEG", "BMP"}) {
+        const Picture picture = Picture::decode(encoded(noise(1500, 3000), format));
+        EXPECT_EQ(picture.size(), QSize(1500, 3000)) << format;
+        EXPECT_EQ(picture.pixels().size(), QSize(512, 1024)) << format;
+    }
+}
+
+TEST(Picture, KeepsAnExtremeShape)
+{
+    for (const char* const format : {"PNG", "JPEG"}) {
+        const Picture picture = Picture::decode(encoded(noise(10000, 1), format));
+        EXPECT_EQ(picture.size(), QSize(10000, 1)) << format;
+        EXPECT_EQ(picture.pixels().size(), QSize(1024, 1)) << format;
+    }
+}
+
+TEST(Picture, IsTurnedUprightWhereItsFileSaysSo)
+{
+    QImage image(64, 32, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    for (int y = 0; y < 32; ++y) {
+        for (int x = 0; x < 16; ++x)
+            image.setPixel(x, y, 0xFFFFFFFFu);
+    }
+    EXPECT_EQ(Picture::decode(turnedJpeg(image, 1)).size(), QSize(64, 32));
+    const Picture turned = Picture::decode(turnedJpeg(image, 6));
+    EXPECT_EQ(turned.size(), QSize(32, 64));
+    ASSERT_EQ(turned.pixels().size(), QSize(32, 64));
+    EXPECT_GT(qGray(turned.pixels().pixel(16, 4)), 200);
+    EXPECT_LT(qGray(turned.pixels().pixel(16, 60)), 50);
+}
+
+TEST(Picture, IsTurnedUprightWhenScaledToo)
+{
+    const Picture turned = Picture::decode(turnedJpeg(noise(3000, 1500), 8));
+    EXPECT_EQ(turned.size(), QSize(1500, 3000));
+    EXPECT_EQ(turned.pixels().size(), QSize(512, 1024));
+}
+
+TEST(Picture, OfDamagedBytesIsEmpty)
+{
+    const QByteArray png = encoded(noise(100, 100), "PNG");
+    const QByteArray jpeg = encoded(noise(100, 100), "JPEG");
+    const std::vector<QByteArray> damaged{{},
+                                          QByteArray(""),
+                                          "no picture",
+                                          QByteArray(1000, '\xFF'),
+                                          png.left(8),
+                                          png.left(20),
+                                          jpeg.left(2),
+                                          jpeg.left(20),
+                                          "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>",
+                                          "%PDF-1.4"};
+    for (const QByteArray& bytes : damaged) {
+        const Picture picture = Picture::decode(bytes);
+        EXPECT_EQ(picture.size(), QSize(0, 0)) << bytes.toHex().toStdString();
+        EXPECT_TRUE(picture.pixels().isNull());
+    }
+}
+
+TEST(Picture, OfAFileCutAnywhereIsWholeOrEmpty)
+{
+    for (const char* const format : {"PNG", "JPEG", "BMP"}) {
+        const QByteArray whole = encoded(noise(40, 30), format);
+        for (qsizetype length = 0; length < whole.size(); length += 1 + whole.size() / 150) {
+            const Picture picture = Picture::decode(whole.left(length));
+            const bool empty = picture.size() == QSize(0, 0) && picture.pixels().isNull();
+            const bool shown = picture.size() == QSize(40, 30) && picture.pixels().size() == QSize(40, 30);
+            EXPECT_TRUE(empty || shown) << format << ' ' << length;
+        }
+    }
+}
+
+TEST(Picture, SurvivesBytesTurnedAtRandom)
+{
+    std::mt19937 random(11);
+#ifdef LINEARA_SANITIZED
+    constexpr int rounds = 60;
+#else
+    constexpr int rounds = 600;
+#endif
+    for (const char* const format : {"PNG", "JPEG", "BMP", "PPM"}) {
+        const QByteArray whole = encoded(noise(40, 30), format);
+        for (int round = 0; round < rounds; ++round) {
+            QByteArray bytes = whole;
+            for (std::uint32_t flips = 1 + random() % 6; flips > 0; --flips)
+                bytes[static_cast<qsizetype>(random() % 200)] = static_cast<char>(random());
+            const Picture picture = Picture::decode(bytes);
+            EXPECT_LE(std::max(picture.pixels().width(), picture.pixels().height()), 1024);
+            if (picture.size().isNull())
+                EXPECT_TRUE(picture.pixels().isNull());
+        }
+    }
+}
+
+TEST(Picture, OfAHugeDeclaredSizeKeepsTheSizeAndStaysCheap)
+{
+    for (const bool interlaced : {false, true}) {
+        const QByteArray bytes = blackPng(60'000, 60'000, 1'000'000, interlaced);
+        Picture picture;
+        EXPECT_LT(timeOf([&] { picture = Picture::decode(bytes); }).count(), 500);
+        EXPECT_EQ(picture.size(), QSize(60'000, 60'000));
+        EXPECT_TRUE(picture.pixels().isNull());
+    }
+}
+
+TEST(Picture, OfAHugeBitmapKeepsTheSizeAndStaysCheap)
+{
+    QByteArray bmp = encoded(noise(8, 8), "BMP");
+    const QByteArray side = QByteArray::fromHex("60EA0000");
+    bmp.replace(18, 4, side).replace(22, 4, side);
+    Picture picture;
+    EXPECT_LT(timeOf([&] { picture = Picture::decode(bmp); }).count(), 500);
+    EXPECT_EQ(picture.size(), QSize(60'000, 60'000));
+    EXPECT_TRUE(picture.pixels().isNull());
+}
+
+TEST(Picture, OfManyMegapixelsIsDecodedWithinASecondOrTwo)
+{
+    const QByteArray bytes = blackPng(16'000, 10'000, 16'001 * qsizetype{10'000});
+    Picture picture;
+    EXPECT_LT(timeOf([&] { picture = Picture::decode(bytes); }).count(), 3000);
+    EXPECT_EQ(picture.size(), QSize(16'000, 10'000));
+}
+
+} // namespace lineara
