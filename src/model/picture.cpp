@@ -1,5 +1,7 @@
 #include "model/picture.h"
 
+#include "jpeg_layout.h"
+
 #include <QBuffer>
 #include <QImageIOHandler>
 #include <QImageReader>
@@ -12,15 +14,11 @@ namespace lineara {
 namespace {
 
 constexpr int greatestSide = 1024;
-/// What may be held in memory at once, at four bytes a pixel.
-constexpr std::int64_t mostPixelsAtOnce = 32'000'000;
+constexpr int mostMegabytes = 256;
 /// What may be walked through for a smaller picture; beyond it even a sound file takes seconds.
-constexpr std::int64_t mostPixelsWalked = 256'000'000;
-
-std::int64_t pixelCount(QSize size)
-{
-    return std::int64_t{size.width()} * size.height();
-}
+constexpr std::int64_t mostPixels = 256'000'000;
+/// A sound progressive file has about ten; each is one more walk over the picture, and costs the file next to nothing.
+constexpr std::int64_t mostScans = 100;
 
 /// Formats that are programs rather than pictures are left alone: drawing them has no bound in time.
 bool isRaster(const QByteArray& format)
@@ -28,10 +26,24 @@ bool isRaster(const QByteArray& format)
     return !format.isEmpty() && !format.startsWith("svg") && format != "pdf";
 }
 
-bool isAffordable(const QImageReader& reader, QSize size)
+std::int64_t bytesPerPixel(const QImageReader& reader)
 {
-    const bool scalesWhileReading = reader.supportsOption(QImageIOHandler::ScaledSize);
-    return pixelCount(size) <= (scalesWhileReading ? mostPixelsWalked : mostPixelsAtOnce);
+    const QImage::Format format = reader.imageFormat();
+    // Rounded up: pictures of one bit a pixel cost more to turn into something paintable than to hold.
+    return format == QImage::Format_Invalid ? 4 : (QImage::toPixelFormat(format).bitsPerPixel() + 7) / 8;
+}
+
+/// Whether decoding stays within the bounds of memory and time. Only JPEG shrinks reliably while it is read; other
+/// formats that say so do it for some kinds of picture and not for others.
+bool isAffordable(const QImageReader& reader, QSize size, const QByteArray& bytes)
+{
+    const std::int64_t pixels = std::int64_t{size.width()} * size.height();
+    const std::int64_t mostBytes = std::int64_t{mostMegabytes} << 20;
+    if (reader.format() != "jpeg")
+        return pixels * bytesPerPixel(reader) <= mostBytes;
+    const JpegLayout layout = JpegLayout::of(bytes);
+    const std::int64_t held = layout.holdsWholeImage ? pixels * layout.components * 2 : 0;
+    return pixels <= mostPixels && held <= mostBytes && layout.scans <= mostScans;
 }
 
 QSize fitted(QSize size)
@@ -61,6 +73,7 @@ Picture Picture::decode(const QByteArray& bytes)
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
+    QImageReader::setAllocationLimit(mostMegabytes);
     reader.setAutoTransform(true);
     Picture picture;
     if (!isRaster(reader.format()))
@@ -68,7 +81,7 @@ Picture Picture::decode(const QByteArray& bytes)
     const QSize declared = reader.size();
     if (declared.isEmpty())
         return picture;
-    if (isAffordable(reader, declared)) {
+    if (isAffordable(reader, declared, bytes)) {
         reader.setScaledSize(fitted(declared));
         picture.pixels_ = reader.read();
         if (picture.pixels_.isNull())

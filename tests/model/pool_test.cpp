@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include <chrono>
+#include <ctime>
 #include <numeric>
 #include <random>
 
@@ -10,8 +10,15 @@ namespace lineara {
 
 namespace {
 
-using std::chrono::milliseconds;
-using std::chrono::steady_clock;
+/// Processor time since construction; the clock on the wall would measure what else the machine does.
+class Stopwatch
+{
+public:
+    double seconds() const { return static_cast<double>(std::clock() - start_) / CLOCKS_PER_SEC; }
+
+private:
+    std::clock_t start_ = std::clock();
+};
 
 struct Folk
 {
@@ -137,11 +144,11 @@ TEST(Descent, IsTheSameAsWalkingDownByTheLetter)
 TEST(Descent, IsFoundAtOnceInALatticeOfCousinMarriages)
 {
     const Lattice folk;
-    const auto start = steady_clock::now();
+    const Stopwatch watch;
     EXPECT_FALSE(folk.pool.canLink(offspringLink, folk[118], folk[0]));
     EXPECT_TRUE(folk.pool.isDescendedFrom(folk[119], folk[1]));
     EXPECT_FALSE(folk.pool.isDescendedFrom(folk[1], folk[119]));
-    EXPECT_LT(steady_clock::now() - start, milliseconds(10));
+    EXPECT_LT(watch.seconds(), 0.01);
 }
 
 TEST(Descent, LetsALongLineBeLinkedInAnyOrder)
@@ -156,11 +163,11 @@ TEST(Descent, LetsALongLineBeLinkedInAnyOrder)
             std::ranges::shuffle(order, random);
         else
             std::ranges::reverse(order);
-        const auto start = steady_clock::now();
+        const Stopwatch watch;
         const auto links = std::ranges::count_if(order, [&](std::size_t at) { return folk.offspring(at, at + 1); });
         EXPECT_EQ(links, length - 1);
         EXPECT_FALSE(folk.offspring(length - 1, 0));
-        EXPECT_LT(steady_clock::now() - start, milliseconds(2000));
+        EXPECT_LT(watch.seconds(), 2.0);
     }
 }
 
@@ -168,12 +175,12 @@ TEST(Descent, OfAPersonWithThousandsOfChildrenIsFoundAtOnce)
 {
     constexpr std::size_t children = 5'000;
     Folk folk(children + 2);
-    const auto start = steady_clock::now();
+    const Stopwatch watch;
     for (std::size_t child = 1; child <= children; ++child)
         EXPECT_TRUE(folk.offspring(0, child));
     for (std::size_t child = 1; child <= children; ++child)
         EXPECT_TRUE(folk.offspring(children + 1, child));
-    EXPECT_LT(steady_clock::now() - start, milliseconds(1000));
+    EXPECT_LT(watch.seconds(), 1.0);
 }
 
 TEST(MaxPath, CountsTheLongestLineOfAncestors)

@@ -37,7 +37,8 @@ TEST(WritableText, SharesTheMemoryOfASoundText)
 TEST(WritableText, ReplacesWhatNoReaderAccepts)
 {
     const QString replaced(QChar::ReplacementCharacter);
-    for (const char16_t unit : {0x00, 0x01, 0x08, 0x0B, 0x0C, 0x1F, 0xD800, 0xDBFF, 0xDC00, 0xDFFF, 0xFFFE, 0xFFFF}) {
+    for (const char16_t unit : std::initializer_list<char16_t>{0x00, 0x01, 0x08, 0x0B, 0x0C, 0x1F, 0xD800, 0xDBFF,
+                                                               0xDC00, 0xDFFF, 0xFFFE, 0xFFFF}) {
         bool repaired = false;
         EXPECT_EQ(writableText(u"a"_qs + text({unit}) + u"b"_qs, &repaired), u"a"_qs + replaced + u"b"_qs)
             << "U+" << std::hex << static_cast<unsigned>(unit);
