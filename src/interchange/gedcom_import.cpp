@@ -11,6 +11,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QUuid>
 
 namespace lineara {
 namespace {
@@ -40,6 +41,13 @@ void takeFrame(const GedcomTree& tree, NodeLedger& ledger)
     }
 }
 
+/// Made of the content, so that importing a file twice gives the same family.
+QUuid uuidOf(const QByteArray& bytes)
+{
+    static const QUuid importedFamilies(QStringLiteral("5f4a6d51-27b3-4c0e-9d6a-2d5d0a1c7e90"));
+    return QUuid::createUuidV5(importedFamilies, bytes);
+}
+
 QString refusal(engine::LinkVerdict verdict, const QString& parent, const QString& child)
 {
     switch (verdict) {
@@ -59,7 +67,7 @@ QString refusal(engine::LinkVerdict verdict, const QString& parent, const QStrin
 class FamilyBuilder
 {
 public:
-    FamilyBuilder() : context_(std::make_unique<ObjectContext>()), pause_(context_->journal()) {}
+    explicit FamilyBuilder(QUuid uuid) : context_(std::make_unique<ObjectContext>(uuid)), pause_(context_->journal()) {}
 
     void addPersons(const GedcomPersons& persons)
     {
@@ -127,7 +135,7 @@ Outcome<ImportedFamily> importGedcom(const QByteArray& bytes, const QString& nam
 
     ImportedFamily family;
     {
-        FamilyBuilder builder;
+        FamilyBuilder builder(uuidOf(bytes));
         builder.addPersons(persons);
         builder.addPartners(wishes);
         family.report.offspringLinks = builder.addOffspring(wishes, persons, ledger);

@@ -27,6 +27,13 @@ TEST(ImportReport, EveryLineIsTakenOrTold)
     EXPECT_EQ(family.report.unreadableLines, 0u);
 }
 
+TEST(ImportReport, TheSameBytesGiveTheSameFamily)
+{
+    const auto uuid = [](const char* text) { return imported(text).context->storeUuid(); };
+    EXPECT_EQ(uuid("0 @I1@ INDI\n"), uuid("0 @I1@ INDI\n"));
+    EXPECT_NE(uuid("0 @I1@ INDI\n"), uuid("0 @I2@ INDI\n"));
+}
+
 TEST(ImportReport, QuotesAreShortAndPrintable)
 {
     EXPECT_EQ(inQuotes("plain").toStdString(), "\"plain\"");
