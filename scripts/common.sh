@@ -13,6 +13,7 @@ build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libpugixml
 screen_packages=(xvfb fonts-dejavu-core)
 test_packages=(clang-format xauth xdotool)
 lint_packages=(clang-tidy-16)
+fuzz_packages=(clang-16 libclang-rt-16-dev)
 
 is_installed() { [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]; }
 
