@@ -12,7 +12,7 @@ constexpr double unitsOfAPoint = 64;
 
 }
 
-AdvanceTable::AdvanceTable(const QFont& font) : font_(font), metrics_(font_)
+AdvanceTable::AdvanceTable(const QFont& font) : font_(font), metrics_(font_), advances_{}
 {
     for (std::size_t at = 0; at < advances_.size(); ++at) {
         const QChar letter(static_cast<char16_t>(firstLetter + at));
