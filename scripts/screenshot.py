@@ -34,6 +34,15 @@ def pixels(frame_buffer):
     return width, height, bytes(rgb)
 
 
+def without_background(width, height, rgb):
+    """The same picture without the black of the empty display to the right of and below the windows."""
+    lines = [rgb[y * width * 3:(y + 1) * width * 3] for y in range(height)]
+    while lines and not any(lines[-1]):
+        lines.pop()
+    used = max((len(line.rstrip(b"\0")) + 2) // 3 for line in lines)
+    return used, len(lines), b"".join(line[:used * 3] for line in lines)
+
+
 def png(width, height, rgb):
     def chunk(kind, data):
         return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
@@ -96,7 +105,7 @@ def main():
     with virtual_display() as (display, frame_buffer):
         environment = {**os.environ, "DISPLAY": display, "QT_QPA_PLATFORM": "xcb"}
         with started(command, env=environment) as program:
-            picture.write_bytes(png(*still_picture(program, frame_buffer)))
+            picture.write_bytes(png(*without_background(*still_picture(program, frame_buffer))))
 
 
 if __name__ == "__main__":

@@ -113,6 +113,11 @@ class Screenshot(unittest.TestCase):
         self.assertEqual(lines, b"\0" + rgb[:6] + b"\0" + rgb[6:])
         self.assertEqual(struct.unpack(">II", picture[16:24]), (2, 2))
 
+    def test_the_empty_display_around_the_windows_is_left_out(self):
+        red, black = b"\xff\0\0", b"\0\0\0"
+        shown = (red + black + red + black) + (black + red + black + black) + black * 4
+        self.assertEqual(screenshot.without_background(4, 3, shown), (3, 2, red + black + red + black + red + black))
+
     def test_one_colour_is_no_picture_yet(self):
         self.assertTrue(screenshot.is_empty(bytes([7, 8, 9]) * 5))
         self.assertFalse(screenshot.is_empty(bytes([7, 8, 9]) * 5 + bytes([7, 8, 0])))
