@@ -1,11 +1,11 @@
 #include "sweeps.h"
 
-#include "endless_proof.h"
 #include "graph_queries.h"
 #include "ordered_worklist.h"
+#include "period_search.h"
+#include "repetition.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace lineara::engine {
@@ -29,16 +29,21 @@ public:
 
     SweepsEnd untilEnd(const std::stop_token& stop)
     {
-        EndlessProof proof(family_, mode_);
-        std::vector<Push> previous;
+        PeriodSearch search(family_.members);
         while (sweep(stop)) {
             if (pushed_.empty())
                 return SweepsEnd::Quiet;
-            if (std::ranges::equal(pushed_, previous, {}, &Push::person, &Push::person))
+            if (pushed_ == previous_)
                 return SweepsEnd::Repeating;
-            if (proof.completedBy(pushed_, generations_))
+            std::swap(previous_, pushed_);
+            const auto sweeps = search.guessAfter(previous_);
+            const auto repetition =
+                sweeps ? findRepetition(family_, mode_, generations_, previous_, *sweeps) : std::nullopt;
+            if (!repetition)
+                continue;
+            if (repetition->periods == Repetition::forever)
                 return SweepsEnd::Endless;
-            std::swap(previous, pushed_);
+            leapOver(*repetition);
         }
         return stop.stop_requested() ? SweepsEnd::Stopped : SweepsEnd::Endless;
     }
@@ -55,25 +60,41 @@ private:
         return true;
     }
 
-    /// False if the member would have to be raised beyond the range of a generation.
+    /// False if the member would have to be raised above `greatestGeneration`.
     bool lookAt(PersonIndex member)
     {
-        const std::int64_t own = valueOrZero(generations_[member]);
-        std::int64_t raised = own;
+        const Generation own = valueOrZero(generations_[member]);
+        Generation raised = own;
         for (const PersonIndex child : family_.children[member])
-            raised = std::max(raised, std::int64_t{valueOrZero(generations_[child])} + 1);
+            raised = std::max(raised, valueOrZero(generations_[child]) + 1);
         if (raised == own)
             return true;
-        const std::int64_t levels = raised - own;
-        if (raised > greatestGeneration || levels > greatestGeneration)
+        if (raised > greatestGeneration)
             return false;
-        pushed_.push_back({member, static_cast<Generation>(levels)});
-        move(member, static_cast<Generation>(raised));
+        pushed_.push_back(member);
+        move(member, raised);
         if (mode_ == SweepMode::WithPartners) {
             for (const PersonIndex partner : family_.partners[member])
-                move(partner, static_cast<Generation>(raised));
+                move(partner, raised);
         }
         return true;
+    }
+
+    /// Makes all sweeps of the repetition at once, or as many of its periods as end in range.
+    void leapOver(const Repetition& repetition)
+    {
+        std::int64_t periods = repetition.periods;
+        for (PersonIndex person = 0; person < family_.persons(); ++person) {
+            if (const std::int64_t rise = repetition.rises[person]; rise > 0)
+                periods = std::min(periods, (greatestGeneration - valueOrZero(generations_[person])) / rise);
+        }
+        if (periods == 0)
+            return;
+        for (PersonIndex person = 0; person < family_.persons(); ++person) {
+            if (const std::int64_t rise = repetition.rises[person]; rise != 0)
+                move(person, static_cast<Generation>(valueOrZero(generations_[person]) + periods * rise));
+        }
+        previous_ = repetition.lastPushed;
     }
 
     void move(PersonIndex person, Generation generation)
@@ -93,13 +114,12 @@ private:
             due_.insert(person);
     }
 
-    static constexpr std::int64_t greatestGeneration = std::numeric_limits<Generation>::max();
-
     const FamilyGraph& family_;
     std::vector<Generation>& generations_;
     SweepMode mode_;
     OrderedWorklist due_;
-    std::vector<Push> pushed_;
+    std::vector<PersonIndex> pushed_;
+    std::vector<PersonIndex> previous_; ///< the persons pushed in the sweep before
 };
 
 } // namespace

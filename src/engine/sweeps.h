@@ -9,14 +9,6 @@
 
 namespace lineara::engine {
 
-/// One person raised in a sweep, and by how much.
-struct Push
-{
-    PersonIndex person = 0;
-    Generation levels = 0;
-    friend bool operator==(const Push&, const Push&) = default;
-};
-
 enum class SweepMode : std::uint8_t
 {
     WithPartners, ///< the partners of a raised person are set to its new generation
@@ -30,6 +22,10 @@ enum class SweepsEnd : std::uint8_t
     Endless,   ///< neither would ever happen, or only beyond the range of a generation
     Stopped,   ///< the stop was requested
 };
+
+/// Nobody is raised above this: far more than any line of persons is long, while rows up to it would take hundreds of
+/// megabytes by themselves. The range of a generation is never left.
+inline constexpr Generation greatestGeneration = 1 << 24;
 
 /// Sweeps over the members in their order until the end that is returned. In a sweep every member that stands at or
 /// below a child is raised to one above its highest child; later members see that at once.

@@ -1,0 +1,123 @@
+#include "engine/process.h"
+
+#include "deadline.h"
+#include "family_maker.h"
+#include "literal_rules.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace lineara::engine {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+ProcessResult run(const FamilyMaker& family)
+{
+    return process(family.graph()).value();
+}
+
+bool tells(const ProcessResult& result, LogEntry::Kind kind)
+{
+    return std::ranges::count(result.log, kind, &LogEntry::kind) > 0;
+}
+
+/// A partner pair, 0 and 1, from whom lines of the given lengths lead to one child, the last person.
+FamilyMaker twoLines(std::uint32_t shorter, std::uint32_t longer)
+{
+    const PersonIndex child = 2 + shorter + longer;
+    FamilyMaker family(child + 1);
+    family.partners(0, 1).offspring(0, 2).line(2, 1 + shorter).offspring(1 + shorter, child);
+    family.offspring(1, 2 + shorter).line(2 + shorter, child);
+    return family;
+}
+
+} // namespace
+
+TEST(Balancing, RaisesAParentWhoIsPartnerOfItsChild)
+{
+    const auto result = run(FamilyMaker(2).offspring(0, 1).partners(0, 1));
+    const auto literal = processLiterally(FamilyMaker(2).offspring(0, 1).partners(0, 1).graph());
+    EXPECT_THAT(result.generations, ElementsAre(5, 4));
+    EXPECT_EQ(result.generations, literal->generations);
+    EXPECT_THAT(result.log, IsEmpty());
+}
+
+TEST(Balancing, LeavesAFamilyWithoutChildrenAlone)
+{
+    EXPECT_THAT(run(FamilyMaker(4).partners({{0, 1}, {2, 3}, {1, 2}})).generations, ElementsAre(1, 1, 1, 1));
+}
+
+TEST(Balancing, PullsPartnersAlong)
+{
+    // 5 starts level with its partner 0, high above its parent 4, who then rises with its partner 6.
+    const FamilyMaker family = FamilyMaker(7).line(0, 3).offspring(4, 5).partners({{0, 5}, {4, 6}});
+    const auto result = run(family);
+    EXPECT_EQ(result.generations[4], result.generations[5] + 1);
+    EXPECT_EQ(result.generations[6], result.generations[4]);
+    EXPECT_EQ(result.generations, processLiterally(family.graph())->generations);
+}
+
+TEST(Balancing, GoesBackAndLeavesPartnersOutWhereItWouldNeverEnd)
+{
+    const auto result = run(FamilyMaker(4).line(0, 3).partners(0, 3));
+    EXPECT_THAT(result.generations, ElementsAre(7, 6, 5, 4));
+    ASSERT_EQ(result.log.size(), 1U);
+    EXPECT_EQ(logLine(result.log[0]), "Pushing up with partners would never end. Pushing up without partners instead");
+}
+
+TEST(Balancing, EndsForTheSameFamilyYoungestFirst)
+{
+    const FamilyMaker family = FamilyMaker(4).offspring({{3, 2}, {2, 1}, {1, 0}}).partners(0, 3);
+    const auto result = run(family);
+    EXPECT_FALSE(tells(result, LogEntry::Kind::EndlessPush));
+    EXPECT_EQ(result.generations, processLiterally(family.graph())->generations);
+}
+
+TEST(Balancing, ProvesEndlessnessWhereOnePartnerFollowsTwoLinesOfDifferentSpeed)
+{
+    // 11 falls back to the slow 4 and is raised by the fast 9 again, each time by one more.
+    FamilyMaker family(12);
+    family.offspring({{1, 0}, {1, 11}, {1, 9}, {2, 5}, {2, 3}, {2, 8}, {4, 2}, {7, 11}, {7, 6}, {9, 2}});
+    family.offspring({{10, 8}, {10, 3}, {11, 6}, {11, 0}, {11, 9}});
+    family.partners({{1, 9}, {1, 11}, {0, 6}, {0, 9}, {2, 8}, {2, 10}, {2, 5}, {4, 11}, {4, 10}});
+    family.partners({{5, 8}, {6, 9}, {7, 11}, {8, 10}});
+    EXPECT_FALSE(processLiterally(family.graph(), 10'000).has_value());
+    EXPECT_TRUE(tells(run(family), LogEntry::Kind::EndlessPush));
+}
+
+TEST(Balancing, ProvesEndlessnessOfSeveralKnotsOfDifferentPeriods)
+{
+    FamilyMaker family(4 + 6 + 8 + 10);
+    family.line(0, 3).line(4, 9).line(10, 17).line(18, 27).partners({{0, 3}, {4, 9}, {10, 17}, {18, 27}});
+    EXPECT_TRUE(tells(run(family), LogEntry::Kind::EndlessPush));
+}
+
+TEST(Balancing, WorksOnTwoLinesOfDifferentLengthAsTheRulesDo)
+{
+#ifdef LINEARA_SANITIZED
+    const FamilyGraph family = twoLines(10, 400).graph();
+#else
+    const FamilyGraph family = twoLines(10, 3'200).graph();
+#endif
+    const auto result = process(family);
+    const auto literal = processLiterally(family);
+    ASSERT_TRUE(literal.has_value());
+    EXPECT_EQ(result->generations, literal->generations);
+    EXPECT_EQ(result->rows, literal->rows);
+    EXPECT_EQ(result->log, literal->log);
+}
+
+TEST(Balancing, TakesOneStepPerPushOnLongLines)
+{
+    const FamilyGraph family = twoLines(10, 100'000).graph();
+    const Deadline deadline(1);
+    const auto result = process(family);
+    EXPECT_GT(result->maxGeneration, 100'000);
+    EXPECT_FALSE(tells(*result, LogEntry::Kind::EndlessPush));
+}
+
+} // namespace lineara::engine
