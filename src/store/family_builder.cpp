@@ -18,9 +18,12 @@ public:
 
     std::unique_ptr<ObjectContext> build(const FamilyLinks& links, const Membership& membership)
     {
+        // Pools come first, as in files, so that the numbers mostly ascend.
+        const auto pools = addPools();
         addPersons();
         link(links);
-        addPools(membership.members);
+        for (std::size_t i = 0; i < pools.size(); ++i)
+            loader_.setMembers(*pools[i], personsAt(membership.members[i]));
         addPics(membership.pics);
         loader_.setUnknownObjects(std::move(raw_.unknownObjects));
         loader_.setUnknownInfo(std::move(raw_.unknownInfo));
@@ -58,15 +61,14 @@ private:
         }
     }
 
-    void addPools(const Lists<PersonIndex>& members)
+    std::vector<Pool*> addPools()
     {
         std::vector<Pool*> pools;
-        for (std::size_t i = 0; i < raw_.pools.size(); ++i) {
-            pools.push_back(&loader_.addPool(RecordId{raw_.pools[i]}));
-            loader_.setMembers(*pools.back(), personsAt(members[i]));
-        }
+        for (const auto number : raw_.pools)
+            pools.push_back(&loader_.addPool(RecordId{number}));
         for (auto& [pool, unknown] : raw_.unknownOfPools)
             loader_.setUnknown(*pools[pool], std::move(unknown));
+        return pools;
     }
 
     void addPics(const std::vector<std::uint32_t>& picOf)

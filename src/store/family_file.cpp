@@ -17,14 +17,10 @@ Failure unreadable(const QString& name, const Failure& reason)
     return Failure{u"“%1” can't be opened: %2"_qs.arg(name, reason.message)};
 }
 
-/// The tree and both copies of the text are gone when this returns; only then are the records made, which keeps the
-/// memory at the peak low.
+/// The text is gone when this returns; only then are the records made, which keeps the memory at the peak low.
 Outcome<store::RawFamily> readRaw(QByteArray bytes, QStringList& repairs)
 {
-    const auto source = store::XmlSource::parse(std::move(bytes));
-    if (source.failed())
-        return source.failure();
-    return store::readTree(source.value(), repairs);
+    return store::readText({bytes.constData(), static_cast<std::size_t>(bytes.size())}, repairs);
 }
 
 } // namespace

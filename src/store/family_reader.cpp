@@ -2,77 +2,102 @@
 
 #include "info_reader.h"
 #include "record_reader.h"
+#include "xml_file.h"
 
 namespace lineara::store {
 
 namespace {
 
-constexpr const char* rootName = "database";
-constexpr const char* infoName = "databaseInfo";
+constexpr std::string_view rootName = "database";
+constexpr std::string_view infoName = "databaseInfo";
 
-bool isText(pugi::xml_node node)
+bool isElement(pugi::xml_node node, std::string_view name)
 {
-    return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
+    return node.type() == pugi::node_element && node.name() == name;
 }
 
-/// The one "databaseInfo" of the file.
-Outcome<pugi::xml_node> findInfo(const XmlSource& source)
+/// Reads the children of the root, which come in several fragments.
+class ChildReader
 {
-    const auto root = source.root();
-    if (std::string_view(root.name()) != rootName)
-        return Failure{u"line %1: its root element is %2 instead of “database”."_qs.arg(source.line(root))
-                           .arg(shown(root.name()))};
-    const auto info = root.child(infoName);
-    if (!info)
-        return Failure{u"line %1: “databaseInfo” is missing."_qs.arg(source.line(root))};
-    if (const auto second = info.next_sibling(infoName))
-        return Failure{u"line %1: a second “databaseInfo”."_qs.arg(source.line(second))};
-    return info;
-}
+public:
+    ChildReader(const XmlFragment& fragment, QStringList& repairs)
+        : fragment_(fragment), repairs_(repairs), records_(fragment, family_, repairs)
+    {}
 
-void reportLosses(const XmlSource& source, pugi::xml_node info, QStringList& repairs)
-{
-    if (source.hasContentOutsideRoot())
-        repairs += u"Comments outside the “database” element are left out when the file is saved."_qs;
-    if (source.root().first_attribute() || info.first_attribute())
-        repairs += u"Attributes of “database” and “databaseInfo” are left out when the file is saved."_qs;
-}
-
-Outcome<Done> readObjects(const XmlSource& source, RawFamily& family, QStringList& repairs)
-{
-    RecordReader records(source, family, repairs);
-    std::uint32_t position = 0;
-    for (auto node = source.root().first_child(); node; node = node.next_sibling()) {
-        const std::string_view name = node.name();
-        if (name == infoName)
-            continue;
-        if (isText(node))
-            return Failure{u"line %1: stray text between the objects."_qs.arg(source.line(node))};
-        if (node.type() != pugi::node_element || name != "object")
-            family.unknownObjects.push_back({position, source.verbatim(node)});
-        else if (!records.read(node, position))
-            return Failure{records.failure()};
-        ++position;
+    /// Takes in what the fragment holds now.
+    Outcome<Done> read()
+    {
+        for (auto node = fragment_.top().first_child(); node; node = node.next_sibling()) {
+            if (auto taken = take(node); taken.failed())
+                return taken;
+        }
+        return Done{};
     }
-    return Done{};
-}
+
+    bool hasInfo() const { return hasInfo_; }
+    RawFamily family() && { return std::move(family_); }
+
+private:
+    Outcome<Done> take(pugi::xml_node node)
+    {
+        if (isElement(node, "object") && hasInfo_) {
+            const bool isSound = records_.read(node, position_++);
+            return isSound ? Outcome<Done>(Done{}) : Failure{records_.failure()};
+        }
+        if (isElement(node, infoName))
+            return takeInfo(node);
+        if (node.type() == pugi::node_element && !hasInfo_)
+            return Failure{u"line %1: “databaseInfo” is missing at the beginning."_qs.arg(fragment_.line(node))};
+        const bool canBeKept =
+            node.type() == pugi::node_element || node.type() == pugi::node_comment || node.type() == pugi::node_pi;
+        if (!canBeKept)
+            return Failure{
+                u"object %1 of the file: stray text or a stray declaration stands before it."_qs.arg(position_ + 1)};
+        family_.unknownObjects.push_back({position_++, fragment_.verbatim(node)});
+        return Done{};
+    }
+
+    Outcome<Done> takeInfo(pugi::xml_node node)
+    {
+        if (hasInfo_)
+            return Failure{u"line %1: a second “databaseInfo”."_qs.arg(fragment_.line(node))};
+        hasInfo_ = true;
+        if (node.first_attribute())
+            repairs_ += u"The attributes of “databaseInfo” are left out when the file is saved."_qs;
+        return readInfo(fragment_, node, family_, repairs_);
+    }
+
+    const XmlFragment& fragment_;
+    QStringList& repairs_;
+    RawFamily family_;
+    RecordReader records_;
+    std::uint32_t position_ = 0;
+    bool hasInfo_ = false;
+};
 
 } // namespace
 
-Outcome<RawFamily> readTree(const XmlSource& source, QStringList& repairs)
+Outcome<RawFamily> readText(std::string_view text, QStringList& repairs)
 {
-    const auto info = findInfo(source);
-    if (info.failed())
-        return info.failure();
-    RawFamily family;
-    if (auto read = readInfo(source, info.value(), family, repairs); read.failed())
-        return read.failure();
-    reportLosses(source, info.value(), repairs);
-    if (std::string_view(source.root().value()).find_first_not_of(" \t\r\n") != std::string_view::npos)
-        return Failure{u"line %1: stray text in “database”."_qs.arg(source.line(source.root()))};
-    if (auto read = readObjects(source, family, repairs); read.failed())
-        return read.failure();
-    return family;
+    auto file = XmlFile::open(text, rootName);
+    if (file.failed())
+        return file.failure();
+    if (file.value().hasContentAroundRoot())
+        repairs += u"Comments outside “database” and attributes of it are left out when the file is saved."_qs;
+    XmlFragment fragment(text);
+    ChildReader children(fragment, repairs);
+    for (;;) {
+        const auto more = file.value().next(fragment);
+        if (more.failed())
+            return more.failure();
+        if (!more.value())
+            break;
+        if (auto read = children.read(); read.failed())
+            return read.failure();
+    }
+    if (!children.hasInfo())
+        return Failure{u"line %1: “databaseInfo” is missing."_qs.arg(file.value().rootLine())};
+    return std::move(children).family();
 }
 
 } // namespace lineara::store

@@ -40,7 +40,7 @@ InfoPart partOf(pugi::xml_node node)
 class InfoReader
 {
 public:
-    InfoReader(const XmlSource& source, RawFamily& family) : source_(source), family_(family) {}
+    InfoReader(const XmlFragment& source, RawFamily& family) : source_(source), family_(family) {}
 
     Outcome<Done> read(pugi::xml_node info, QStringList& repairs)
     {
@@ -112,14 +112,14 @@ private:
 
     std::string_view value(InfoPart part) const { return values_[static_cast<std::size_t>(part)].value_or(""); }
 
-    const XmlSource& source_;
+    const XmlFragment& source_;
     RawFamily& family_;
     std::array<std::optional<std::string_view>, 4> values_;
 };
 
 } // namespace
 
-Outcome<Done> readInfo(const XmlSource& source, pugi::xml_node info, RawFamily& family, QStringList& repairs)
+Outcome<Done> readInfo(const XmlFragment& source, pugi::xml_node info, RawFamily& family, QStringList& repairs)
 {
     return InfoReader(source, family).read(info, repairs);
 }

@@ -2,13 +2,13 @@
 
 #include "platform/outcome.h"
 #include "raw_family.h"
-#include "xml_source.h"
+#include "xml_fragment.h"
 
 #include <QStringList>
 
 namespace lineara::store {
 
 /// Reads the "databaseInfo" element: versions, UUID, next object number. Refuses versions other than the current ones.
-Outcome<Done> readInfo(const XmlSource& source, pugi::xml_node info, RawFamily& family, QStringList& repairs);
+Outcome<Done> readInfo(const XmlFragment& source, pugi::xml_node info, RawFamily& family, QStringList& repairs);
 
 } // namespace lineara::store

@@ -10,19 +10,6 @@ namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
 
-/// Calls `take` with each word of the text until it returns false.
-template<class Take>
-bool everyWord(std::string_view text, Take take)
-{
-    for (auto begin = text.find_first_not_of(blanks); begin != std::string_view::npos;) {
-        const auto end = std::min(text.find_first_of(blanks, begin), text.size());
-        if (!take(text.substr(begin, end - begin)))
-            return false;
-        begin = text.find_first_not_of(blanks, end);
-    }
-    return true;
-}
-
 } // namespace
 
 QString shown(std::string_view text)
@@ -49,6 +36,8 @@ std::optional<std::vector<UnknownElement>> ObjectMembers::read(MemberSink& sink)
     }
     std::uint32_t position = 0;
     for (auto node = object_.first_child(); node; node = node.next_sibling(), ++position) {
+        if (sink.takeAsWritten(node))
+            continue;
         const auto verdict = readMember(sink, node);
         if (verdict == MemberSink::Verdict::Failed)
             return std::nullopt;

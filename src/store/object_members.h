@@ -3,7 +3,7 @@
 #include "platform/outcome.h"
 #include "raw_family.h"
 #include "text_decoding.h"
-#include "xml_source.h"
+#include "xml_fragment.h"
 
 #include <QStringList>
 
@@ -36,6 +36,9 @@ public:
     };
 
     virtual ~MemberSink() = default;
+    /// Takes a member that stands exactly as the writer writes it, if the sink knows a short way to do so. False leaves
+    /// everything as it was, and the member to the other two.
+    virtual bool takeAsWritten(pugi::xml_node) { return false; }
     virtual Verdict attribute(const Member& member) = 0;
     virtual Verdict relationship(const Member& member) = 0;
 };
@@ -44,7 +47,7 @@ public:
 class ObjectMembers
 {
 public:
-    ObjectMembers(const XmlSource& source, QStringList& repairs) : source_(source), repairs_(repairs) {}
+    ObjectMembers(const XmlFragment& source, QStringList& repairs) : source_(source), repairs_(repairs) {}
 
     /// What later messages call the place.
     void enter(pugi::xml_node object, std::string_view id);
@@ -72,7 +75,7 @@ private:
     std::optional<DecodedText> decoded(const Member& member);
     std::optional<QByteArray> bytes(const Member& member);
 
-    const XmlSource& source_;
+    const XmlFragment& source_;
     QStringList& repairs_;
     pugi::xml_node object_;
     std::string_view id_;

@@ -34,6 +34,8 @@ public:
     /// Adds to the list that close() will end.
     void add(T value) { values_.push_back(value); }
     void close() { ends_.push_back(values_.size()); }
+    /// Forgets what was added since the last close().
+    void drop() { values_.resize(ends_.empty() ? 0 : ends_.back()); }
     void append(std::span<const T> list)
     {
         values_.insert(values_.end(), list.begin(), list.end());

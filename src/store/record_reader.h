@@ -8,8 +8,8 @@ namespace lineara::store {
 class RecordReader
 {
 public:
-    RecordReader(const XmlSource& source, RawFamily& family, QStringList& repairs)
-        : source_(source), family_(family), members_(source, repairs)
+    RecordReader(const XmlFragment& fragment, RawFamily& family, QStringList& repairs)
+        : fragment_(fragment), family_(family), members_(fragment, repairs)
     {}
 
     /// `position` is the place among the objects of the file. False if the object is defective; see failure().
@@ -18,11 +18,12 @@ public:
     const QString& failure() const { return members_.failure(); }
 
 private:
+    bool readAnyObject(pugi::xml_node object, std::uint32_t position);
     bool readPerson(Number number);
     bool readPool(Number number);
     bool readPic(Number number);
 
-    const XmlSource& source_;
+    const XmlFragment& fragment_;
     RawFamily& family_;
     ObjectMembers members_;
 };

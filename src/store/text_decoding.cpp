@@ -27,7 +27,7 @@ constexpr std::array<std::uint8_t, 256> byteKinds()
     std::array<std::uint8_t, 256> kinds{};
     for (std::size_t byte = 0; byte < kinds.size(); ++byte)
         kinds[byte] = byte < 0x20 ? Special : byte < 0x80 ? Plain : High;
-    kinds['\0'] = End;
+    kinds['\0'] = kinds['<'] = End;
     kinds['\t'] = kinds['\n'] = Plain;
     kinds['&'] = kinds[0xEF] = Special;
     return kinds;
@@ -131,21 +131,24 @@ QString fromUtf8(std::string_view bytes)
 
 } // namespace
 
+std::optional<QString> decodeSimpleText(std::string_view text, std::size_t& end)
+{
+    unsigned kinds = Plain;
+    for (end = 0; end < text.size() && kindOf[static_cast<unsigned char>(text[end])] != End; ++end)
+        kinds |= kindOf[static_cast<unsigned char>(text[end])];
+    const auto length = static_cast<qsizetype>(end);
+    if ((kinds & Special) != 0)
+        return std::nullopt;
+    return kinds == Plain ? QString::fromLatin1(text.data(), length) : QString::fromUtf8(text.data(), length);
+}
+
 DecodedText decodeText(const char* text)
 {
-    const char* end = text;
-    unsigned kinds = Plain;
-    for (; kindOf[static_cast<unsigned char>(*end)] != End; ++end)
-        kinds |= kindOf[static_cast<unsigned char>(*end)];
-    const auto length = end - text;
-    if (length == 0)
-        return {QStringLiteral(""), TextFlaw::None};
-    if (kinds == Plain)
-        return {QString::fromLatin1(text, length), TextFlaw::None};
-    if (kinds == High)
-        return {QString::fromUtf8(text, length), TextFlaw::None};
+    std::size_t end = 0;
+    if (auto simple = decodeSimpleText(text, end))
+        return {*std::move(simple), TextFlaw::None};
     Decoder decoder;
-    decoder.append(fromUtf8({text, static_cast<std::size_t>(length)}), true);
+    decoder.append(fromUtf8(text), true);
     return std::move(decoder).result();
 }
 

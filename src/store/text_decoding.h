@@ -21,6 +21,10 @@ struct DecodedText
     TextFlaw flaw = TextFlaw::None;
 };
 
+/// Decodes what stands before the first zero byte or '<', if that needs no closer look: if there are no references,
+/// carriage returns or other control characters in it. `end` is set to where it ends.
+std::optional<QString> decodeSimpleText(std::string_view text, std::size_t& end);
+
 /// Decodes character data that ends at a zero byte: references are resolved and line ends become "\n".
 /// The bytes must be valid UTF-8.
 DecodedText decodeText(const char* text);

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "member_verdicts.h"
+
+namespace lineara::store {
+
+/// Receives the members of a person: values and single references go into the person, links into the family's lists.
+class PersonSink : public MemberSink
+{
+public:
+    PersonSink(const XmlFragment& fragment, ObjectMembers& members, RawPerson& person, RawFamily& family)
+        : fragment_(fragment), members_(members), person_(person), family_(family), once_(members)
+    {}
+
+    bool takeAsWritten(pugi::xml_node node) override;
+    Verdict attribute(const Member& member) override;
+    Verdict relationship(const Member& member) override;
+
+private:
+    bool takeWritten(std::size_t slot, std::string_view rest);
+    bool takeWrittenText(std::optional<QString>& value, std::string_view rest);
+    bool takeWrittenNumber(std::optional<std::int32_t>& value, std::string_view rest);
+    bool takeWrittenLinks(Lists<Number>& list, std::string_view rest);
+    bool takeWrittenReference(Number& number, std::string_view rest);
+    Verdict takeField(std::size_t field, const Member& member);
+
+    Lists<Number>& linkList(std::size_t link);
+
+    const XmlFragment& fragment_;
+    ObjectMembers& members_;
+    RawPerson& person_;
+    RawFamily& family_;
+    OnceOnly once_;
+    std::size_t next_ = 0; ///< the slot after the one that was filled last; files name members in the order of slots
+};
+
+} // namespace lineara::store
