@@ -1,6 +1,7 @@
 #include "gedcom_charset.h"
 
 #include "gedcom_line.h"
+#include "import_failure.h"
 #include "import_notes.h"
 
 #include <QStringBuilder>
@@ -57,17 +58,24 @@ bool isUtf8Name(std::string_view charset)
     return charset.starts_with("UTF-8") || charset.starts_with("UTF8");
 }
 
+Failure unreadableCharset(const QString& name, const QString& charset)
+{
+    return importFailure(name,
+                         QStringLiteral("it is written in the character set %1, which can't be read yet; save it as "
+                                        "UTF-8 and import it again.")
+                             .arg(charset));
+}
+
 Failure notUtf8(std::string_view text, const QString& name)
 {
     const Header header = headerOf(text);
     if (!header.isThere)
-        return {QStringLiteral("%1 is not a GEDCOM file.").arg(name)};
+        return notGedcom(name);
     if (header.charset.empty() || isUtf8Name(header.charset))
-        return {
-            QStringLiteral("%1 is said to be in UTF-8, but is not. Save it as UTF-8 and import it again.").arg(name)};
-    return {QStringLiteral("%1 is written in the character set %2, which can't be read yet. Save it as UTF-8 and "
-                           "import it again.")
-                .arg(name, inQuotes(header.charset))};
+        return importFailure(name,
+                             QStringLiteral("it is said to be in UTF-8, but is not; save it as UTF-8 and import it "
+                                            "again."));
+    return unreadableCharset(name, inQuotes(header.charset));
 }
 
 } // namespace
@@ -78,11 +86,9 @@ Outcome<std::string_view> gedcomText(const QByteArray& bytes, const QString& nam
     if (text.starts_with(utf8Mark))
         text.remove_prefix(utf8Mark.size());
     if (text.empty())
-        return Failure{QStringLiteral("%1 is empty.").arg(name)};
+        return importFailure(name, QStringLiteral("the file is empty."));
     if (isUtf16(text))
-        return Failure{QStringLiteral("%1 is written in the character set \"UTF-16\", which can't be read yet. Save it "
-                                      "as UTF-8 and import it again.")
-                           .arg(name)};
+        return unreadableCharset(name, QStringLiteral("\"UTF-16\""));
     if (isAscii(text))
         return text;
     if (!bytes.isValidUtf8())

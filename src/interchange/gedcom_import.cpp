@@ -4,6 +4,7 @@
 #include "gedcom_families.h"
 #include "gedcom_persons.h"
 #include "gedcom_tree.h"
+#include "import_failure.h"
 #include "import_notes.h"
 #include "node_ledger.h"
 
@@ -126,7 +127,7 @@ Outcome<ImportedFamily> importGedcom(const QByteArray& bytes, const QString& nam
         return text.failure();
     const GedcomTree tree = GedcomTree::read(text.value(), notes);
     if (tree.records().empty())
-        return Failure{QStringLiteral("%1 is not a GEDCOM file.").arg(name)};
+        return notGedcom(name);
 
     NodeLedger ledger(tree, notes);
     takeFrame(tree, ledger);
@@ -154,12 +155,12 @@ Outcome<ImportedFamily> importGedcomFile(const QString& path)
     const QString name = QFileInfo(path).fileName();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return Failure{QStringLiteral("%1 could not be read: %2.").arg(name, file.errorString())};
+        return importFailure(name, file.errorString() + u'.');
     const QByteArray bytes = file.read(mostBytes + 1);
     if (file.error() != QFileDevice::NoError)
-        return Failure{QStringLiteral("%1 could not be read: %2.").arg(name, file.errorString())};
+        return importFailure(name, file.errorString() + u'.');
     if (bytes.size() > mostBytes)
-        return Failure{QStringLiteral("%1 is too large to be imported (more than 512 MB).").arg(name)};
+        return importFailure(name, QStringLiteral("it has more than 512 MB."));
     return importGedcom(bytes, name);
 }
 

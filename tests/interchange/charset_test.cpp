@@ -25,11 +25,11 @@ TEST(GedcomCharset, PlainAsciiIsReadWhateverIsDeclared)
 
 TEST(GedcomCharset, BytesThatAreNotUtf8AreRefusedByTheNameOfTheirCharset)
 {
-    EXPECT_EQ(
-        failureOf("0 HEAD\n1 CHAR ANSEL\n0 @I1@ INDI\n1 NAME Ren\xE2"
-                  "e\n"),
-        "test.ged is written in the character set \"ANSEL\", which can't be read yet. Save it as UTF-8 and import it "
-        "again.");
+    EXPECT_EQ(failureOf("0 HEAD\n1 CHAR ANSEL\n0 @I1@ INDI\n1 NAME Ren\xE2"
+                        "e\n"),
+              "“test.ged” can't be imported: it is written in the character set \"ANSEL\", which can't be read yet; "
+              "save it as UTF-8 and import it "
+              "again.");
     EXPECT_THAT(failureOf("0 HEAD\n1 CHAR ANSI\n0 @I1@ INDI\n1 NAME Ren\xE9\n"), HasSubstr("character set \"ANSI\""));
     EXPECT_THAT(failureOf("0 HEAD\n1 CHAR UTF-8\n0 @I1@ INDI\n1 NAME Ren\xE9\n"), HasSubstr("said to be in UTF-8"));
     EXPECT_THAT(failureOf("0 HEAD\n0 @I1@ INDI\n1 NAME Ren\xE9\n"), HasSubstr("said to be in UTF-8"));
@@ -54,12 +54,13 @@ TEST(GedcomCharset, Utf8UnderAnotherNameIsReadAndTold)
 
 TEST(GedcomCharset, WhatIsNoGedcomIsRefused)
 {
-    EXPECT_EQ(failureOf(""), "test.ged is empty.");
-    EXPECT_EQ(failureOf("\xEF\xBB\xBF"), "test.ged is empty.");
-    EXPECT_EQ(failureOf("\x89PNG\r\n\x1A\n\x8F\x90"), "test.ged is not a GEDCOM file.");
-    EXPECT_EQ(failureOf("PK\x03\x04\xFF\xFF"), "test.ged is not a GEDCOM file.");
-    EXPECT_EQ(failureOf("<?xml version=\"1.0\"?>\n<database/>\n"), "test.ged is not a GEDCOM file.");
-    EXPECT_EQ(failureOf("\n\n  \n"), "test.ged is not a GEDCOM file.");
+    EXPECT_EQ(failureOf(""), "“test.ged” can't be imported: the file is empty.");
+    EXPECT_EQ(failureOf("\xEF\xBB\xBF"), "“test.ged” can't be imported: the file is empty.");
+    EXPECT_EQ(failureOf("\x89PNG\r\n\x1A\n\x8F\x90"), "“test.ged” can't be imported: it is not a GEDCOM file.");
+    EXPECT_EQ(failureOf("PK\x03\x04\xFF\xFF"), "“test.ged” can't be imported: it is not a GEDCOM file.");
+    EXPECT_EQ(failureOf("<?xml version=\"1.0\"?>\n<database/>\n"),
+              "“test.ged” can't be imported: it is not a GEDCOM file.");
+    EXPECT_EQ(failureOf("\n\n  \n"), "“test.ged” can't be imported: it is not a GEDCOM file.");
 }
 
 } // namespace

@@ -63,7 +63,7 @@ TEST(ImportReport, AFileThatCanNotBeReadIsNamed)
     QTemporaryDir folder;
     const auto missing = importGedcomFile(folder.filePath(QStringLiteral("missing.ged")));
     ASSERT_TRUE(missing.failed());
-    EXPECT_THAT(missing.failure().message.toStdString(), HasSubstr("missing.ged could not be read: "));
+    EXPECT_THAT(missing.failure().message.toStdString(), HasSubstr("“missing.ged” can't be imported: "));
     EXPECT_TRUE(importGedcomFile(folder.path()).failed());
 }
 
