@@ -9,9 +9,10 @@
 #include "made_family.h"
 
 #include <QApplication>
+#include <QScrollBar>
+#include <QWheelEvent>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -65,27 +66,38 @@ Times framesOf(TreeView& view, int steps, const std::function<void(int step)>& m
     return times;
 }
 
+/// Along a row and up through the rows, as the scroll bars move the view.
 Times scrolling(TreeView& view)
 {
     view.zoomTo(1, {0, 0});
-    const QSizeF canvas = view.canvasSize();
-    const double left = canvas.width() / 3;
-    const double bottom = canvas.height() / 3;
+    view.scrollTo(view.canvasSize().width() / 3, view.canvasSize().height() / 3);
     return framesOf(view, 300, [&](int step) {
-        const int along = 40 * (step % 150);
-        view.scrollTo(left + along, bottom + (step < 150 ? 0 : along / 4));
+        QScrollBar& bar = step < 200 ? *view.horizontalScrollBar() : *view.verticalScrollBar();
+        bar.setValue(bar.value() + (step % 100 < 50 ? 40 : -40));
     });
 }
 
+void turnWheel(TreeView& view, int angle)
+{
+    const QPointF pointer(700, 450);
+    QWheelEvent event(pointer, view.viewport()->mapToGlobal(pointer), {}, {0, angle}, Qt::NoButton, Qt::ControlModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(view.viewport(), &event);
+}
+
+/// From 400 % down to less than 2 % and back by the wheel, every picture at another zoom.
 Times zooming(TreeView& view)
 {
-    view.zoomTo(1, {0, 0});
-    view.scrollTo(view.canvasSize().width() / 2, view.canvasSize().height() / 2);
-    // From 400 % down to 2 % and back, a hundred steps each way.
-    return framesOf(view, 200, [&](int step) {
-        const int down = step < 100 ? step : 200 - step;
-        view.zoomTo(4 * std::pow(0.02 / 4, down / 100.0), {700, 450});
-    });
+    view.zoomTo(4, {0, 0});
+    view.scrollTo(view.canvasSize().width() * 2, view.canvasSize().height() * 2);
+    return framesOf(view, 240, [&](int step) { turnWheel(view, step < 120 ? -30 : 30); });
+}
+
+/// The same picture again and again, as it looks at rest.
+Times resting(TreeView& view, double zoom)
+{
+    view.zoomTo(zoom, {700, 450});
+    return framesOf(view, 30, [](int) {});
 }
 
 Times fitting(TreeView& view)
@@ -117,17 +129,21 @@ void measure(std::uint32_t persons)
         view.emplace(pool, firstFrame(viewport.width(), pool.maxGenerationSize(), pool.maxGeneration()), random,
                      &window);
     });
+    const auto bytes = static_cast<double>(heapInUse() - before);
     const double firstPaint = millisecondsOf([&] {
         view->resize(viewport);
         view->show();
         view->viewport()->repaint();
     });
-    const auto bytes = static_cast<double>(heapInUse() - before);
+    const auto bytesDrawn = static_cast<double>(heapInUse() - before);
 
-    std::printf("%u persons\n  build %.2f   first paint %.2f   together %.2f   bytes a person %.0f\n", persons,
-                building, firstPaint, building + firstPaint, bytes / members);
+    std::printf("%u persons\n  build %.2f   first paint %.2f   together %.2f\n", persons, building, firstPaint,
+                building + firstPaint);
+    std::printf("  bytes a person %.0f, with the first picture %.0f\n", bytes / members, bytesDrawn / members);
     print("scrolling", scrolling(*view));
     print("zooming", zooming(*view));
+    print("at 100 %", resting(*view, 1));
+    print("at 50 %", resting(*view, 0.5));
     print("fit", fitting(*view));
     std::fflush(stdout);
 }

@@ -33,14 +33,14 @@ void paintCoarsely(QPainter& painter, const FamilyScene& scene, const QRectF& ar
 } // namespace
 
 std::vector<std::uint32_t> CanvasPainter::paint(QPainter& painter, const FamilyScene& scene, const QRectF& area,
-                                                Detail detail)
+                                                Detail detail, Motion motion)
 {
     std::vector<std::uint32_t> drawn;
     if (detail == Detail::Coarse) {
         paintCoarsely(painter, scene, area);
     } else {
         painter.setRenderHint(QPainter::Antialiasing, detail == Detail::Full);
-        drawn = paintLinks(painter, scene, area, detail);
+        drawn = paintLinks(painter, scene, area, motion == Motion::Moving ? Detail::Plain : detail);
         scene.visitNodes(area, [&](const LeafView& node) { nodes_.paint(painter, node, detail); });
     }
     if (const auto& band = scene.personLayer().connection())

@@ -219,7 +219,9 @@ void TreeView::paintEvent(QPaintEvent* event)
     QPainter painter(viewport());
     painter.fillRect(event->rect(), Qt::white);
     painter.setTransform(view_.pictureToView());
-    scene_.keepPathsOf(painter_.paint(painter, scene_, toPicture(view_.visible()), detailAt(view_.zoom())));
+    const QRectF area = toPicture(view_.visible());
+    const Motion motion = rest_.isActive() ? Motion::Moving : Motion::Still;
+    scene_.keepPathsOf(painter_.paint(painter, scene_, area, detailAt(view_.zoom()), motion));
 }
 
 } // namespace lineara

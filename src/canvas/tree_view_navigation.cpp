@@ -11,6 +11,7 @@
 #include <QNativeGestureEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QTimerEvent>
 #include <QToolTip>
 #include <QWheelEvent>
 
@@ -23,7 +24,9 @@ namespace {
 
 constexpr double zoomStep = 1.25;
 constexpr double readableZoom = 0.5;
+constexpr double startMargin = 60; // below the youngest, whose ancestors are what there is to see
 constexpr int scrollStep = 20;
+constexpr int restMilliseconds = 150;
 
 struct BarRange
 {
@@ -104,6 +107,7 @@ void TreeView::showStartPlace()
     const LeafView& node =
         person && scene_.shows(*person) ? *person->leafView() : *scene_.personLayer().nodes().front();
     view_.centre(node.frame(), 1);
+    view_.setPlace(view_.left(), node.frame().y - startMargin);
 }
 
 void TreeView::reveal(const Person& person)
@@ -180,7 +184,7 @@ void TreeView::scrollContentsBy(int, int)
     if (updatingScrollBars_)
         return;
     view_.setPlace(horizontalScrollBar()->value(), -verticalScrollBar()->value());
-    viewport()->update();
+    movedByHand(true);
 }
 
 void TreeView::resizeEvent(QResizeEvent*)
@@ -198,24 +202,36 @@ bool TreeView::viewportEvent(QEvent* event)
         showToolTip(static_cast<const QHelpEvent&>(*event));
         return true;
     case QEvent::Gesture:
-        return moveView(navigation_.gesture(static_cast<QGestureEvent&>(*event)));
+        return movedByHand(navigation_.gesture(static_cast<QGestureEvent&>(*event)));
     case QEvent::NativeGesture:
-        return moveView(navigation_.nativeGesture(static_cast<const QNativeGestureEvent&>(*event)));
+        return movedByHand(navigation_.nativeGesture(static_cast<const QNativeGestureEvent&>(*event)));
     default:
         return QAbstractScrollArea::viewportEvent(event);
     }
 }
 
-bool TreeView::moveView(bool moved)
+bool TreeView::movedByHand(bool moved)
 {
-    if (moved)
+    if (moved) {
+        rest_.start(restMilliseconds, this);
         viewMoved();
+    }
     return moved;
+}
+
+void TreeView::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() != rest_.timerId()) {
+        QAbstractScrollArea::timerEvent(event);
+        return;
+    }
+    rest_.stop();
+    viewport()->update();
 }
 
 void TreeView::wheelEvent(QWheelEvent* event)
 {
-    event->setAccepted(moveView(navigation_.wheel(*event)));
+    event->setAccepted(movedByHand(navigation_.wheel(*event)));
 }
 
 void TreeView::mousePressEvent(QMouseEvent* event)
@@ -227,7 +243,7 @@ void TreeView::mousePressEvent(QMouseEvent* event)
 
 void TreeView::mouseMoveEvent(QMouseEvent* event)
 {
-    event->setAccepted(moveView(navigation_.move(*event)));
+    event->setAccepted(movedByHand(navigation_.move(*event)));
 }
 
 void TreeView::mouseReleaseEvent(QMouseEvent* event)

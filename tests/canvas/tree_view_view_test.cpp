@@ -87,7 +87,7 @@ TEST(StartPlace, FamilyThatFitsAtHalfSizeIsShownWhole)
         EXPECT_TRUE(isInView(view, *person));
 }
 
-TEST(StartPlace, LargeFamilyIsReadableAndShowsThePersonWithTheLongestLine)
+TEST(StartPlace, LargeFamilyIsReadableWithThePersonOfTheLongestLineBelowItsAncestors)
 {
     ShownFamily family;
     std::vector<Person*> line;
@@ -99,6 +99,7 @@ TEST(StartPlace, LargeFamilyIsReadableAndShowsThePersonWithTheLongestLine)
     TreeView& view = family.processAndShow();
     EXPECT_EQ(view.zoom(), 1);
     EXPECT_TRUE(isInView(view, *line.back()));
+    EXPECT_GT(family.pixelOf(*line.back()).y(), 500);
 }
 
 TEST(StartPlace, EmptyRowsBelowAreNotWhatIsShown)
@@ -391,6 +392,21 @@ TEST(Painting, IsWhiteInEveryTheme)
     QApplication::setPalette(before);
     EXPECT_EQ(light.pixelColor(899, 0), QColor(Qt::white));
     EXPECT_EQ(light, inTheDark);
+}
+
+TEST(Painting, LinksAreSmoothAgainSoonAfterTheViewHasMoved)
+{
+    ShownFamily family;
+    addManyRows(family);
+    family.pool.persons()[40]->addChild(*family.pool.persons()[3]);
+    TreeView& view = family.processAndShow();
+    view.actualSize();
+    view.scrollTo(0, 0);
+    const QImage atRest = pictureOf(view);
+    turnWheel(view, {0, 120}, Qt::NoModifier);
+    turnWheel(view, {0, -120}, Qt::NoModifier);
+    EXPECT_NE(pictureOf(view), atRest);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pictureOf(view) == atRest; }));
 }
 
 TEST(Painting, BuildsPathsOnlyForLinksInView)

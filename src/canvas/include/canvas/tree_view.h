@@ -8,6 +8,7 @@
 #include "model/object_context.h"
 
 #include <QAbstractScrollArea>
+#include <QBasicTimer>
 
 #include <cstdint>
 #include <optional>
@@ -99,6 +100,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
     void trimView();
@@ -120,7 +122,7 @@ private:
     void showStartPlace();
     void zoomBy(double factor);
     void viewMoved();
-    bool moveView(bool moved);
+    bool movedByHand(bool moved);
     void updateScrollBars();
     void updateCursor();
     void showToolTip(const QHelpEvent& event);
@@ -135,6 +137,7 @@ private:
     std::vector<std::vector<RecordId>> generations_;
     Subscription subscription_;
     QSizeF heldCanvas_{0, 0}; // while a pointer is down the canvas does not shrink below it
+    QBasicTimer rest_;        // runs while the view is being moved by hand, and a moment longer
     double shownZoom_ = 1;    // as last told by zoomChanged()
     bool passRequested_ = false;
     bool contentStale_ = false;
