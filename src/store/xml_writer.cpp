@@ -4,7 +4,6 @@
 
 #include <array>
 #include <charconv>
-#include <cstring>
 
 namespace lineara::store {
 
@@ -27,7 +26,7 @@ XmlWriter::XmlWriter(ByteSink sink) : sink_(std::move(sink)) {}
 
 void XmlWriter::copy(std::string_view bytes)
 {
-    std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
+    bytes.copy(buffer_.get() + used_, bytes.size());
     used_ += bytes.size();
 }
 
