@@ -7,7 +7,7 @@
 
 namespace lineara {
 
-StartWindow::StartWindow(StartCommands commands)
+StartWindow::StartWindow(const StartCommands& commands)
 {
     setObjectName(QStringLiteral("startWindow"));
     setWindowTitle(QStringLiteral("Lineara"));

@@ -19,7 +19,7 @@ struct StartCommands
 class StartWindow : public QMainWindow
 {
 public:
-    explicit StartWindow(StartCommands commands);
+    explicit StartWindow(const StartCommands& commands);
 
     QMenu* fileMenu() const { return fileMenu_; }
     QMenu* helpMenu() const { return helpMenu_; }

@@ -69,7 +69,7 @@ std::int32_t truncated(double value)
 {
     if (std::isnan(value))
         return 0;
-    const double limit = static_cast<double>(largest);
+    const auto limit = static_cast<double>(largest);
     return static_cast<std::int32_t>(std::clamp(value, -limit - 1, limit));
 }
 

@@ -31,8 +31,8 @@ public:
     Document& operator=(const Document&) = delete;
 
     const QString& path() const { return path_; }
-    Pool& pool() { return *family_.pool; }
-    ObjectContext& context() { return *family_.context; }
+    Pool& pool() const { return *family_.pool; }
+    ObjectContext& context() const { return *family_.context; }
     DocumentWindow& window() { return *window_; }
 
     /// The canvas, or nullptr before the first processing has ended.

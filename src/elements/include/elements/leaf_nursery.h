@@ -44,7 +44,7 @@ private:
     struct RemovedNode
     {
         RecordId person;
-        const LeafView* node;
+        const LeafView* node = nullptr;
     };
     std::vector<RemovedNode> removed_;
     Subscription subscription_;
