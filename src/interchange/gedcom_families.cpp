@@ -22,7 +22,7 @@ constexpr std::size_t mostSpouses = 64;
 class Membership
 {
 public:
-    void add(NodeIndex family, PersonIndex person) { pairs_.push_back({family, person}); }
+    void add(NodeIndex family, PersonIndex person) { pairs_.emplace_back(family, person); }
     void finish() { std::sort(pairs_.begin(), pairs_.end()); }
     bool contains(NodeIndex family, PersonIndex person) const
     {

@@ -62,7 +62,7 @@ QString NodeLedger::describe(NodeIndex index) const
     std::string path(tree_[index].line.tag);
     for (auto above = tree_[index].parent; above; above = tree_[*above].parent)
         path.insert(0, std::string(tree_[*above].line.tag) + '.');
-    const QString shownPath = QString::fromStdString(path);
+    QString shownPath = QString::fromStdString(path);
     const GedcomLine& line = tree_[index].line;
     if (line.value.empty())
         return shownPath;
