@@ -1,11 +1,13 @@
 #include "sweeps.h"
 
+#include "family_parts.h"
 #include "graph_queries.h"
 #include "ordered_worklist.h"
 #include "period_search.h"
 #include "repetition.h"
 
 #include <algorithm>
+#include <bit>
 #include <utility>
 
 namespace lineara::engine {
@@ -36,6 +38,8 @@ public:
             if (pushed_ == previous_)
                 return SweepsEnd::Repeating;
             std::swap(previous_, pushed_);
+            if (std::has_single_bit(++sweeps_) && sweeps_ >= firstLookAtParts && hasEndlessPart(stop))
+                return SweepsEnd::Endless;
             const auto sweeps = search.guessAfter(previous_);
             const auto repetition =
                 sweeps ? findRepetition(family_, mode_, generations_, previous_, *sweeps) : std::nullopt;
@@ -80,6 +84,30 @@ private:
         return true;
     }
 
+    /// Whether a part without links to the rest would never end by itself: no two sweeps running ever push the same
+    /// persons of it, so neither do they push the same persons in all. Many parts with periods of their own repeat as
+    /// a whole only after the least common multiple of their periods, but each of them does so soon.
+    bool hasEndlessPart(const std::stop_token& stop) const
+    {
+        const std::vector<FamilyPart> parts = partsWith(family_, previous_);
+        return parts.size() > 1 &&
+               std::ranges::any_of(parts, [&](const FamilyPart& part) { return isEndlessAlone(part, stop); });
+    }
+
+    bool isEndlessAlone(const FamilyPart& part, const std::stop_token& stop) const
+    {
+        std::vector<Generation> generations;
+        for (const PersonIndex person : part.persons)
+            generations.push_back(generations_[person]);
+        Sweeps alone(part.graph, generations, mode_);
+        for (const PersonIndex pushed : previous_) {
+            const auto at = std::ranges::lower_bound(part.persons, pushed);
+            if (at != part.persons.end() && *at == pushed)
+                alone.previous_.push_back(static_cast<PersonIndex>(at - part.persons.begin()));
+        }
+        return alone.untilEnd(stop) == SweepsEnd::Endless;
+    }
+
     /// Makes all sweeps of the repetition at once, or as many of its periods as end in range.
     void leapOver(const Repetition& repetition)
     {
@@ -114,11 +142,14 @@ private:
             due_.insert(person);
     }
 
+    static constexpr std::size_t firstLookAtParts = 256;
+
     const FamilyGraph& family_;
     std::vector<Generation>& generations_;
     SweepMode mode_;
     OrderedWorklist due_;
     std::vector<PersonIndex> pushed_;
+    std::size_t sweeps_ = 0;
     std::vector<PersonIndex> previous_; ///< the persons pushed in the sweep before
 };
 

@@ -89,11 +89,27 @@ TEST(Balancing, ProvesEndlessnessWhereOnePartnerFollowsTwoLinesOfDifferentSpeed)
     EXPECT_TRUE(tells(run(family), LogEntry::Kind::EndlessPush));
 }
 
-TEST(Balancing, ProvesEndlessnessOfSeveralKnotsOfDifferentPeriods)
+TEST(Balancing, ProvesEndlessnessOfManyKnotsOfDifferentPeriods)
 {
-    FamilyMaker family(4 + 6 + 8 + 10);
-    family.line(0, 3).line(4, 9).line(10, 17).line(18, 27).partners({{0, 3}, {4, 9}, {10, 17}, {18, 27}});
-    EXPECT_TRUE(tells(run(family), LogEntry::Kind::EndlessPush));
+    // Lines of 4 to 40 persons, each with a period of its own: together they repeat only after ages.
+    FamilyMaker family((40 + 4) * 37 / 2);
+    PersonIndex oldest = 0;
+    for (std::uint32_t length = 4; length <= 40; oldest += length, ++length)
+        family.line(oldest, oldest + length - 1).partners(oldest, oldest + length - 1);
+    ASSERT_EQ(oldest, family.persons());
+    const FamilyGraph graph = family.graph();
+    const Deadline deadline(1);
+    EXPECT_TRUE(tells(process(graph).value(), LogEntry::Kind::EndlessPush));
+}
+
+TEST(Balancing, ReachesTheLimitOfGenerationsWhereAKnotNeverRepeats)
+{
+    // Two knots of different speed that share persons: the slower one slips by one sweep ever more seldom.
+    std::mt19937_64 random(3 * 1'000'003 + 7316);
+    const FamilyGraph graph = randomFamily({20, 60, 1.0, 0.4, 0.2, 0.05}, random);
+    ASSERT_FALSE(processLiterally(graph, 20'000).has_value());
+    const Deadline deadline(1);
+    EXPECT_TRUE(tells(process(graph).value(), LogEntry::Kind::EndlessPush));
 }
 
 TEST(Balancing, WorksOnTwoLinesOfDifferentLengthAsTheRulesDo)
