@@ -46,16 +46,16 @@ DocumentWindow::DocumentWindow()
 void DocumentWindow::makeViewMenu()
 {
     viewMenu_ = menuBar()->addMenu(tr("&View"));
-    const auto add = [this](const QString& text, const QKeySequence& shortcut, void (TreeView::*command)()) {
+    const auto add = [this](const QString& text, const QKeySequence& shortcut, auto command) {
         QAction* action = viewMenu_->addAction(text);
         action->setShortcut(shortcut);
         action->setEnabled(false);
-        connect(action, &QAction::triggered, this, [this, command] { (canvas_->*command)(); });
+        connect(action, &QAction::triggered, this, [this, command] { command(*canvas_); });
     };
-    add(tr("Zoom &In"), QKeySequence::ZoomIn, &TreeView::zoomIn);
-    add(tr("Zoom &Out"), QKeySequence::ZoomOut, &TreeView::zoomOut);
-    add(tr("&Actual Size"), QKeySequence(Qt::CTRL | Qt::Key_0), &TreeView::actualSize);
-    add(tr("&Fit"), QKeySequence(Qt::CTRL | Qt::Key_9), &TreeView::fit);
+    add(tr("Zoom &In"), QKeySequence::ZoomIn, [](TreeView& canvas) { canvas.zoomIn(); });
+    add(tr("Zoom &Out"), QKeySequence::ZoomOut, [](TreeView& canvas) { canvas.zoomOut(); });
+    add(tr("&Actual Size"), QKeySequence(Qt::CTRL | Qt::Key_0), [](TreeView& canvas) { canvas.actualSize(); });
+    add(tr("&Fit"), QKeySequence(Qt::CTRL | Qt::Key_9), [](TreeView& canvas) { canvas.fit(); });
     viewMenu_->addSeparator();
     QAction* fullScreen = viewMenu_->addAction(tr("F&ull Screen"));
     fullScreen->setShortcut(QKeySequence::FullScreen);
