@@ -25,6 +25,7 @@ public:
         // The order grows while persons are met that are linked to members without being members themselves.
         for (std::size_t at = 0; at < order_.size(); ++at)
             add(*order_[at]);
+        writeMarks();
         return std::move(snapshot_);
     }
 
@@ -54,6 +55,18 @@ private:
         add(person.parents(), snapshot_.graph.parents);
         add(person.children(), snapshot_.graph.children);
         add(person.partners(), snapshot_.graph.partners);
+        if (person.willWalk())
+            marked_.push_back(visit_.note(person));
+    }
+
+    /// Nobody is marked as a rule, and then the graph holds no marks at all.
+    void writeMarks()
+    {
+        if (marked_.empty())
+            return;
+        snapshot_.graph.willWalk.assign(order_.size(), false);
+        for (const PersonIndex person : marked_)
+            snapshot_.graph.willWalk[person] = true;
     }
 
     void add(const OrderedSet<Person*>& persons, engine::Adjacency& list)
@@ -74,6 +87,7 @@ private:
 
     Visit visit_;
     std::vector<Person*> order_;
+    std::vector<PersonIndex> marked_;
     FamilySnapshot snapshot_;
 };
 
@@ -145,23 +159,32 @@ void Pool::apply(const FamilySnapshot& snapshot, const engine::ProcessResult& re
         maxGenerationSize_ = result.maxGenerationSize;
         generations_ = rowsOf(result.rows, snapshot.persons);
     }
+    writeMarks(snapshot, result.willWalk);
     writeGenerations(snapshot, result.generations);
     writeLines(result.log);
 }
 
+void Pool::writeMarks(const FamilySnapshot& snapshot, const std::vector<bool>& willWalk)
+{
+    for (std::size_t at = 0; at < willWalk.size(); ++at) {
+        if (Person* const person = context().person(snapshot.persons[at]))
+            person->setWillWalk(willWalk[at]);
+    }
+}
+
 void Pool::writeGenerations(const FamilySnapshot& snapshot, const std::vector<engine::Generation>& generations)
 {
-    std::vector<Person*> changed;
+    std::vector<Person*> persons;
     std::vector<std::optional<std::int32_t>> values;
+    persons.reserve(snapshot.persons.size());
+    values.reserve(snapshot.persons.size());
     for (std::size_t at = 0; at < snapshot.persons.size(); ++at) {
-        Person* const person = context().person(snapshot.persons[at]);
-        const std::optional<std::int32_t> generation = stored(generations[at]);
-        if (!person || person->generation() == generation)
-            continue;
-        changed.push_back(person);
-        values.push_back(generation);
+        if (Person* const person = context().person(snapshot.persons[at])) {
+            persons.push_back(person);
+            values.push_back(stored(generations[at]));
+        }
     }
-    context().setMany(PersonAttribute::Generation, changed, values);
+    context().setMany(PersonAttribute::Generation, persons, values);
 }
 
 void Pool::arrangeGenerations()

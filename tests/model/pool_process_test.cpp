@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <ctime>
 
 namespace lineara {
 
@@ -280,6 +281,41 @@ TEST(Process, SaysWhichNumbersWereRefused)
     const std::string text(log.text());
     EXPECT_THAT(text, testing::StartsWith("Failed to assign generation "));
     EXPECT_EQ(text.back(), '\n');
+}
+
+TEST(Process, DoesNotWalkUpIntoThoseWhoAreMarkedAndFreesWhomItReaches)
+{
+    Folk folk;
+    Person& child = folk.member();
+    Person& parent = folk.member();
+    Person& partner = folk.member();
+    parent.addChild(child);
+    parent.addPartner(partner);
+    folk.pool.markWillWalk(parent);
+    EXPECT_TRUE(child.willWalk());
+    EXPECT_TRUE(folk.pool.process());
+    EXPECT_TRUE(parent.willWalk());
+    EXPECT_FALSE(child.willWalk());
+    EXPECT_FALSE(partner.willWalk());
+    EXPECT_EQ(child.generation(), 1);
+    EXPECT_EQ(parent.generation(), 2);
+}
+
+TEST(Process, WritesHundredsOfLinesAtNoCost)
+{
+    Folk folk;
+    constexpr int refusals = 572;
+    engine::ProcessResult result;
+    for (int line = 0; line < refusals; ++line)
+        result.log.push_back({engine::LogEntry::Kind::RefusedGeneration, line, line + 1});
+    const FamilySnapshot family = folk.pool.snapshot();
+    const LogCapture log;
+    const std::clock_t start = std::clock();
+    folk.pool.apply(family, result);
+    EXPECT_LT(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, 0.001);
+    EXPECT_EQ(std::ranges::count(log.text(), '\n'), refusals);
+    EXPECT_THAT(std::string(log.text()),
+                testing::StartsWith("Failed to assign generation 0 to person with existing generation 1\n"));
 }
 
 TEST(ArrangeGenerations, BuildsRowsFromTheNumbersAsTheyAre)

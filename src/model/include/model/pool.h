@@ -87,6 +87,7 @@ private:
 
     Pool(ObjectContext& context, RecordId recordId) : Record(context, Entity::Pool, recordId) {}
 
+    void writeMarks(const FamilySnapshot& snapshot, const std::vector<bool>& willWalk);
     void writeGenerations(const FamilySnapshot& snapshot, const std::vector<engine::Generation>& generations);
 
     OrderedSet<Person*> persons_;
