@@ -22,10 +22,4 @@ CullBoxes::Box CullBoxes::widened(const QRectF& bounds)
             static_cast<float>(bounds.bottom() + margin(bounds.bottom()))};
 }
 
-void CullBoxes::swapRemove(std::size_t at)
-{
-    boxes_[at] = boxes_.back();
-    boxes_.pop_back();
-}
-
 } // namespace lineara

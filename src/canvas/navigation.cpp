@@ -94,6 +94,12 @@ bool Navigation::release(const QMouseEvent& event)
     return ends;
 }
 
+void Navigation::letGo()
+{
+    grabbed_.reset();
+    spaceHeld_ = false;
+}
+
 bool Navigation::key(const QKeyEvent& event)
 {
     if (event.key() != Qt::Key_Space || event.isAutoRepeat())

@@ -54,6 +54,13 @@ void TreeView::removeViewForPerson(Person& person)
     contentChanged();
 }
 
+void TreeView::forgetPerson(Person& person)
+{
+    removeViewForPerson(person);
+    // Somebody of another pool has no node here, but may have shapes of links to those who do.
+    scene_.removePerson(person);
+}
+
 LinkLayer& TreeView::addLink(const LinkRecord& record, const QString& type)
 {
     viewport()->update();
@@ -164,7 +171,7 @@ void TreeView::follow(const Change& change)
             followMembership(static_cast<Person&>(link->member), link->added);
     } else if (const auto* const removed = std::get_if<RecordRemoved>(&change)) {
         if (removed->record.entity() == Entity::Person)
-            removeViewForPerson(static_cast<Person&>(removed->record));
+            forgetPerson(static_cast<Person&>(removed->record));
     }
 }
 

@@ -270,6 +270,13 @@ void TreeView::keyReleaseEvent(QKeyEvent* event)
     updateCursor();
 }
 
+void TreeView::focusOutEvent(QFocusEvent* event)
+{
+    navigation_.letGo();
+    updateCursor();
+    QAbstractScrollArea::focusOutEvent(event);
+}
+
 void TreeView::updateCursor()
 {
     if (navigation_.isPanning())

@@ -77,15 +77,22 @@ void paintHandle(QPainter& painter, const QRectF& circle, const QColor& fill)
     painter.drawEllipse(circle);
 }
 
-void paintPicture(QPainter& painter, const ImageLayer& layer, const QRectF& room)
+void paintPixels(QPainter& painter, const ImageLayer& layer, const QRectF& room)
 {
-    if (!layer.contents || layer.contents->isNull() || room.isEmpty())
-        return;
     const QSizeF pixels = layer.contents->size();
     const double seen = pixels.width() * std::min(1.0, room.width() / layer.frame.width);
     const QRectF source((pixels.width() - seen) / 2, 0, seen, pixels.height());
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(room, *layer.contents, source);
+}
+
+void paintPicture(QPainter& painter, const ImageLayer& layer, const QRectF& room)
+{
+    if (!layer.contents || room.isEmpty())
+        return;
+    // A picture too large to be decoded is an empty frame: there is one, and it can't be seen.
+    if (!layer.contents->isNull())
+        paintPixels(painter, layer, room);
     QPen border(layer.borderColor, layer.borderWidth);
     border.setJoinStyle(Qt::MiterJoin);
     painter.setPen(border);

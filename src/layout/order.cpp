@@ -15,12 +15,9 @@ class Search
 {
 public:
     explicit Search(const Chart& chart)
-        : chart_(chart), placement_(chart), sweep_(chart), sifting_(chart), now_(descentOrder(chart))
-    {
-        placement_.pull(now_, 3);
-        best_ = now_;
-        fewest_ = countCrossings(chart, best_);
-    }
+        : chart_(chart), placement_(chart), sweep_(chart), sifting_(chart), now_(firstArrangement()), best_(now_),
+          fewest_(countCrossings(chart, best_))
+    {}
 
     bool done() const { return fewest_ == 0; }
     const Arrangement& best() const { return best_; }
@@ -47,6 +44,13 @@ public:
     }
 
 private:
+    Arrangement firstArrangement()
+    {
+        Arrangement first = descentOrder(chart_);
+        placement_.pull(first, 3);
+        return first;
+    }
+
     bool siftRows()
     {
         bool moved = false;

@@ -117,7 +117,7 @@ void ObjectContext::reportLink(const LinkChanged& change)
         report(change);
         return;
     }
-    Person& person = static_cast<Person&>(change.owner);
+    auto& person = static_cast<Person&>(change.owner);
     person.image_.reset();
     report(change);
     report(AttributesChanged{person, PersonAttribute::Image});
@@ -141,7 +141,7 @@ void ObjectContext::removeLinks(Record& record)
 {
     switch (record.entity()) {
     case Entity::Person: {
-        Person& person = static_cast<Person&>(record);
+        auto& person = static_cast<Person&>(record);
         person.disconnect();
         if (person.pool_)
             unlink(Relationship::PoolMembers, *person.pool_, person);

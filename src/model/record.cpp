@@ -33,7 +33,7 @@ public:
     std::string_view view() const { return {text_.begin(), end_}; }
 
 private:
-    std::array<char, 20> text_;
+    std::array<char, 20> text_{};
     const char* end_;
 };
 

@@ -64,6 +64,7 @@ private:
     std::vector<Pool*> addPools()
     {
         std::vector<Pool*> pools;
+        pools.reserve(raw_.pools.size());
         for (const auto number : raw_.pools)
             pools.push_back(&loader_.addPool(RecordId{number}));
         for (auto& [pool, unknown] : raw_.unknownOfPools)
@@ -74,6 +75,7 @@ private:
     void addPics(const std::vector<std::uint32_t>& picOf)
     {
         std::vector<Pic*> pics;
+        pics.reserve(raw_.pics.size());
         for (auto& pic : raw_.pics)
             pics.push_back(&loader_.addPic(RecordId{pic.number}, std::move(pic.data)));
         for (std::size_t i = 0; i < picOf.size(); ++i) {

@@ -18,9 +18,10 @@ Failure unreadable(const QString& name, const Failure& reason)
 }
 
 /// The text is gone when this returns; only then are the records made, which keeps the memory at the peak low.
-Outcome<store::RawFamily> readRaw(QByteArray bytes, QStringList& repairs)
+Outcome<store::RawFamily> readRaw(QByteArray&& bytes, QStringList& repairs)
 {
-    return store::readText({bytes.constData(), static_cast<std::size_t>(bytes.size())}, repairs);
+    const QByteArray text = std::move(bytes);
+    return store::readText({text.constData(), static_cast<std::size_t>(text.size())}, repairs);
 }
 
 } // namespace

@@ -68,7 +68,7 @@ bool keep(std::optional<std::vector<UnknownElement>> unknown, std::size_t index,
 
 bool RecordReader::read(pugi::xml_node object, std::uint32_t position)
 {
-    static const auto personTag = parsedTag("object type=\"PERSON\" id=\"");
+    static const auto personTag = parsedTag(R"(object type="PERSON" id=")");
     const auto rest = fragment_.after(personTag, object);
     const auto id = rest ? parsedValue(*rest, ">") : std::nullopt;
     if (const auto number = id ? parseObjectId(*id) : std::nullopt) {

@@ -116,7 +116,7 @@ private:
     QChar replaced()
     {
         result_.flaw = std::max(result_.flaw, TextFlaw::Replaced);
-        return QChar(static_cast<char16_t>(replacement));
+        return {static_cast<char16_t>(replacement)};
     }
 
     DecodedText result_;

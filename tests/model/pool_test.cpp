@@ -268,4 +268,22 @@ TEST(PushUp, LeavesPartnersAloneWhenToldSo)
     EXPECT_EQ(folk[1].generation(), std::nullopt);
 }
 
+TEST(MarkWillWalk, KeepsTheRunFromWalkingUpAndIsResetOnWhoeverIsPlaced)
+{
+    ObjectContext context;
+    Pool& pool = context.insertPool();
+    Person& parent = context.insertPerson();
+    Person& child = context.insertPerson();
+    for (Person* const person : {&parent, &child})
+        pool.addPerson(*person);
+    parent.addChild(child);
+    pool.markWillWalk(parent);
+    pool.process();
+    EXPECT_EQ(child.generation(), 1);
+    EXPECT_FALSE(child.willWalk());
+    // Not walked up into, the parent is found later and stands at the top of the longest line; the mark stays.
+    EXPECT_EQ(parent.generation(), 2);
+    EXPECT_TRUE(parent.willWalk());
+}
+
 } // namespace lineara

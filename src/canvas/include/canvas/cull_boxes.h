@@ -20,8 +20,6 @@ public:
 
     void append(const QRectF& bounds) { boxes_.push_back(widened(bounds)); }
     void set(std::size_t at, const QRectF& bounds) { boxes_[at] = widened(bounds); }
-    /// The last box takes the place of the one removed.
-    void swapRemove(std::size_t at);
     void clear() { boxes_.clear(); }
 
     /// Calls `visit(index)` for every box that meets the area, lowest index first.

@@ -32,11 +32,14 @@ public:
     bool release(const QMouseEvent& event);
     bool key(const QKeyEvent& event);
 
+    /// Ends a drag of the canvas and forgets the Space key: what is released elsewhere is not heard of.
+    void letGo();
+
     /// Whether a drag of the canvas could begin, or is under way.
     bool isReadyToPan() const { return spaceHeld_; }
     bool isPanning() const { return grabbed_.has_value(); }
 
-    /// The least zoom that a user reaches step by step; Fit may go below it.
+    /// Zooms while the point at `anchor` stays in place. Steps end at the least zoom, which Fit may go below.
     void zoomBy(double factor, QPointF anchor);
 
 private:

@@ -100,6 +100,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 
 private:
@@ -113,6 +114,7 @@ private:
     void follow(const Change& change);
     void followAttributes(const AttributesChanged& change);
     void followMembership(Person& person, bool joined);
+    void forgetPerson(Person& person);
     void allNodesChanged();
     void nodesGlided(const std::vector<RowGlide::Move>& moves);
     void contentChanged();

@@ -35,8 +35,6 @@ public:
 
     /// The detail is Full or Plain; a Coarse node is drawn like a Plain one.
     void paint(QPainter& painter, const LeafView& node, Detail detail);
-    /// Gives back the memory of reduced pictures, some of which may be of no use after a picture has changed.
-    void forgetPictures() { pictures_.clear(); }
 
 private:
     /// A drawing kept as pixels, and where they lie from its origin in points of the picture.
