@@ -1,5 +1,7 @@
 #include "membership.h"
 
+#include "numbers.h"
+
 #include <numeric>
 
 namespace lineara::store {
@@ -136,6 +138,8 @@ Outcome<Membership> resolveMembership(RawFamily& family, const IdIndex& index, Q
     if (pics.failed())
         return pics.failure();
     if (family.pools.empty() && !family.persons.empty()) {
+        if (family.nextNumber > highestNumber)
+            return Failure{u"it holds persons without a pool, and no number is left for a new one."_qs};
         repairs += u"The file held persons without a pool; all of them were taken into a new one."_qs;
         family.pools.push_back(family.nextNumber++);
         std::vector<PersonIndex> everybody(family.persons.size());

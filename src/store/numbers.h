@@ -7,7 +7,10 @@
 
 namespace lineara::store {
 
-/// The whole text as a decimal number of at most 18 digits without leading zeros, at least 1.
+/// The highest number that an object may have; the next object number may be one more.
+inline constexpr Number highestNumber = 999'999'999'999'999'999;
+
+/// The whole text as a decimal number without leading zeros, from 1 to highestNumber + 1.
 std::optional<Number> parseNumber(std::string_view text);
 
 /// Calls `take` with each word of the text until it returns false; whether it never did.

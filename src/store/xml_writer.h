@@ -46,7 +46,7 @@ private:
     void appendUtf8(char32_t character);
 
     ByteSink sink_;
-    std::unique_ptr<char[]> buffer_ = std::make_unique<char[]>(capacity);
+    std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(capacity);
     std::size_t used_ = 0;
     bool refused_ = false;
 };

@@ -64,6 +64,15 @@ TEST(Reading, NumbersFarApartAreFound)
     EXPECT_THAT(numbers(personOf(family, 102).children()), ElementsAre(999999999999999998U));
 }
 
+TEST(Reading, LastNumbersAreReadBackAfterTheyWereWritten)
+{
+    const auto first = loaded(fileWith(person("z102"), "999999999999999999"));
+    EXPECT_EQ(first.context->allPools().front()->recordId().number, 999999999999999999U);
+    const auto second = loaded(textOf(*first.context));
+    EXPECT_THAT(second.repairs, IsEmpty());
+    EXPECT_EQ(second.context->nextNumber(), 1000000000000000000U);
+}
+
 TEST(Reading, AFileWithoutAnythingIsAnEmptyFamily)
 {
     const auto family = loaded(fileWith("", "101"));

@@ -152,8 +152,14 @@ TEST(Refusal, DuplicateIds)
 
 TEST(Refusal, ObjectIdsThatAreNone)
 {
-    for (const char* id : {"", "z", "z0", "z007", "102", "z-5", "z1x", "z9999999999999999999", "Z102"})
+    for (const char* id :
+         {"", "z", "z0", "z007", "102", "z-5", "z1x", "z1000000000000000000", "z9999999999999999999", "Z102"})
         EXPECT_THAT(refusal(fileWith(person(id))), says("line 9", "no object id")) << id;
+}
+
+TEST(Refusal, NoNumberLeftForThePoolThatIsMissing)
+{
+    EXPECT_THAT(refusal(fileWith(person("z102"), "1000000000000000000")), says("pool", "no number is left"));
 }
 
 TEST(Refusal, NumbersOutOfRange)
