@@ -8,9 +8,6 @@ namespace lineara::layout {
 
 namespace {
 
-/// Without a spring a block gives way to everybody.
-constexpr double weightOfTheUntied = 0.01;
-
 /// Blocks pushed against each other, from `first` up to where the next cluster starts.
 struct Cluster
 {

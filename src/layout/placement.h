@@ -6,6 +6,9 @@
 
 namespace lineara::layout {
 
+/// The weight of a wish to stay, for a block without a spring: it gives way to everybody.
+inline constexpr double weightOfTheUntied = 0.01;
+
 /// A block's wish in `settleRow`.
 struct Wish
 {

@@ -5,12 +5,6 @@
 
 namespace lineara::layout {
 
-namespace {
-
-constexpr double weightOfTheUntied = 0.01;
-
-} // namespace
-
 void Sweep::down(Arrangement& arrangement, double share)
 {
     for (std::uint32_t row = 0; row < chart_.rows; ++row)
