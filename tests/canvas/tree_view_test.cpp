@@ -1,4 +1,4 @@
-// What stands where on the canvas, and how that follows the records.
+// What stands where on the canvas.
 
 #include "canvas/tree_view.h"
 #include "elements/node_layout.h"
@@ -8,8 +8,6 @@
 
 #include <QMouseEvent>
 #include <QScrollBar>
-
-#include <algorithm>
 
 namespace lineara {
 namespace {
@@ -36,16 +34,6 @@ private:
     }
     Subscription subscription_;
 };
-
-/// Two different persons of a row leave a gap, whichever of them stands to the left.
-bool standApart(const Person& one, const Person& other)
-{
-    if (&one == &other || one.generation() != other.generation())
-        return true;
-    const auto [left, right] = std::minmax({one.leafView(), other.leafView()},
-                                           [](const auto* a, const auto* b) { return a->frame().x < b->frame().x; });
-    return right->frame().x >= left->frame().x + left->width() + 10;
-}
 
 TEST(TreeView, EmptyPoolHasBothLayersAndNoNodes)
 {
@@ -296,200 +284,5 @@ TEST(TreeView, AdjustBySubtractsFromEverybodyInOneChange)
     view.adjustBy(0);
     EXPECT_EQ(first.x(), 70);
 }
-
-TEST(TreeView, NewPersonStandsInTheLeftHalfAboveTheBottomOfTheView)
-{
-    ShownFamily family;
-    for (int person = 0; person < 30; ++person)
-        family.add(person * 152, 1 + person % 9);
-    TreeView& view = family.show();
-    view.zoomTo(1, {0, 0});
-    view.scrollTo(500, 300);
-    Person& person = family.add(std::nullopt);
-    view.addViewForPerson(person);
-    EXPECT_GE(person.x(), 501);
-    EXPECT_LE(person.x(), 950);
-    EXPECT_EQ(family.xConstant(person), person.x());
-    EXPECT_EQ(family.yConstant(person), -550);
-}
-
-TEST(TreeView, NewPersonIsLiftedWhateverItsGenerationAndGlidesToItsRowAtTheNextRefresh)
-{
-    ShownFamily family;
-    family.add(0, 1);
-    TreeView& view = family.show();
-    Person& person = family.add(std::nullopt, 2);
-    view.addViewForPerson(person);
-    EXPECT_EQ(family.yConstant(person), -250);
-    view.refreshHierarchy();
-    view.settle();
-    EXPECT_EQ(family.yConstant(person), -451);
-}
-
-TEST(TreeView, NewPersonWithoutLinksStaysWhereItIsAtSomebodyElsesRefresh)
-{
-    ShownFamily family;
-    family.add(0, 1);
-    TreeView& view = family.show();
-    Person& person = family.add(std::nullopt);
-    view.addViewForPerson(person);
-    view.refreshHierarchy();
-    view.settle();
-    EXPECT_EQ(family.yConstant(person), -250);
-}
-
-TEST(TreeView, NewPersonIsScrolledIntoAViewThatIsTooSmallForTheLift)
-{
-    ShownFamily family;
-    family.add(0, 9);
-    TreeView& view = family.show();
-    view.zoomTo(4, {0, 600});
-    Person& person = family.add(std::nullopt);
-    view.addViewForPerson(person);
-    const Frame node = person.leafView()->frame();
-    const Frame visible = view.documentVisibleRect();
-    EXPECT_TRUE(visible.contains(node.centre()));
-}
-
-TEST(TreeView, ReturningPersonKeepsItsPlace)
-{
-    ShownFamily family;
-    Person& person = family.add(70, 2);
-    TreeView& view = family.show();
-    view.removeViewForPerson(person);
-    EXPECT_TRUE(view.personLayer().nodes().empty());
-    view.addViewForPerson(person);
-    view.addViewForPerson(person);
-    EXPECT_EQ(view.personLayer().nodes().size(), 1u);
-    EXPECT_EQ(family.xConstant(person), 70);
-    EXPECT_EQ(family.yConstant(person), -451);
-}
-
-TEST(TreeView, KeepsACopyOfTheRowsAsOfTheLastPass)
-{
-    ShownFamily family;
-    Person& person = family.add(0, 2);
-    TreeView& view = family.show();
-    const auto before = family.pool.generations();
-    EXPECT_EQ(view.generations(), before);
-    person.setGeneration(1);
-    family.pool.arrangeGenerations();
-    EXPECT_EQ(view.generations(), before);
-    view.refreshHierarchy();
-    view.settle();
-    EXPECT_EQ(view.generations(), family.pool.generations());
-}
-
-TEST(TreeView, PersonThatLeavesTakesNodeAndLinksAlong)
-{
-    ShownFamily family;
-    Person& parent = family.add(0);
-    Person& child = family.add(200);
-    Person& other = family.add(400);
-    parent.addChild(child);
-    parent.addPartner(other);
-    TreeView& view = family.processAndShow();
-    EXPECT_EQ(view.branchLayer().layers().size(), 2u);
-    family.context.remove(child);
-    EXPECT_EQ(view.personLayer().nodes().size(), 2u);
-    EXPECT_EQ(view.branchLayer().layers().size(), 1u);
-    EXPECT_EQ(parent.linkLayers().size(), 1u);
-    family.pool.process();
-    view.refreshHierarchy();
-    view.settle();
-    EXPECT_EQ(view.generations(), family.pool.generations());
-}
-
-TEST(TreeView, UndoBringsOneNodeAndOneShapeForEachLinkBack)
-{
-    ShownFamily family;
-    Person& parent = family.add(0);
-    Person& child = family.add(200);
-    parent.addChild(child);
-    TreeView& view = family.processAndShow();
-    family.context.journal().begin(QStringLiteral("Remove"));
-    child.disconnect();
-    family.context.remove(child);
-    family.context.journal().undo();
-    family.pool.process();
-    view.refreshHierarchy();
-    view.settle();
-    ASSERT_EQ(view.personLayer().nodes().size(), 2u);
-    ASSERT_EQ(view.branchLayer().layers().size(), 1u);
-    const Person& restored = *view.branchLayer().layers()[0]->target();
-    EXPECT_EQ(restored.x(), 200);
-    EXPECT_EQ(family.yConstant(restored), rowConstant(1));
-    EXPECT_EQ(view.branchLayer().layers()[0]->endPoint(), restored.leafView()->frame().centre());
-}
-
-TEST(TreeView, RefreshRepairsTheShapesWhateverCameBefore)
-{
-    ShownFamily family;
-    Person& parent = family.add(0);
-    Person& child = family.add(200);
-    parent.addChild(child);
-    TreeView& view = family.processAndShow();
-    view.addLink({parent.recordId(), child.recordId()}, offspringLink.toString());
-    EXPECT_EQ(view.branchLayer().layers().size(), 2u);
-    view.refreshHierarchy();
-    EXPECT_EQ(view.branchLayer().layers().size(), 1u);
-    parent.removeChild(child);
-    family.pool.process();
-    view.refreshHierarchy();
-    EXPECT_TRUE(view.branchLayer().layers().empty());
-}
-
-TEST(TreeView, LinksFollowTheirNodes)
-{
-    ShownFamily family;
-    Person& parent = family.add(0);
-    Person& child = family.add(200);
-    parent.addChild(child);
-    TreeView& view = family.processAndShow();
-    child.setX(640);
-    const LinkLayer& link = *view.branchLayer().layers()[0];
-    EXPECT_EQ(link.startPoint(), parent.leafView()->frame().centre());
-    EXPECT_EQ(link.endPoint(), child.leafView()->frame().centre());
-    view.adjustBy(-50);
-    EXPECT_EQ(link.startPoint(), parent.leafView()->frame().centre());
-}
-
-TEST(TreeView, LongerNameWidensTheNodeForHitsAndLinks)
-{
-    ShownFamily family;
-    Person& person = family.add(100, 1, QStringLiteral("Al"));
-    TreeView& view = family.show();
-    const Frame before = person.leafView()->frame();
-    const CanvasPoint beyond{before.x + before.width + 2, before.y + 30};
-    EXPECT_EQ(view.hit(beyond).node, nullptr);
-    person.setName(QStringLiteral("Wilhelmina of Orange"));
-    EXPECT_EQ(view.hit(beyond).node, person.leafView());
-}
-
-TEST(TreeView, PersonsWithoutPlacesGetRowsInWhichNobodyOverlaps)
-{
-    std::vector<std::optional<std::int32_t>> places[2];
-    for (auto& found : places) {
-        ShownFamily family;
-        Person& mother = family.add(std::nullopt);
-        Person& father = family.add(std::nullopt);
-        mother.addPartner(father);
-        for (int child = 0; child < 3; ++child) {
-            Person& born = family.add(std::nullopt);
-            mother.addChild(born);
-            father.addChild(born);
-        }
-        family.processAndShow();
-        EXPECT_EQ(family.yConstant(mother), -451);
-        EXPECT_EQ(family.yConstant(*family.pool.persons()[2]), -230);
-        for (const Person* const left : family.pool.persons())
-            for (const Person* const right : family.pool.persons())
-                EXPECT_TRUE(standApart(*left, *right));
-        for (const Person* const person : family.pool.persons())
-            found.push_back(person->x());
-    }
-    EXPECT_EQ(places[0], places[1]);
-}
-
 } // namespace
 } // namespace lineara
