@@ -97,6 +97,7 @@ private:
     bool isEndlessAlone(const FamilyPart& part, const std::stop_token& stop) const
     {
         std::vector<Generation> generations;
+        generations.reserve(part.persons.size());
         for (const PersonIndex person : part.persons)
             generations.push_back(generations_[person]);
         Sweeps alone(part.graph, generations, mode_);
