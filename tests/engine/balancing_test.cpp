@@ -1,7 +1,7 @@
 #include "engine/process.h"
 
-#include "deadline.h"
 #include "family_maker.h"
+#include "hang_guard.h"
 #include "literal_rules.h"
 
 #include <gmock/gmock.h>
@@ -98,7 +98,7 @@ TEST(Balancing, ProvesEndlessnessOfManyKnotsOfDifferentPeriods)
         family.line(oldest, oldest + length - 1).partners(oldest, oldest + length - 1);
     ASSERT_EQ(oldest, family.persons());
     const FamilyGraph graph = family.graph();
-    const Deadline deadline(1);
+    const HangGuard guard;
     EXPECT_TRUE(tells(process(graph).value(), LogEntry::Kind::EndlessPush));
 }
 
@@ -108,7 +108,7 @@ TEST(Balancing, ReachesTheLimitOfGenerationsWhereAKnotNeverRepeats)
     std::mt19937_64 random(3 * 1'000'003 + 7316);
     const FamilyGraph graph = randomFamily({20, 60, 1.0, 0.4, 0.2, 0.05}, random);
     ASSERT_FALSE(processLiterally(graph, 20'000).has_value());
-    const Deadline deadline(1);
+    const HangGuard guard;
     EXPECT_TRUE(tells(process(graph).value(), LogEntry::Kind::EndlessPush));
 }
 
@@ -130,7 +130,7 @@ TEST(Balancing, WorksOnTwoLinesOfDifferentLengthAsTheRulesDo)
 TEST(Balancing, TakesOneStepPerPushOnLongLines)
 {
     const FamilyGraph family = twoLines(10, 100'000).graph();
-    const Deadline deadline(1);
+    const HangGuard guard;
     const auto result = process(family);
     EXPECT_GT(result->maxGeneration, 100'000);
     EXPECT_FALSE(tells(*result, LogEntry::Kind::EndlessPush));

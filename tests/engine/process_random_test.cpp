@@ -1,5 +1,5 @@
-#include "deadline.h"
 #include "family_maker.h"
+#include "hang_guard.h"
 #include "literal_rules.h"
 
 #include <gtest/gtest.h>
@@ -55,7 +55,7 @@ struct Tally
 
 std::optional<ProcessResult> processInASecond(const FamilyGraph& family)
 {
-    const Deadline deadline(1);
+    const HangGuard guard;
     return process(family);
 }
 

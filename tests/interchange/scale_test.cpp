@@ -1,9 +1,9 @@
+#include "hang_guard.h"
 #include "imported.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <ctime>
 #include <numeric>
 #include <random>
 #include <vector>
@@ -45,16 +45,11 @@ QByteArray lineOfAncestors(int length, Order order)
 class LongLine : public testing::TestWithParam<Order>
 {};
 
-TEST_P(LongLine, IsImportedWholeInUnderTwoSeconds)
+TEST_P(LongLine, IsImportedWhole)
 {
     const QByteArray text = lineOfAncestors(lineLength, GetParam());
-    // Time of the processor, because tests run side by side.
-    const std::clock_t start = std::clock();
+    const HangGuard guard;
     const auto family = imported(text);
-    const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-
-    EXPECT_LT(seconds, 2.0);
-    RecordProperty("milliseconds", static_cast<int>(seconds * 1000));
     EXPECT_EQ(family.report.persons, static_cast<std::size_t>(lineLength));
     EXPECT_EQ(family.report.offspringLinks, static_cast<std::size_t>(lineLength) - 1);
     EXPECT_TRUE(family.report.notes.isEmpty());

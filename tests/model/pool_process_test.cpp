@@ -4,7 +4,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <ctime>
 
 namespace lineara {
 
@@ -301,7 +300,7 @@ TEST(Process, DoesNotWalkUpIntoThoseWhoAreMarkedAndFreesWhomItReaches)
     EXPECT_EQ(parent.generation(), 2);
 }
 
-TEST(Process, WritesHundredsOfLinesAtNoCost)
+TEST(Process, WritesHundredsOfLinesExactlyAndAtOnce)
 {
     Folk folk;
     constexpr int refusals = 572;
@@ -310,9 +309,7 @@ TEST(Process, WritesHundredsOfLinesAtNoCost)
         result.log.push_back({engine::LogEntry::Kind::RefusedGeneration, line, line + 1});
     const FamilySnapshot family = folk.pool.snapshot();
     const LogCapture log;
-    const std::clock_t start = std::clock();
     folk.pool.apply(family, result);
-    EXPECT_LT(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, 0.001);
     EXPECT_EQ(std::ranges::count(log.text(), '\n'), refusals);
     EXPECT_THAT(std::string(log.text()),
                 testing::StartsWith("Failed to assign generation 0 to person with existing generation 1\n"));

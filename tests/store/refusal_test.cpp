@@ -1,6 +1,6 @@
 #include "family_texts.h"
+#include "hang_guard.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -294,10 +294,8 @@ TEST(Refusal, TwoGigabytesOfNothing)
         file.write(beginning);
         ASSERT_TRUE(file.resize(2LL << 30));
         file.close();
-        QElapsedTimer timer;
-        timer.start();
+        const HangGuard guard;
         EXPECT_THAT(fileRefusal(file.fileName()), HasSubstr("zero bytes"));
-        EXPECT_LT(timer.elapsed(), 1000);
     }
 }
 
