@@ -1,5 +1,6 @@
 #include "family_counts.h"
 #include "imported.h"
+#include "platform/log.h"
 
 #include <gmock/gmock.h>
 
@@ -61,6 +62,7 @@ INSTANTIATE_TEST_SUITE_P(Sound, KnownFiles,
                          testing::Values(KnownFile{"shakespeare.ged", {31, 31, 10, 39, 5, 1, 0, 22, 27}, 0, 0},
                                          KnownFile{"bronte.ged", {14, 14, 4, 18, 3, 1, 0, 12, 12}, 0, 0},
                                          KnownFile{"utf8-cr.ged", {10, 10, 4, 12, 4, 1, 0, 0, 0}, 0, 0},
+                                         KnownFile{"royal92.ged", {3010, 3006, 1138, 3724, 80, 5, 3, 1734, 1692}, 0, 0},
                                          // One of 52 pairs would be a third parent.
                                          KnownFile{"relationships-complex.ged", {43, 43, 13, 51, 6, 1, 0, 0, 0}, 1, 0},
                                          // One person is married to himself.
@@ -114,6 +116,17 @@ TEST(ImportedFiles, LineNumbersAreThoseOfTheFile)
     EXPECT_THAT(notesOf(fromFile("malformed/unterminated-xref.ged")), HasSubstr("line 4: \"0 @I1 INDI\""));
     EXPECT_THAT(notesOf(fromFile("malformed/level-jump-skip.ged")), HasSubstr("line 8: DATE \"1 JAN 1900\""));
     EXPECT_THAT(notesOf(fromFile("malformed/blank-lines.ged")), HasSubstr("line 16: INDI.SEX \"M\""));
+}
+
+// A family with many marriages between generations, in which the rules refuse numbers at every run.
+TEST(RealFamily, TellsEveryRefusedNumberAtEveryRun)
+{
+    const auto family = fromFile("royal92.ged");
+    for (int run = 0; run < 2; ++run) {
+        const LogCapture log;
+        EXPECT_TRUE(family.context->allPools().front()->process());
+        EXPECT_EQ(std::ranges::count(log.text(), '\n'), 572);
+    }
 }
 
 } // namespace
