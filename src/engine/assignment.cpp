@@ -9,7 +9,7 @@ Assignment::Assignment(const FamilyGraph& family, std::vector<LogEntry>& log, st
       willWalk_(family.willWalk), asked_(family.persons(), false)
 {}
 
-void Assignment::assign(Generation generation, PersonIndex person)
+void Assignment::assignGeneration(Generation generation, PersonIndex person)
 {
     place(generation, person);
     while (!spreading_.empty() && !stop_.stop_requested())
@@ -57,7 +57,7 @@ void Assignment::spreadNext()
         place(generation, partners[at]);
 }
 
-void Assignment::reach(PersonIndex person, Generation founderGeneration)
+Generation Assignment::getGeneration(PersonIndex person, Generation founderGeneration)
 {
     visit(person, founderGeneration);
     while (!reaching_.empty() && !stop_.stop_requested()) {
@@ -65,13 +65,14 @@ void Assignment::reach(PersonIndex person, Generation founderGeneration)
         const auto parents = family_.parents[step.person];
         if (step.next > 0) {
             if (const Generation ofParent = valueOrZero(generations_[parents[step.next - 1]]); ofParent != 0)
-                assign(ofParent - 1, step.person);
+                assignGeneration(ofParent - 1, step.person);
         }
         if (step.next == parents.size())
             reaching_.pop_back();
         else
             visit(parents[step.next++], founderGeneration);
     }
+    return generations_[person];
 }
 
 void Assignment::visit(PersonIndex person, Generation founderGeneration)

@@ -20,11 +20,11 @@ public:
 
     /// Gives the person this generation and spreads it: parents one higher with all theirs first, then children one
     /// lower, then partners without a generation. An existing generation stands; a different wish is logged.
-    void assign(Generation generation, PersonIndex person);
+    void assignGeneration(Generation generation, PersonIndex person);
 
-    /// Finds a generation for a person the spreading did not reach: from its parents, or `founderGeneration` if it
-    /// has none but is linked. Stays without one if it is unlinked.
-    void reach(PersonIndex person, Generation founderGeneration);
+    /// The generation of a person, found first if the spreading did not reach it: from its parents, or
+    /// `founderGeneration` if it has none but is linked. `noGeneration` if it is unlinked.
+    Generation getGeneration(PersonIndex person, Generation founderGeneration);
 
     std::vector<Generation>& generations() { return generations_; }
     std::vector<bool>& willWalk() { return willWalk_; }

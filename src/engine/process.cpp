@@ -47,7 +47,7 @@ private:
         const auto longest = std::max_element(lines.begin(), lines.begin() + family_.members);
         founderGeneration_ = *longest;
         result_.maxGenerationOf = static_cast<PersonIndex>(longest - lines.begin());
-        assignment_.assign(1, *result_.maxGenerationOf);
+        assignment_.assignGeneration(1, *result_.maxGenerationOf);
     }
 
     Generation lowest(Generation start) const
@@ -77,8 +77,8 @@ private:
         Generation shift = 0;
         for (PersonIndex member = 0; member < family_.members && !stop_.stop_requested(); ++member) {
             if (generations_[member] == noGeneration) {
-                assignment_.reach(member, founderGeneration_);
-                shift = std::max(shift, 1 - valueOrZero(generations_[member]));
+                const Generation found = assignment_.getGeneration(member, founderGeneration_);
+                shift = std::max(shift, 1 - valueOrZero(found));
             }
             collectLinks(member);
         }
