@@ -105,6 +105,13 @@ const std::optional<Frame>& FamilyScene::bounds() const
     return bounds_;
 }
 
+std::size_t FamilyScene::countNodes(const QRectF& area) const
+{
+    std::size_t count = 0;
+    visitNodes(area, [&](const LeafView&) { ++count; });
+    return count;
+}
+
 CanvasHit FamilyScene::hit(CanvasPoint point) const
 {
     CanvasHit found;

@@ -228,7 +228,8 @@ void TreeView::paintEvent(QPaintEvent* event)
     painter.setTransform(view_.pictureToView());
     const QRectF area = toPicture(view_.visible());
     const Motion motion = rest_.isActive() ? Motion::Moving : Motion::Still;
-    scene_.keepPathsOf(painter_.paint(painter, scene_, area, detailAt(view_.zoom()), motion));
+    const Detail detail = detailAt(view_.zoom(), scene_.countNodes(area));
+    scene_.keepPathsOf(painter_.paint(painter, scene_, area, detail, motion));
 }
 
 } // namespace lineara

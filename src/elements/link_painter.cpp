@@ -4,6 +4,7 @@
 #include "elements/link_layer.h"
 #include "elements/person_layer_view.h"
 
+#include <QPaintDevice>
 #include <QPaintEngine>
 #include <QPainter>
 
@@ -14,11 +15,13 @@ namespace {
 // Antialiasing a ribbon of many screens costs milliseconds and shows nowhere: it is all but level.
 constexpr double smoothViewWidths = 4;
 
-/// On a screen the line is one pixel up to 100 %, which is drawn by a faster way, and grows with the picture beyond it.
+/// On a screen the line never gets thinner than one of its pixels, which is drawn by a faster way, and grows with the
+/// picture beyond that.
 double outlineWidth(const QPainter& painter)
 {
     const bool isInPixels = painter.paintEngine()->type() == QPaintEngine::Raster;
-    return isInPixels && painter.worldTransform().m11() <= 1 ? 0 : LinkLayer::lineWidth;
+    const double pixels = LinkLayer::lineWidth * painter.worldTransform().m11() * painter.device()->devicePixelRatioF();
+    return isInPixels && pixels <= 1 ? 0 : LinkLayer::lineWidth;
 }
 
 } // namespace

@@ -160,9 +160,22 @@ TEST(Painting, BuildsPathsOnlyForLinksInView)
     view.scrollTo(0, 4000);
     pictureOf(view);
     EXPECT_EQ(&oldest.path(), kept);
-    view.zoomTo(0.1, {0, 0});
+}
+
+TEST(Painting, BuildsNoPathsForManyPersonsFarAway)
+{
+    ShownFamily family;
+    Person& parent = family.add(0);
+    for (int child = 1; child <= 2'000; ++child)
+        parent.addChild(family.add(child * 160));
+    TreeView& view = family.processAndShow();
+    view.zoomTo(0.5, {0, 0});
     pictureOf(view);
-    EXPECT_EQ(paths(), 0);
+    const LinkLayer& link = *parent.linkLayers()[0];
+    EXPECT_TRUE(link.hasPath());
+    view.fit();
+    pictureOf(view);
+    EXPECT_FALSE(link.hasPath());
 }
 
 TEST(Painting, DrawsSomethingAtEveryZoom)

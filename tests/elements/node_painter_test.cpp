@@ -154,11 +154,19 @@ TEST_F(NodePainterTest, DenseScreenGetsItsOwnPixels)
 
 TEST(Detail, DependsOnTheZoom)
 {
-    EXPECT_EQ(detailAt(4), Detail::Full);
-    EXPECT_EQ(detailAt(0.5), Detail::Full);
-    EXPECT_EQ(detailAt(0.49), Detail::Plain);
-    EXPECT_EQ(detailAt(0.15), Detail::Plain);
-    EXPECT_EQ(detailAt(0.14), Detail::Coarse);
+    EXPECT_EQ(detailAt(4, 100'000), Detail::Full);
+    EXPECT_EQ(detailAt(0.5, 100'000), Detail::Full);
+    EXPECT_EQ(detailAt(0.49, 100'000), Detail::Plain);
+    EXPECT_EQ(detailAt(0.15, 100'000), Detail::Plain);
+    EXPECT_EQ(detailAt(0.14, 100'000), Detail::Coarse);
+}
+
+TEST(Detail, OfAFewNodesIsFineAtAnyZoom)
+{
+    EXPECT_EQ(detailAt(0.05, 400), Detail::Full);
+    EXPECT_EQ(detailAt(0.05, 401), Detail::Plain);
+    EXPECT_EQ(detailAt(0.05, 1'500), Detail::Plain);
+    EXPECT_EQ(detailAt(0.05, 1'501), Detail::Coarse);
 }
 
 } // namespace

@@ -69,6 +69,9 @@ public:
         nodeBoxes_.forEachMeeting(area, [&](std::size_t at) { visit(*personLayer_.nodes()[at]); });
     }
 
+    /// Number of nodes that may meet an area in picture coordinates.
+    std::size_t countNodes(const QRectF& area) const;
+
     /// Gives back the paths of all links that the picture before this one has drawn and this one has not. Indices of
     /// links, ascending; to be called after each picture.
     void keepPathsOf(std::vector<std::uint32_t> drawn);

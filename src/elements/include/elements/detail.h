@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace lineara {
@@ -12,12 +13,15 @@ enum class Detail : std::uint8_t
     Coarse, ///< boxes and lines that the canvas draws in batches
 };
 
-/// Zoom is the one of the view, whatever the density of its screen: pixels of the desktop for one point.
-constexpr Detail detailAt(double zoom)
+/// What is drawn small is drawn simply, but a few nodes are drawn well at any zoom, because they cost little.
+/// `zoom` is the one of the view, whatever the density of its screen: pixels of the desktop for one point.
+constexpr Detail detailAt(double zoom, std::size_t nodesInView)
 {
-    if (zoom >= 0.5)
+    constexpr std::size_t few = 400;
+    constexpr std::size_t notMany = 1'500;
+    if (zoom >= 0.5 || nodesInView <= few)
         return Detail::Full;
-    return zoom >= 0.15 ? Detail::Plain : Detail::Coarse;
+    return zoom >= 0.15 || nodesInView <= notMany ? Detail::Plain : Detail::Coarse;
 }
 
 } // namespace lineara
