@@ -11,7 +11,7 @@ fail() {
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libpugixml-dev
     libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev python3)
 screen_packages=(xvfb fonts-dejavu-core)
-test_packages=(clang-format xauth xdotool)
+test_packages=(clang-format python3-kiwisolver xauth xdotool)
 lint_packages=(clang-tidy-16)
 fuzz_packages=(clang-16 libclang-rt-16-dev)
 
