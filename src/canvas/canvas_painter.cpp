@@ -1,8 +1,9 @@
 #include "canvas/canvas_painter.h"
 
 #include "canvas/family_scene.h"
-#include "coarse_batches.h"
+#include "coarse_nodes.h"
 #include "elements/link_painter.h"
+#include "link_raster.h"
 
 #include <QPainter>
 
@@ -22,12 +23,26 @@ std::vector<std::uint32_t> paintLinks(QPainter& painter, const FamilyScene& scen
     return drawn;
 }
 
+std::vector<std::uint32_t> paintLinksRoughly(QPainter& painter, const FamilyScene& scene, const QRectF& area)
+{
+    std::vector<std::uint32_t> drawn;
+    LinkRaster links(painter);
+    scene.visitLinks(area, [&](const LinkLayer& link) {
+        links.addInShape(link);
+        drawn.push_back(link.index());
+    });
+    links.paint();
+    return drawn;
+}
+
 void paintCoarsely(QPainter& painter, const FamilyScene& scene, const QRectF& area)
 {
-    CoarseBatches batches(painter);
-    scene.visitLinks(area, [&](const LinkLayer& link) { batches.add(link); });
-    scene.visitNodes(area, [&](const LeafView& node) { batches.add(node); });
-    batches.paint();
+    LinkRaster links(painter);
+    scene.visitLinks(area, [&](const LinkLayer& link) { links.addAsLine(link); });
+    links.paint();
+    CoarseNodes nodes(painter);
+    scene.visitNodes(area, [&](const LeafView& node) { nodes.add(node); });
+    nodes.paint();
 }
 
 } // namespace
@@ -40,7 +55,9 @@ std::vector<std::uint32_t> CanvasPainter::paint(QPainter& painter, const FamilyS
         paintCoarsely(painter, scene, area);
     } else {
         painter.setRenderHint(QPainter::Antialiasing, detail == Detail::Full);
-        drawn = paintLinks(painter, scene, area, motion == Motion::Moving ? Detail::Plain : detail);
+        drawn = motion == Motion::Moving ? paintLinksRoughly(painter, scene, area)
+                                         : paintLinks(painter, scene, area, detail);
+        nodes_.beginPicture(painter, motion);
         scene.visitNodes(area, [&](const LeafView& node) { nodes_.paint(painter, node, detail); });
     }
     if (const auto& band = scene.personLayer().connection())

@@ -228,7 +228,7 @@ void TreeView::paintEvent(QPaintEvent* event)
     painter.setTransform(view_.pictureToView());
     const QRectF area = toPicture(view_.visible());
     const Motion motion = rest_.isActive() ? Motion::Moving : Motion::Still;
-    const Detail detail = detailAt(view_.zoom(), scene_.countNodes(area));
+    const Detail detail = detailAt(view_.zoom(), scene_.countNodes(area), motion);
     scene_.keepPathsOf(painter_.paint(painter, scene_, area, detail, motion));
 }
 

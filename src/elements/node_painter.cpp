@@ -87,6 +87,16 @@ QPointF leafOrigin(const LeafView& node)
 
 NodePainter::NodePainter(Medium medium) : medium_(medium), shapes_(shapeCacheBytes), pictures_(pictureCacheBytes) {}
 
+void NodePainter::beginPicture(const QPainter& painter, Motion motion)
+{
+    const double scale = painter.deviceTransform().m11();
+    stretchedFrom_.reset();
+    if (motion == Motion::Still)
+        restingScale_ = scale;
+    else if (stepsOf(scale) != stepsOf(restingScale_))
+        stretchedFrom_ = std::exp2(std::round(std::log2(scale)));
+}
+
 void NodePainter::paint(QPainter& painter, const LeafView& node, Detail detail)
 {
     const bool isFull = detail == Detail::Full;
@@ -122,10 +132,15 @@ void NodePainter::paintSprites(QPainter& painter, const LeafView& node)
 {
     const QTransform world = painter.worldTransform();
     const double scale = painter.deviceTransform().m11();
-    const Resolution resolution{scale, scale / world.m11()};
+    const Resolution resolution{stretchedFrom_.value_or(scale), scale / world.m11()};
+    const double stretch = scale / resolution.scale / resolution.density;
     const auto place = [&](const Sprite& sprite, QPointF origin) {
         const QPointF pixel = (world.map(origin + sprite.offset) * resolution.density).toPoint();
-        painter.drawPixmap(pixel / resolution.density, sprite.pixels);
+        if (stretchedFrom_)
+            painter.drawPixmap(QRectF(pixel / resolution.density, QSizeF(sprite.pixels.size()) * stretch),
+                               sprite.pixels, QRectF(sprite.pixels.rect()));
+        else
+            painter.drawPixmap(pixel / resolution.density, sprite.pixels);
     };
     painter.setWorldTransform({});
     place(panelSprite(node, resolution), toPicture(node.infoFrame()).topLeft());

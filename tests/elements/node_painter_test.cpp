@@ -21,7 +21,8 @@ protected:
     NodePainterTest() { Family::moveTo(ann, {80, 80}); }
 
     /// The canvas from (0, 0) to (160, 160), each point `scale` pixels wide.
-    QImage painted(NodePainter& painter, double scale = 1, Detail detail = Detail::Full) const
+    QImage painted(NodePainter& painter, double scale = 1, Detail detail = Detail::Full,
+                   Motion motion = Motion::Still) const
     {
         const int pixels = static_cast<int>(160 * scale);
         QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
@@ -29,6 +30,7 @@ protected:
         QPainter canvas(&image);
         canvas.scale(scale, scale);
         canvas.translate(0, 160);
+        painter.beginPicture(canvas, motion);
         painter.paint(canvas, *ann.leafView(), detail);
         return image;
     }
@@ -97,6 +99,15 @@ TEST_F(NodePainterTest, ScreenAndDocumentAgree)
     }
 }
 
+TEST_F(NodePainterTest, MovingPictureIsStretchedAndARestingOneIsNot)
+{
+    const QImage exact = painted(screen, 1.25, Detail::Plain);
+    EXPECT_EQ(painted(screen, 1.25, Detail::Plain, Motion::Moving), exact);
+    const QImage moving = painted(screen, 1.5, Detail::Plain, Motion::Moving);
+    EXPECT_EQ(at(moving, node.partnerHandle().frame().centre()), colours::partnerFill().rgba());
+    EXPECT_NE(moving, painted(screen, 1.5, Detail::Plain));
+}
+
 TEST_F(NodePainterTest, DarkDesktopChangesNothing)
 {
     const QImage light = painted(screen);
@@ -154,19 +165,28 @@ TEST_F(NodePainterTest, DenseScreenGetsItsOwnPixels)
 
 TEST(Detail, DependsOnTheZoom)
 {
-    EXPECT_EQ(detailAt(4, 100'000), Detail::Full);
-    EXPECT_EQ(detailAt(0.5, 100'000), Detail::Full);
-    EXPECT_EQ(detailAt(0.49, 100'000), Detail::Plain);
-    EXPECT_EQ(detailAt(0.15, 100'000), Detail::Plain);
-    EXPECT_EQ(detailAt(0.14, 100'000), Detail::Coarse);
+    EXPECT_EQ(detailAt(4, 100'000, Motion::Still), Detail::Full);
+    EXPECT_EQ(detailAt(0.5, 100'000, Motion::Still), Detail::Full);
+    EXPECT_EQ(detailAt(0.49, 100'000, Motion::Still), Detail::Plain);
+    EXPECT_EQ(detailAt(0.15, 100'000, Motion::Still), Detail::Plain);
+    EXPECT_EQ(detailAt(0.14, 100'000, Motion::Still), Detail::Coarse);
 }
 
 TEST(Detail, OfAFewNodesIsFineAtAnyZoom)
 {
-    EXPECT_EQ(detailAt(0.05, 400), Detail::Full);
-    EXPECT_EQ(detailAt(0.05, 401), Detail::Plain);
-    EXPECT_EQ(detailAt(0.05, 1'500), Detail::Plain);
-    EXPECT_EQ(detailAt(0.05, 1'501), Detail::Coarse);
+    EXPECT_EQ(detailAt(0.05, 400, Motion::Still), Detail::Full);
+    EXPECT_EQ(detailAt(0.05, 401, Motion::Still), Detail::Plain);
+    EXPECT_EQ(detailAt(0.05, 1'500, Motion::Still), Detail::Plain);
+    EXPECT_EQ(detailAt(0.05, 1'501, Motion::Still), Detail::Coarse);
+}
+
+TEST(Detail, OfAMovingPictureIsAsFineAsThereIsTimeFor)
+{
+    EXPECT_EQ(detailAt(1, 200, Motion::Moving), Detail::Full);
+    EXPECT_EQ(detailAt(0.05, 200, Motion::Moving), Detail::Full);
+    EXPECT_EQ(detailAt(1, 201, Motion::Moving), Detail::Plain);
+    EXPECT_EQ(detailAt(1, 700, Motion::Moving), Detail::Plain);
+    EXPECT_EQ(detailAt(1, 701, Motion::Moving), Detail::Coarse);
 }
 
 } // namespace

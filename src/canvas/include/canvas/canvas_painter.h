@@ -14,12 +14,6 @@ namespace lineara {
 
 class FamilyScene;
 
-enum class Motion : std::uint8_t
-{
-    Still,
-    Moving
-};
-
 /// Draws what a family shows in an area: links, above them the nodes, above all the rubber band. Screen, files and
 /// printers all draw through it.
 class CanvasPainter
@@ -27,8 +21,8 @@ class CanvasPainter
 public:
     explicit CanvasPainter(NodePainter::Medium medium = NodePainter::Medium::Screen) : nodes_(medium) {}
 
-    /// `painter` stands in picture coordinates and `area` is given in them. Links in a picture that moves on at once
-    /// need no smooth edges, which are most of what a picture costs. Returns the indices of the links drawn by their
+    /// `painter` stands in picture coordinates and `area` is given in them. Smooth edges of links are most of what a
+    /// picture costs: while it moves on at once they are left out. Returns the indices of the links drawn by their
     /// paths, ascending.
     std::vector<std::uint32_t> paint(QPainter& painter, const FamilyScene& scene, const QRectF& area, Detail detail,
                                      Motion motion = Motion::Still);

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <utility>
 
 class QPainter;
@@ -32,6 +33,10 @@ public:
     };
 
     explicit NodePainter(Medium medium = Medium::Screen);
+
+    /// To be called ahead of a picture's nodes. While pictures follow one another at ever new zooms, pixmaps made for
+    /// a zoom near by are stretched, which costs less than making new ones for each.
+    void beginPicture(const QPainter& painter, Motion motion);
 
     /// The detail is Full or Plain; a Coarse node is drawn like a Plain one.
     void paint(QPainter& painter, const LeafView& node, Detail detail);
@@ -59,6 +64,8 @@ private:
     const Sprite& pictureSprite(const LeafView& node, Resolution resolution);
 
     Medium medium_;
+    double restingScale_ = 0;             // of the last picture that was no part of a movement
+    std::optional<double> stretchedFrom_; // the scale of the pixmaps, where they are stretched
     QCache<quint64, Sprite> shapes_;
     QCache<std::pair<qint64, quint64>, Sprite> pictures_; // by pixels and size
 };

@@ -1,8 +1,7 @@
-#include "coarse_batches.h"
+#include "coarse_nodes.h"
 
 #include "elements/colours.h"
 #include "elements/leaf_view.h"
-#include "elements/link_layer.h"
 
 #include <QPainter>
 
@@ -29,33 +28,19 @@ int pixel(double place)
 
 } // namespace
 
-CoarseBatches::CoarseBatches(QPainter& painter) : painter_(painter), toPixels_(painter.worldTransform()) {}
+CoarseNodes::CoarseNodes(QPainter& painter) : painter_(painter), toPixels_(painter.worldTransform()) {}
 
-void CoarseBatches::add(const LinkLayer& link)
-{
-    const QPointF start = toPixels_.map(toPicture(link.startPoint()));
-    const QPointF end = toPixels_.map(toPicture(link.endPoint()));
-    const Colour colour = link.isSelected() ? Selected : link.isPartnerLink() ? Partner : Offspring;
-    addUnlessRepeated(lines_[colour], QLine(pixel(start.x()), pixel(start.y()), pixel(end.x()), pixel(end.y())));
-}
-
-void CoarseBatches::add(const LeafView& node)
+void CoarseNodes::add(const LeafView& node)
 {
     addUnlessRepeated(images_, pixels(toPicture(node.imageFrame())));
     addUnlessRepeated(panels_, pixels(toPicture(node.infoFrame())));
 }
 
-void CoarseBatches::paint()
+void CoarseNodes::paint()
 {
-    const std::array<QColor, LinkColours> strokes{colours::partnerStroke(), colours::offspringStroke(),
-                                                  colours::selectedStroke()};
     painter_.save();
     painter_.resetTransform();
     painter_.setRenderHint(QPainter::Antialiasing, false);
-    for (std::size_t colour = 0; colour < LinkColours; ++colour) {
-        painter_.setPen(QPen(strokes[colour], 0));
-        painter_.drawLines(lines_[colour].data(), static_cast<int>(lines_[colour].size()));
-    }
     painter_.setPen(Qt::NoPen);
     painter_.setBrush(colours::leafFill());
     painter_.drawRects(images_.data(), static_cast<int>(images_.size()));
@@ -64,7 +49,7 @@ void CoarseBatches::paint()
     painter_.restore();
 }
 
-QRect CoarseBatches::pixels(const QRectF& picture) const
+QRect CoarseNodes::pixels(const QRectF& picture) const
 {
     const QRectF area = toPixels_.mapRect(picture);
     const int left = pixel(area.left());
