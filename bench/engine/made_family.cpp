@@ -16,7 +16,8 @@ namespace {
 class Links
 {
 public:
-    Links(std::vector<Person*> persons, std::size_t rows) : persons_(std::move(persons)), width_(persons_.size() / rows)
+    Links(std::vector<Person*> persons, std::size_t rows, unsigned straying)
+        : persons_(std::move(persons)), width_(persons_.size() / rows), straying_(straying)
     {}
 
     void make()
@@ -32,7 +33,7 @@ public:
 private:
     void marry(std::size_t at)
     {
-        const bool intoAnotherRow = random_() % 1'000 == 0 && at >= 3 * width_;
+        const bool intoAnotherRow = random_() % 1'000 < straying_ && at >= 3 * width_;
         persons_[intoAnotherRow ? at - 2 * width_ : at - 1]->addPartner(*persons_[at]);
     }
 
@@ -46,12 +47,13 @@ private:
 
     std::vector<Person*> persons_;
     std::size_t width_;
+    unsigned straying_;
     std::mt19937 random_{1};
 };
 
 } // namespace
 
-std::unique_ptr<ObjectContext> madeFamily(std::size_t persons)
+std::unique_ptr<ObjectContext> madeFamily(std::size_t persons, unsigned straying)
 {
     auto family = std::make_unique<ObjectContext>();
     const Journal::Pause pause(family->journal());
@@ -62,7 +64,7 @@ std::unique_ptr<ObjectContext> madeFamily(std::size_t persons)
         pool.addPerson(*all.back());
     }
     const std::size_t rows = persons <= 1'000 ? 12 : persons <= 10'000 ? 25 : 40;
-    Links(std::move(all), rows).make();
+    Links(std::move(all), rows, straying).make();
     return family;
 }
 

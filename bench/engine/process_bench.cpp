@@ -65,7 +65,7 @@ void forgetGenerations(Pool& pool)
 
 void process(benchmark::State& state)
 {
-    const auto context = madeFamily(static_cast<std::size_t>(state.range(0)));
+    const auto context = madeFamily(static_cast<std::size_t>(state.range(0)), static_cast<unsigned>(state.range(1)));
     Pool& pool = *context->allPools().front();
     const FamilySnapshot family = pool.snapshot();
     const LogCapture quiet;
@@ -92,10 +92,8 @@ void process(benchmark::State& state)
 }
 
 BENCHMARK(process)
-    ->Arg(1'000)
-    ->Arg(10'000)
-    ->Arg(100'000)
-    ->Arg(200'000)
+    ->ArgNames({"persons", "straying"})
+    ->ArgsProduct({{1'000, 10'000, 100'000, 200'000}, {0, 1}})
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond)
     ->MinTime(2);
