@@ -36,6 +36,7 @@ struct SerialQueue::State : std::enable_shared_from_this<State>
     std::deque<WorkBlock> blocks;
     std::stop_source stop;
     bool running = false;
+    bool held = false;
 
     void work();
     std::shared_ptr<WorkBlock> next();
@@ -56,7 +57,7 @@ std::shared_ptr<WorkBlock> SerialQueue::State::next()
 {
     std::unique_lock lock(mutex);
     running = false;
-    changed.wait(lock, [this] { return stop.stop_requested() || !blocks.empty(); });
+    changed.wait(lock, [this] { return stop.stop_requested() || (!held && !blocks.empty()); });
     if (stop.stop_requested())
         return nullptr;
     running = true;
@@ -153,6 +154,15 @@ void SerialQueue::enqueue(WorkBlock block)
     {
         const std::lock_guard lock(state_->mutex);
         state_->blocks.push_back(std::move(block));
+    }
+    state_->changed.notify_all();
+}
+
+void SerialQueue::setHeld(bool held)
+{
+    {
+        const std::lock_guard lock(state_->mutex);
+        state_->held = held;
     }
     state_->changed.notify_all();
 }

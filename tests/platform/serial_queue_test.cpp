@@ -129,6 +129,30 @@ TEST(SerialQueue, WhatABlockHoldsIsLetGoOnTheMainThread)
     EXPECT_EQ(*releasedOn, std::this_thread::get_id());
 }
 
+TEST(SerialQueue, AHeldQueueBeginsNoFurtherBlockUntilItIsLetGo)
+{
+    SerialQueue queue;
+    queue.setHeld(true);
+    bool ran = false;
+    queue.enqueue(WorkBlock().onMainWaiting([&] { ran = true; }));
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    EXPECT_FALSE(ran);
+    EXPECT_TRUE(queue.busy());
+    queue.setHeld(false);
+    EXPECT_TRUE(waitUntil([&] { return ran; }));
+}
+
+TEST(SerialQueue, AHeldQueueCanGoAway)
+{
+    auto queue = std::make_unique<SerialQueue>();
+    queue->setHeld(true);
+    bool ran = false;
+    queue->enqueue(WorkBlock().onMainWaiting([&] { ran = true; }));
+    queue.reset();
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    EXPECT_FALSE(ran);
+}
+
 TEST(SerialQueue, AQueueStillWorksAfterAThousandCameAndWent)
 {
     for (int round = 0; round < 1000; ++round) {

@@ -48,6 +48,10 @@ public:
 
     void enqueue(WorkBlock block);
 
+    /// While held, no further block begins; the one that runs goes on to its end. For tests of what may happen while
+    /// work is waiting.
+    void setHeld(bool held);
+
     /// True while a block runs or waits to run.
     bool busy() const;
 
