@@ -1,24 +1,50 @@
 #include "model/journal.h"
 
 #include "journal_step.h"
+#include "model/object_context.h"
 
 #include <utility>
 
 namespace lineara {
 
+namespace {
+
+struct Step
+{
+    StepId id;
+    JournalStep own;
+    /// What amend() added while later steps could still be redone: in force whenever the step is the newest.
+    std::unique_ptr<JournalStep> late = nullptr;
+    bool reserved = false;
+};
+
+enum class Taking
+{
+    Nothing,
+    NewStep,    ///< the last step of `done`, which was begun on top of the others
+    AmendedStep ///< the last step of `done`, which had been closed before
+};
+
+} // namespace
+
 struct Journal::State
 {
     ObjectContext& context;
-    std::vector<JournalStep> done;
-    std::vector<JournalStep> undone;
-    bool open = false; ///< the last step of `done` still takes changes
+    std::vector<Step> done;
+    std::vector<Step> undone;
+    std::vector<Step> replaced; ///< what a new step made impossible to redo, until it is sure to stay
+    std::optional<Step> next;   ///< begun, and not yet a part of the history
+    std::uint64_t lastId = 0;
+    Taking taking = Taking::Nothing;
     bool replaying = false;
     int pauses = 0;
 
-    bool lastIsEmpty() const { return open && !done.back().hasEffect(context); }
+    bool lastIsEmpty() const
+    {
+        return taking == Taking::NewStep && !done.back().reserved && !done.back().own.hasEffect(context);
+    }
 
-    /// The step that undo() would take back.
-    const JournalStep* undoable() const
+    const Step* undoable() const
     {
         const std::size_t steps = done.size() - (lastIsEmpty() ? 1 : 0);
         return steps == 0 ? nullptr : &done[steps - 1];
@@ -26,38 +52,91 @@ struct Journal::State
 
     void close()
     {
+        next.reset();
         if (lastIsEmpty())
-            done.pop_back();
-        else if (open)
-            done.back().close();
-        open = false;
+            dropLast();
+        else if (taking == Taking::NewStep)
+            keepLast();
+        else if (taking == Taking::AmendedStep && done.back().late)
+            done.back().late->close();
+        taking = Taking::Nothing;
     }
 
-    /// Replays the last step of `from` and hands it over.
-    void move(std::vector<JournalStep>& from, std::vector<JournalStep>& to, void (JournalStep::*replay)(ObjectContext&))
+    void openNext()
     {
-        close();
-        if (from.empty() || replaying)
+        replaced = std::exchange(undone, {});
+        done.push_back(std::move(*std::exchange(next, std::nullopt)));
+        taking = Taking::NewStep;
+    }
+
+    /// The new step stays: what came late to the one before belongs to that for good.
+    void keepLast()
+    {
+        replaced.clear();
+        done.back().own.close();
+        if (done.size() < 2)
             return;
+        Step& before = done[done.size() - 2];
+        if (before.late)
+            before.own.append(std::move(*std::exchange(before.late, nullptr)));
+    }
+
+    /// As if the new step had never been begun.
+    void dropLast()
+    {
+        done.pop_back();
+        undone = std::exchange(replaced, {});
+    }
+
+    template<class Work>
+    void replay(Work&& work)
+    {
         replaying = true;
-        JournalStep step = std::move(from.back());
-        from.pop_back();
-        (step.*replay)(context);
-        to.push_back(std::move(step));
+        work();
         replaying = false;
+        context.report(Replayed{});
     }
 };
 
-Journal::Journal(ObjectContext& context) : state_(new State{.context = context, .done = {}, .undone = {}}) {}
+Journal::Journal(ObjectContext& context)
+    : state_(new State{.context = context, .done = {}, .undone = {}, .replaced = {}, .next = {}})
+{}
 
 Journal::~Journal() = default;
 
-void Journal::begin(QString name)
+StepId Journal::begin(QString name)
 {
     state_->close();
-    state_->undone.clear();
-    state_->done.emplace_back(std::move(name));
-    state_->open = true;
+    state_->next.emplace(Step{{++state_->lastId}, JournalStep(std::move(name))});
+    return state_->next->id;
+}
+
+StepId Journal::reserve(QString name)
+{
+    const StepId id = begin(std::move(name));
+    state_->next->reserved = true;
+    state_->openNext();
+    return id;
+}
+
+void Journal::amend()
+{
+    state_->close();
+    if (state_->done.empty())
+        return;
+    if (!state_->undone.empty() && !state_->done.back().late)
+        state_->done.back().late = std::make_unique<JournalStep>(QString());
+    state_->taking = Taking::AmendedStep;
+}
+
+void Journal::rollBack()
+{
+    state_->next.reset();
+    if (state_->taking != Taking::NewStep || state_->replaying)
+        return;
+    state_->taking = Taking::Nothing;
+    state_->replay([&] { state_->done.back().own.undo(state_->context); });
+    state_->dropLast();
 }
 
 bool Journal::canUndo() const
@@ -72,23 +151,68 @@ bool Journal::canRedo() const
 
 QString Journal::undoName() const
 {
-    const JournalStep* const step = state_->undoable();
-    return step ? step->name() : QString();
+    const Step* const step = state_->undoable();
+    return step ? step->own.name() : QString();
 }
 
 QString Journal::redoName() const
 {
-    return canRedo() ? state_->undone.back().name() : QString();
+    return canRedo() ? state_->undone.back().own.name() : QString();
+}
+
+StepId Journal::latestStep() const
+{
+    return {state_->lastId};
+}
+
+std::optional<StepId> Journal::undoStep() const
+{
+    const Step* const step = state_->undoable();
+    return step ? std::optional(step->id) : std::nullopt;
+}
+
+std::optional<StepId> Journal::redoStep() const
+{
+    return canRedo() ? std::optional(state_->undone.back().id) : std::nullopt;
+}
+
+bool Journal::replaying() const
+{
+    return state_->replaying;
 }
 
 void Journal::undo()
 {
-    state_->move(state_->done, state_->undone, &JournalStep::undo);
+    state_->close();
+    if (state_->done.empty() || state_->replaying)
+        return;
+    Step step = std::move(state_->done.back());
+    state_->done.pop_back();
+    state_->replay([&] {
+        if (step.late)
+            step.late->undo(state_->context);
+        step.own.undo(state_->context);
+        if (!state_->done.empty() && state_->done.back().late)
+            state_->done.back().late->redo(state_->context);
+    });
+    state_->undone.push_back(std::move(step));
 }
 
 void Journal::redo()
 {
-    state_->move(state_->undone, state_->done, &JournalStep::redo);
+    state_->close();
+    if (state_->undone.empty() || state_->replaying)
+        return;
+    Step step = std::move(state_->undone.back());
+    state_->undone.pop_back();
+    state_->replay([&] {
+        if (!state_->done.empty() && state_->done.back().late)
+            state_->done.back().late->undo(state_->context);
+        step.own.redo(state_->context);
+        if (step.late)
+            step.late->redo(state_->context);
+    });
+    state_->done.push_back(std::move(step));
 }
 
 std::size_t Journal::depth() const
@@ -98,20 +222,26 @@ std::size_t Journal::depth() const
 
 void Journal::clear()
 {
-    state_->open = false;
+    state_->taking = Taking::Nothing;
+    state_->next.reset();
     state_->done.clear();
     state_->undone.clear();
+    state_->replaced.clear();
 }
 
 void Journal::note(JournalEntry&& entry)
 {
-    if (recording())
-        state_->done.back().note(std::move(entry));
+    if (!recording())
+        return;
+    if (state_->next)
+        state_->openNext();
+    Step& step = state_->done.back();
+    (step.late ? *step.late : step.own).note(std::move(entry));
 }
 
 bool Journal::recording() const
 {
-    return state_->open && !state_->replaying && state_->pauses == 0;
+    return (state_->taking != Taking::Nothing || state_->next) && !state_->replaying && state_->pauses == 0;
 }
 
 Journal::Pause::Pause(Journal& journal) : journal_(journal)

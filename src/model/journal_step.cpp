@@ -3,6 +3,7 @@
 #include "attribute_value.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace lineara {
@@ -11,6 +12,12 @@ void JournalStep::note(JournalEntry&& entry)
 {
     if (!std::visit([this](auto& change) { return merge(change); }, entry.change))
         entries_.push_back(std::move(entry));
+}
+
+void JournalStep::append(JournalStep later)
+{
+    entries_.insert(entries_.end(), std::make_move_iterator(later.entries_.begin()),
+                    std::make_move_iterator(later.entries_.end()));
 }
 
 void JournalStep::close()

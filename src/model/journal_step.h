@@ -21,6 +21,9 @@ public:
     /// Adds a change. One that only continues an earlier change of the step is merged with that.
     void note(JournalEntry&& entry);
 
+    /// Adds what another step noted after this one.
+    void append(JournalStep later);
+
     /// Nothing more will be noted.
     void close();
 

@@ -2,7 +2,6 @@
 
 #include "journal_entry.h"
 #include "model/text_hygiene.h"
-#include "observer_list.h"
 #include "record_table.h"
 
 #include <utility>
@@ -20,9 +19,7 @@ std::optional<QString> writable(std::optional<QString> text)
 
 } // namespace
 
-ObjectContext::ObjectContext(QUuid storeUuid)
-    : storeUuid_(storeUuid), records_(std::make_unique<RecordTable>()), observers_(std::make_unique<ObserverList>())
-{}
+ObjectContext::ObjectContext(QUuid storeUuid) : storeUuid_(storeUuid), records_(std::make_unique<RecordTable>()) {}
 
 ObjectContext::~ObjectContext() = default;
 
@@ -102,7 +99,7 @@ std::vector<Pic*> ObjectContext::allPics() const
 
 Subscription ObjectContext::observe(std::function<void(const Change&)> observer)
 {
-    return Subscription(observers_->add(std::move(observer)));
+    return observers_.add(std::move(observer));
 }
 
 void ObjectContext::setAwakening(std::function<void(Person&)> awakening)
@@ -143,7 +140,7 @@ std::unique_ptr<Record> ObjectContext::detach(Record& record)
 
 void ObjectContext::report(const Change& change)
 {
-    observers_->report(change);
+    observers_.report(change);
 }
 
 } // namespace lineara

@@ -207,4 +207,19 @@ void Pool::arrangeGenerations()
     generations_ = rowsOf(rows.rows, family.persons);
 }
 
+void Pool::rebuildLists()
+{
+    arrangeGenerations();
+    partners_.clear();
+    offspring_.clear();
+    for (const Person* const person : persons_) {
+        for (const Person* const partner : person->partners()) {
+            if (compareAsText(person->recordId(), partner->recordId()) < 0)
+                partners_.push_back({person->recordId(), partner->recordId()});
+        }
+        for (const Person* const child : person->children())
+            offspring_.push_back({person->recordId(), child->recordId()});
+    }
+}
+
 } // namespace lineara

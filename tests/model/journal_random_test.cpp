@@ -55,6 +55,7 @@ private:
         read(event.member);
     }
     void hear(const PicDataChanged& event) { read(event.pic); }
+    void hear(const Replayed&) {}
 
     std::map<std::pair<Entity, std::uint64_t>, std::string> records_;
     Subscription subscription_;

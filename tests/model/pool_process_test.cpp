@@ -75,8 +75,10 @@ TEST(Apply, WritesResultsWithOneEventAndOneStep)
     const std::string before = test::dump(folk.context);
     folk.context.journal().begin(u"Link"_qs);
     std::vector<std::size_t> changed;
-    const Subscription subscription = folk.context.observe(
-        [&](const Change& change) { changed.push_back(std::get<ManyChanged>(change).persons.size()); });
+    const Subscription subscription = folk.context.observe([&](const Change& change) {
+        if (const auto* const many = std::get_if<ManyChanged>(&change))
+            changed.push_back(many->persons.size());
+    });
     engine::ProcessResult result;
     result.generations = {2, 1, 2};
     result.rowsBuilt = true;

@@ -82,6 +82,11 @@ struct PicDataChanged
     Pic& pic;
 };
 
-using Change = std::variant<RecordInserted, RecordRemoved, AttributesChanged, ManyChanged, LinkChanged, PicDataChanged>;
+/// An undo, a redo or a roll-back has ended; its single changes were reported before.
+struct Replayed
+{};
+
+using Change =
+    std::variant<RecordInserted, RecordRemoved, AttributesChanged, ManyChanged, LinkChanged, PicDataChanged, Replayed>;
 
 } // namespace lineara

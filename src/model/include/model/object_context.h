@@ -5,6 +5,7 @@
 #include "model/person.h"
 #include "model/pic.h"
 #include "model/pool.h"
+#include "platform/observer_list.h"
 
 #include <QUuid>
 
@@ -16,19 +17,7 @@
 
 namespace lineara {
 
-/// Ends the observation when destroyed. May outlive the context.
-class Subscription
-{
-public:
-    Subscription() = default;
-    explicit Subscription(std::shared_ptr<void> token) : token_(std::move(token)) {}
-
-private:
-    std::shared_ptr<void> token_;
-};
-
 struct LinkPlaces;
-class ObserverList;
 class RecordTable;
 
 /// Owns every record of one family file, keeps both sides of every link, reports each change at once as one typed
@@ -90,6 +79,7 @@ public:
 private:
     friend class ContextLoader;
     friend struct JournalEntry;
+    friend class Journal;
     friend class Person;
     friend class Pool;
     friend class Pic;
@@ -119,7 +109,7 @@ private:
     QUuid storeUuid_;
     std::uint64_t nextNumber_ = 101;
     std::unique_ptr<RecordTable> records_;
-    std::unique_ptr<ObserverList> observers_;
+    ObserverList<Change> observers_;
     std::function<void(Person&)> awakening_;
     mutable std::uint32_t lastVisit_ = 0;
     Journal journal_{*this};

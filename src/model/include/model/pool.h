@@ -54,6 +54,9 @@ public:
 
     /// Builds the rows and sizes from the generations as they are.
     void arrangeGenerations();
+    /// Builds the rows, the sizes and both link lists from the records as they are, generations included: what is left
+    /// to do after undo or redo.
+    void rebuildLists();
 
     std::int32_t maxGeneration() const { return maxGeneration_; }
     std::optional<RecordId> maxGenerationOf() const { return maxGenerationOf_; }
