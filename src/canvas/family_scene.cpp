@@ -63,9 +63,9 @@ void FamilyScene::removeLink(LinkLayer& link)
     linksRenumbered();
 }
 
-void FamilyScene::syncLinks()
+void FamilyScene::syncLinks(const std::function<bool(const Person&)>& isHidden)
 {
-    if (branchLayer_.syncWithPool())
+    if (branchLayer_.syncWithRecords(isHidden))
         linksRenumbered();
 }
 

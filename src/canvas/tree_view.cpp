@@ -31,6 +31,7 @@ TreeView::~TreeView() = default;
 void TreeView::addViewForPerson(Person& person)
 {
     LeafView* const node = person.leafView();
+    hidden_.erase(person.recordId());
     if (!node || scene_.shows(person))
         return;
     const bool isNew = !person.x();
@@ -47,6 +48,7 @@ void TreeView::addViewForPerson(Person& person)
 
 void TreeView::removeViewForPerson(Person& person)
 {
+    hidden_.insert(person.recordId());
     if (!scene_.shows(person))
         return;
     glide_.forget(*person.leafView());
@@ -57,6 +59,7 @@ void TreeView::removeViewForPerson(Person& person)
 void TreeView::forgetPerson(Person& person)
 {
     removeViewForPerson(person);
+    hidden_.erase(person.recordId());
     // Somebody of another pool has no node here, but may have shapes of links to those who do.
     scene_.removePerson(person);
 }
@@ -76,7 +79,7 @@ void TreeView::removeLink(LinkLayer& link)
 void TreeView::refreshHierarchy()
 {
     syncNodes();
-    scene_.syncLinks();
+    scene_.syncLinks([this](const Person& person) { return isHidden(person); });
     std::vector<RowGlide::Move> visibleMoves;
     for (LeafView* const node : scene_.personLayer().nodes()) {
         const auto generation = node->person().generation();
@@ -155,8 +158,10 @@ std::optional<double> TreeView::smallestXConstant() const
 
 void TreeView::syncNodes()
 {
-    for (Person* const person : pool().persons())
-        addViewForPerson(*person);
+    for (Person* const person : pool().persons()) {
+        if (!isHidden(*person))
+            addViewForPerson(*person);
+    }
 }
 
 void TreeView::follow(const Change& change)
@@ -185,16 +190,18 @@ void TreeView::followAttributes(const AttributesChanged& change)
     scene_.nodeMoved(node);
     contentChanged();
     if (node.frame().x < 0)
-        setNeedsUpdateConstraints();
+        requestUnlessReplaying();
 }
 
 void TreeView::followMembership(Person& person, bool joined)
 {
     // A replayed change may join persons before they have their x back, so newcomers wait for the pass.
-    if (joined)
+    if (joined) {
         setNeedsUpdateConstraints();
-    else
+    } else {
         removeViewForPerson(person);
+        hidden_.erase(person.recordId());
+    }
 }
 
 void TreeView::allNodesChanged()
@@ -202,6 +209,14 @@ void TreeView::allNodesChanged()
     scene_.allMoved();
     contentChanged();
     if (smallestXConstant().value_or(0) < 0)
+        requestUnlessReplaying();
+}
+
+/// Undo and redo restore a state that was at rest: the shift that follows from a place left of the canvas is among what
+/// they restore.
+void TreeView::requestUnlessReplaying()
+{
+    if (!pool().context().journal().replaying())
         setNeedsUpdateConstraints();
 }
 

@@ -21,6 +21,34 @@ std::array<LinkList, 2> linkLists(const Pool& pool)
     return {LinkList{u"partner"_qs, pool.partners()}, LinkList{u"offspring"_qs, pool.offspring()}};
 }
 
+/// The same lists as the records have them now. The pool's lists are as old as the last run of the engine.
+struct RecordedLinks
+{
+    std::vector<LinkRecord> partners;
+    std::vector<LinkRecord> offspring;
+};
+
+template<class IsHidden>
+RecordedLinks recordedLinks(const Pool& pool, const IsHidden& isHidden)
+{
+    RecordedLinks links;
+    links.partners.reserve(pool.partners().size());
+    links.offspring.reserve(pool.offspring().size());
+    for (const Person* const person : pool.persons()) {
+        if (isHidden(*person))
+            continue;
+        for (const Person* const partner : person->partners()) {
+            if (compareAsText(person->recordId(), partner->recordId()) < 0 && !isHidden(*partner))
+                links.partners.push_back({person->recordId(), partner->recordId()});
+        }
+        for (const Person* const child : person->children()) {
+            if (!isHidden(*child))
+                links.offspring.push_back({person->recordId(), child->recordId()});
+        }
+    }
+    return links;
+}
+
 bool joins(const LinkLayer& layer, const Person* source, const Person* target)
 {
     if (layer.source() == source && layer.target() == target)
@@ -115,9 +143,14 @@ void BranchLayerView::removeLayersOf(Person& person)
     removeUnwanted();
 }
 
-bool BranchLayerView::syncWithPool()
+bool BranchLayerView::syncWithRecords(const std::function<bool(const Person&)>& isHidden)
 {
-    const auto missing = markWanted();
+    const RecordedLinks links = recordedLinks(*pool_, isHidden);
+    for (const auto& layer : layers_)
+        layer->isWanted_ = false;
+    std::vector<std::pair<LinkRecord, QString>> missing;
+    markWanted(links.partners, u"partner"_qs, missing);
+    markWanted(links.offspring, u"offspring"_qs, missing);
     const std::size_t before = layers_.size();
     removeUnwanted();
     const bool changed = layers_.size() != before || !missing.empty();
@@ -126,29 +159,24 @@ bool BranchLayerView::syncWithPool()
     return changed;
 }
 
-/// Marks one shape for each link of the pool and every other as unwanted; gives the links that have no shape.
-std::vector<std::pair<LinkRecord, QString>> BranchLayerView::markWanted()
+/// Marks one shape for each link, and adds the links that have none to `missing`.
+void BranchLayerView::markWanted(const std::vector<LinkRecord>& records, const QString& type,
+                                 std::vector<std::pair<LinkRecord, QString>>& missing)
 {
-    for (const auto& layer : layers_)
-        layer->isWanted_ = false;
-    std::vector<std::pair<LinkRecord, QString>> missing;
+    const bool isPartner = type == partnerLink;
+    // The shapes stand in the order of the records but for the latest changes.
     std::size_t next = 0;
-    for (const auto& [type, records] : linkLists(*pool_)) {
-        const bool isPartner = type == partnerLink;
-        for (const LinkRecord& record : records) {
-            // The shapes stand in the order of the lists but for the latest changes.
-            LinkLayer* layer = next < layers_.size() ? layers_[next].get() : nullptr;
-            if (!layer || !shows(*layer, record, isPartner))
-                layer = existingLayer(pool_->context(), record, isPartner);
-            if (layer) {
-                layer->isWanted_ = true;
-                next = layer->index_ + std::size_t{1};
-            } else if (pool_->context().person(record.source) && pool_->context().person(record.target)) {
-                missing.emplace_back(record, type);
-            }
+    for (const LinkRecord& record : records) {
+        LinkLayer* layer = next < layers_.size() ? layers_[next].get() : nullptr;
+        if (!layer || !shows(*layer, record, isPartner))
+            layer = existingLayer(pool_->context(), record, isPartner);
+        if (layer) {
+            layer->isWanted_ = true;
+            next = layer->index_ + std::size_t{1};
+        } else {
+            missing.emplace_back(record, type);
         }
     }
-    return missing;
 }
 
 // One sweep however many go, here and in each person's list, because a person may have thousands of links.

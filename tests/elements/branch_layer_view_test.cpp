@@ -13,6 +13,11 @@ using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 using tests::Family;
 
+bool noneHidden(const Person&)
+{
+    return false;
+}
+
 class BranchLayerViewTest : public testing::Test
 {
 protected:
@@ -128,7 +133,7 @@ TEST_F(BranchLayerViewTest, SyncLeavesExactlyOneShapeForEveryLink)
     family.pool.process();
     BranchLayerView view(family.pool);
     const auto before = shapes(view);
-    EXPECT_FALSE(view.syncWithPool());
+    EXPECT_FALSE(view.syncWithRecords(noneHidden));
     EXPECT_EQ(shapes(view), before);
 
     // A doubled shape, one whose link is gone, and a link without a shape.
@@ -136,13 +141,13 @@ TEST_F(BranchLayerViewTest, SyncLeavesExactlyOneShapeForEveryLink)
     ann.removeChild(cleo);
     bob.addChild(cleo);
     family.pool.process();
-    EXPECT_TRUE(view.syncWithPool());
+    EXPECT_TRUE(view.syncWithRecords(noneHidden));
     ASSERT_EQ(view.layers().size(), 2u);
     EXPECT_EQ(shapes(view).front(), before.front());
     EXPECT_EQ(shapes(view).back()->source(), &bob);
     EXPECT_EQ(shapes(view).back()->target(), &cleo);
     EXPECT_THAT(ann.linkLayers(), ElementsAre(before.front()));
-    EXPECT_FALSE(view.syncWithPool());
+    EXPECT_FALSE(view.syncWithRecords(noneHidden));
 }
 
 TEST_F(BranchLayerViewTest, SyncTellsParentFromChildAndPartnerFromBoth)
@@ -152,9 +157,35 @@ TEST_F(BranchLayerViewTest, SyncTellsParentFromChildAndPartnerFromBoth)
     BranchLayerView view(family.pool);
     view.addLink({cleo.recordId(), ann.recordId()}, u"offspring"_qs);
     view.addLink({ann.recordId(), cleo.recordId()}, u"partner"_qs);
-    EXPECT_TRUE(view.syncWithPool());
+    EXPECT_TRUE(view.syncWithRecords(noneHidden));
     ASSERT_EQ(view.layers().size(), 1u);
     EXPECT_EQ(view.layers().front()->source(), &ann);
+}
+
+TEST_F(BranchLayerViewTest, SyncGoesByTheLinksAndNotByTheListsOfTheLastRun)
+{
+    BranchLayerView view(family.pool);
+    ann.addPartner(bob);
+    EXPECT_TRUE(view.syncWithRecords(noneHidden));
+    EXPECT_EQ(view.layers().size(), 1u);
+    family.pool.process();
+    ann.removePartner(bob);
+    EXPECT_TRUE(view.syncWithRecords(noneHidden));
+    EXPECT_THAT(view.layers(), IsEmpty());
+}
+
+TEST_F(BranchLayerViewTest, LinksOfHiddenPersonsHaveNoShape)
+{
+    ann.addPartner(bob);
+    ann.addChild(cleo);
+    bob.addPartner(dan);
+    family.pool.process();
+    BranchLayerView view(family.pool);
+    EXPECT_TRUE(view.syncWithRecords([&](const Person& person) { return &person == &bob; }));
+    ASSERT_EQ(view.layers().size(), 1u);
+    EXPECT_EQ(view.layers().front()->target(), &cleo);
+    EXPECT_TRUE(view.syncWithRecords(noneHidden));
+    EXPECT_EQ(view.layers().size(), 3u);
 }
 
 TEST_F(BranchLayerViewTest, SyncOfALargeFamilyIsLinear)
@@ -168,7 +199,7 @@ TEST_F(BranchLayerViewTest, SyncOfALargeFamilyIsLinear)
         ann.addChild(family.add());
     family.pool.process();
     BranchLayerView view(family.pool);
-    EXPECT_FALSE(view.syncWithPool());
+    EXPECT_FALSE(view.syncWithRecords(noneHidden));
     EXPECT_EQ(view.layers().size(), static_cast<std::size_t>(children));
     view.removeLayersOf(ann);
     EXPECT_THAT(view.layers(), IsEmpty());

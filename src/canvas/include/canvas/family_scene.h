@@ -5,6 +5,7 @@
 #include "elements/person_layer_view.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -41,8 +42,8 @@ public:
     void removePerson(Person& person);
     LinkLayer& addLink(const LinkRecord& record, const QString& type);
     void removeLink(LinkLayer& link);
-    /// Brings the link shapes in line with the pool's lists.
-    void syncLinks();
+    /// Brings the link shapes in line with the members' links, those of hidden persons left out.
+    void syncLinks(const std::function<bool(const Person&)>& isHidden);
     bool shows(const Person& person) const;
 
     /// To be called after a node's frame has changed; its links follow.

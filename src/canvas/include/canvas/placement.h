@@ -16,6 +16,7 @@ inline constexpr std::int32_t rowPitch = 221;         ///< between two generatio
 inline constexpr std::int32_t bottomMargin = 9;       ///< from the canvas bottom to the bottom of row 0
 inline constexpr std::int32_t newNodeLift = 221 + 29; ///< of a new node above the bottom of the visible area
 inline constexpr std::int32_t placePerPerson = 152;   ///< width that the first frame reserves for each of a row
+inline constexpr double besideRelative = 21.0;        ///< from somebody who has a row to a new relative who has none
 inline constexpr double leftTrimMargin = 253.0;       ///< where the leftmost node may stand at creation
 
 /// Vertical constant of a node of that row: how far its bottom edge lies from the canvas bottom, up is negative.

@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <unordered_set>
 #include <vector>
 
 class QHelpEvent;
@@ -44,7 +45,8 @@ public:
     /// Shows a person. One without an x is new: it is placed at random in the left half of what is in view and lifted
     /// above the bottom of it, until the next refreshHierarchy(). A person that is shown already stays as it is.
     void addViewForPerson(Person& person);
-    /// Takes the person's node and its link shapes off the canvas.
+    /// Takes the person's node and its link shapes off the canvas, where they stay away until the person is shown again
+    /// or has left the family.
     void removeViewForPerson(Person& person);
     /// Shows a new link at once, before the pool's lists know of it.
     LinkLayer& addLink(const LinkRecord& record, const QString& type);
@@ -55,6 +57,21 @@ public:
     void refreshHierarchy();
     /// Nodes jump instead of gliding, for people whom motion disturbs.
     void setReducedMotion(bool reduced) { reducedMotion_ = reduced; }
+
+    /// Takes the pool's rows over as they are, so that the next pass spaces none of them: undo and redo have restored
+    /// everybody's place.
+    void takeRows();
+
+    /// Makes a link between two persons who are shown, as a step of the history: places one who has no row beside one
+    /// who has, shows the shape and asks the document to record it. False, with nothing changed, if the link rules
+    /// refuse.
+    bool connect(Person& from, Person& to, const QString& type);
+
+    /// Shows and clears the selected look of a person's node.
+    void focus(Person& person);
+    void unfocus(Person& person);
+    /// Clears the selected look of a link.
+    void deselectLink();
 
     /// Requests a constraint pass as soon as the current event has been handled.
     void setNeedsUpdateConstraints();
@@ -109,6 +126,7 @@ private:
     void runRequested();
     std::optional<double> smallestXConstant() const;
     void syncNodes();
+    bool isHidden(const Person& person) const { return hidden_.contains(person.recordId()); }
     bool comesIntoView(const LeafView& node, double from, double to) const;
 
     void follow(const Change& change);
@@ -116,6 +134,7 @@ private:
     void followMembership(Person& person, bool joined);
     void forgetPerson(Person& person);
     void allNodesChanged();
+    void requestUnlessReplaying();
     void nodesGlided(const std::vector<RowGlide::Move>& moves);
     void contentChanged();
 
@@ -137,6 +156,7 @@ private:
     CanvasPainter painter_;
     RowGlide glide_;
     std::vector<std::vector<RecordId>> generations_;
+    std::unordered_set<RecordId> hidden_; // taken off the canvas, because they are about to leave
     Subscription subscription_;
     QSizeF heldCanvas_{0, 0}; // while a pointer is down the canvas does not shrink below it
     QBasicTimer rest_;        // runs while the view is being moved by hand, and a moment longer

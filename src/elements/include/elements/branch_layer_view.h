@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -40,9 +41,10 @@ public:
 
     void removeLayer(LinkLayer& layer);
     void removeLayersOf(Person& person);
-    /// Brings the shapes in line with the pool's lists: exactly one for each link. Shapes that are there already stay,
-    /// surplus ones go, missing ones come on top, laid out. True if any came or went.
-    bool syncWithPool();
+    /// Brings the shapes in line with the links of the pool's members: exactly one for each. Shapes that are there
+    /// already stay, surplus ones go, missing ones come on top, laid out. Links of hidden persons have no shape. True
+    /// if any came or went.
+    bool syncWithRecords(const std::function<bool(const Person&)>& isHidden);
 
     LinkLayer* selectedLink() const { return selectedLink_; }
     void select(LinkLayer& layer);
@@ -53,7 +55,8 @@ public:
 
 private:
     void show(std::unique_ptr<LinkLayer> layer);
-    std::vector<std::pair<LinkRecord, QString>> markWanted();
+    void markWanted(const std::vector<LinkRecord>& records, const QString& type,
+                    std::vector<std::pair<LinkRecord, QString>>& missing);
     void removeUnwanted();
 
     Pool* pool_;

@@ -1,0 +1,60 @@
+// What the document has the canvas do while a family is edited.
+
+#include "canvas/placement.h"
+#include "canvas/tree_view.h"
+#include "elements/notifications.h"
+#include "platform/notification_center.h"
+
+namespace lineara {
+
+namespace {
+
+/// Puts the person who has no row yet beside the one who has, on the side where it stands.
+void placeBeside(const Person& anchor, Person& newcomer)
+{
+    const double ofAnchor = anchor.leafView()->xConstraint()->constant;
+    const bool isLeft = ofAnchor > newcomer.leafView()->xConstraint()->constant;
+    newcomer.setX(truncated(isLeft ? ofAnchor - besideRelative : ofAnchor + besideRelative));
+}
+
+} // namespace
+
+bool TreeView::connect(Person& from, Person& to, const QString& type)
+{
+    if (!scene_.shows(from) || !scene_.shows(to) || !pool().canLink(type, from, to))
+        return false;
+    settle();
+    pool().context().journal().begin(type == partnerLink ? tr("Link Partner") : tr("Link Child"));
+    if (from.generation() && !to.generation())
+        placeBeside(from, to);
+    else if (to.generation() && !from.generation())
+        placeBeside(to, from);
+    addLink({from.recordId(), to.recordId()}, type);
+    NotificationCenter::defaultCenter().post(createLinkNotification{&pool(), from.recordId(), to.recordId(), type});
+    return true;
+}
+
+void TreeView::focus(Person& person)
+{
+    person.leafView()->focus();
+    viewport()->update();
+}
+
+void TreeView::unfocus(Person& person)
+{
+    person.leafView()->unfocus();
+    viewport()->update();
+}
+
+void TreeView::deselectLink()
+{
+    branchLayer().deselectSelected();
+    viewport()->update();
+}
+
+void TreeView::takeRows()
+{
+    generations_ = pool().generations();
+}
+
+} // namespace lineara
