@@ -1,6 +1,7 @@
 #include "app_delegate.h"
 
 #include "document/document_window.h"
+#include "saving.h"
 #include "start_window.h"
 
 #include <QAction>
@@ -58,16 +59,28 @@ bool AppDelegate::open(const QString& path)
         QMessageBox::warning(inFront, text("Can't Open the Family"), opened.failure().message);
         return false;
     }
-    Document* document = opened.value().get();
-    documents_.push_back(std::move(opened.value()));
+    show(std::move(opened.value()));
+    return true;
+}
+
+void AppDelegate::openNew()
+{
+    show(Document::create());
+}
+
+void AppDelegate::show(std::unique_ptr<Document> made)
+{
+    QWidget* inFront = QApplication::activeWindow();
+    documents_.push_back(std::move(made));
+    Document* document = documents_.back().get();
     DocumentWindow& window = document->window();
-    fillFileMenu(*window.fileMenu(), window);
+    fillFileMenu(*window.fileMenu(), window, document);
     fillHelpMenu(*window.helpMenu());
     window.setClosed([this, document] { closed(document); });
     window.show();
-    if (inFront)
+    // What is not saved yet stays open.
+    if (inFront && !inFront->isWindowModified())
         inFront->close();
-    return true;
 }
 
 void AppDelegate::chooseAndOpen()
@@ -86,9 +99,10 @@ void AppDelegate::openSample()
 
 void AppDelegate::showStartWindow()
 {
-    startWindow_ = std::make_unique<StartWindow>(StartCommands{
-        [this] { chooseAndOpen(); }, samplePath().isEmpty() ? std::function<void()>() : [this] { openSample(); }});
-    fillFileMenu(*startWindow_->fileMenu(), *startWindow_);
+    startWindow_ = std::make_unique<StartWindow>(
+        StartCommands{[this] { openNew(); }, [this] { chooseAndOpen(); },
+                      samplePath().isEmpty() ? std::function<void()>() : [this] { openSample(); }});
+    fillFileMenu(*startWindow_->fileMenu(), *startWindow_, nullptr);
     fillHelpMenu(*startWindow_->helpMenu());
     startWindow_->show();
 }
@@ -101,18 +115,24 @@ void AppDelegate::closed(Document* document)
     });
 }
 
-void AppDelegate::fillFileMenu(QMenu& menu, QMainWindow& window)
+void AppDelegate::fillFileMenu(QMenu& menu, QMainWindow& window, Document* document)
 {
-    QAction* openFile = menu.addAction(text("&Open\u2026"));
-    openFile->setShortcut(QKeySequence::Open);
-    QObject::connect(openFile, &QAction::triggered, &window, [this] { chooseAndOpen(); });
+    const auto add = [&](const QString& name, const QKeySequence& shortcut, const std::function<void()>& command) {
+        QAction* action = menu.addAction(name);
+        action->setShortcut(shortcut);
+        QObject::connect(action, &QAction::triggered, &window, command);
+    };
+    add(text("&New"), QKeySequence::New, [this] { openNew(); });
+    add(text("&Open\u2026"), QKeySequence::Open, [this] { chooseAndOpen(); });
+    if (document) {
+        menu.addSeparator();
+        add(text("&Save"), QKeySequence::Save, [document] { saveDocument(*document); });
+        add(text("Save &As\u2026"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+            [document] { saveDocumentAs(*document); });
+    }
     menu.addSeparator();
-    QAction* close = menu.addAction(text("&Close"));
-    close->setShortcut(QKeySequence::Close);
-    QObject::connect(close, &QAction::triggered, &window, &QWidget::close);
-    QAction* quit = menu.addAction(text("&Quit"));
-    quit->setShortcut(QKeySequence::Quit);
-    QObject::connect(quit, &QAction::triggered, qApp, &QApplication::closeAllWindows);
+    add(text("&Close"), QKeySequence::Close, [&window] { window.close(); });
+    add(text("&Quit"), QKeySequence::Quit, [] { QApplication::closeAllWindows(); });
 }
 
 void AppDelegate::fillHelpMenu(QMenu& menu)

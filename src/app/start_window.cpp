@@ -26,6 +26,9 @@ QWidget* StartWindow::makeContent(const StartCommands& commands)
     open->setObjectName(QStringLiteral("openButton"));
     open->setDefault(true);
     connect(open, &QPushButton::clicked, this, commands.open);
+    auto* openNew = new QPushButton(tr("Begin a New Family"));
+    openNew->setObjectName(QStringLiteral("newButton"));
+    connect(openNew, &QPushButton::clicked, this, commands.openNew);
     auto* sample = new QPushButton(tr("Show the Sample Family"));
     sample->setObjectName(QStringLiteral("sampleButton"));
     sample->setVisible(static_cast<bool>(commands.openSample));
@@ -36,7 +39,7 @@ QWidget* StartWindow::makeContent(const StartCommands& commands)
     layout->addStretch(1);
     layout->addWidget(title);
     layout->addSpacing(24);
-    for (QPushButton* button : {open, sample}) {
+    for (QPushButton* button : {open, openNew, sample}) {
         button->setMinimumWidth(240);
         layout->addWidget(button, 0, Qt::AlignHCenter);
     }

@@ -11,6 +11,7 @@ namespace lineara {
 /// What the start window's buttons do. `openSample` is empty where the sample family is not installed.
 struct StartCommands
 {
+    std::function<void()> openNew;
     std::function<void()> open;
     std::function<void()> openSample;
 };

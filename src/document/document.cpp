@@ -1,10 +1,17 @@
+// The life of a document: how it is opened, assembled and saved.
+
 #include "document/document.h"
 
 #include "canvas/placement.h"
 #include "canvas/tree_view.h"
+#include "document/application_delegate.h"
 #include "document/document_window.h"
-#include "elements/leaf_nursery.h"
+#include "document/person_list.h"
+#include "edit_menu.h"
+#include "family_queue.h"
 #include "opening_report.h"
+#include "platform/notification_center.h"
+#include "store/family_file.h"
 
 #include <QFileInfo>
 
@@ -23,12 +30,20 @@ Outcome<std::unique_ptr<Document>> Document::open(const QString& path)
     return std::unique_ptr<Document>(new Document(path, std::move(family.value())));
 }
 
+std::unique_ptr<Document> Document::create()
+{
+    return std::unique_ptr<Document>(new Document(QString(), newFamily()));
+}
+
 Document::Document(QString path, OpenedFamily family)
     : path_(std::move(path)), family_(std::move(family)), nodes_(context(), chance_),
-      window_(std::make_unique<DocumentWindow>())
+      window_(std::make_unique<DocumentWindow>()), hasOwnFile_(!path_.isEmpty() && !family_.importReport),
+      queue_(std::make_unique<FamilyQueue>(*this))
 {
     assembleWindow();
-    enqueueFirstProcessing();
+    deselectAll();
+    observe();
+    queue_->open();
 }
 
 Document::~Document() = default;
@@ -42,37 +57,72 @@ void Document::whenSettled(std::function<void()> settled)
 {
     WorkBlock block;
     block.onMain(std::move(settled));
-    poolProcessing_.enqueue(std::move(block));
+    poolProcessing().enqueue(std::move(block));
+}
+
+SerialQueue& Document::poolProcessing()
+{
+    return queue_->queue();
 }
 
 void Document::assembleWindow()
 {
-    const QString name = path_.isEmpty() ? defaultDraftName() : QFileInfo(path_).fileName();
-    window_->setWindowTitle(name);
-    window_->setWindowFilePath(path_);
+    showTitle();
     if (const auto report = openingReport(family_))
         window_->showOpeningReport(report->summary, report->details);
+    EditCommands commands;
+    commands.undo = [this] { undo(); };
+    commands.redo = [this] { redo(); };
+    commands.addPerson = [this] { addPerson(); };
+    commands.remove = [this] { remove(); };
+    commands.linkAsPartner = [this] { linkAsPartner(); };
+    commands.linkAsChild = [this] { linkAsChild(); };
+    commands.find = [this] {
+        if (list_)
+            list_->findPersons();
+    };
+    editMenu_ = std::make_unique<EditMenu>(*window_->editMenu(), commands);
+    window_->setActivated([this] {
+        if (auto* const delegate = ApplicationDelegate::shared())
+            delegate->setCanRemove(isRemovable());
+    });
 }
 
-void Document::enqueueFirstProcessing()
+void Document::observe()
 {
-    // Shared by the steps of one block, which never run at the same time.
-    struct Run
-    {
-        FamilySnapshot snapshot;
-        std::optional<engine::ProcessResult> result;
-    };
-    auto run = std::make_shared<Run>();
-    WorkBlock block;
-    block.onMainWaiting([this, run] { run->snapshot = pool().snapshot(); })
-        .compute([run](std::stop_token stop) { run->result = engine::process(run->snapshot.graph, stop); })
-        .onMainWaiting([this, run] {
-            if (run->result)
-                pool().apply(run->snapshot, *run->result);
-        })
-        .onMain([this] { handleOnboarding(); })
-        .onMain([this] { initTreeView(); });
-    poolProcessing_.enqueue(std::move(block));
+    auto& center = NotificationCenter::defaultCenter();
+    subscriptions_.push_back(center.observe<PersonClickedNotification>([this](const auto& clicked) {
+        if (Person* const person = ownPerson(clicked.family, clicked.person))
+            selectPerson(*person);
+    }));
+    subscriptions_.push_back(center.observe<selectionChangeNotification>([this](const auto& change) {
+        if (change.family != &pool())
+            return;
+        if (!change.person)
+            deselectAll();
+        else if (Person* const person = context().person(*change.person))
+            selectPerson(*person);
+    }));
+    subscriptions_.push_back(center.observe<LinkSelectionNotification>([this](const auto& selected) {
+        if (selected.family != &pool())
+            return;
+        if (selected.link)
+            selectLink(*selected.link);
+        else
+            deselectAll();
+    }));
+    subscriptions_.push_back(center.observe<createLinkNotification>([this](const auto& created) {
+        Person* const from = ownPerson(created.family, created.from);
+        Person* const to = ownPerson(created.family, created.to);
+        if (from && to)
+            link(*from, *to, created.type);
+    }));
+    subscriptions_.push_back(context().observe([this](const Change&) { commandsChanged(); }));
+}
+
+Person* Document::ownPerson(const Pool* family, RecordId person) const
+{
+    return family == &pool() ? context().person(person) : nullptr;
 }
 
 void Document::handleOnboarding()
@@ -84,6 +134,73 @@ void Document::initTreeView()
 {
     const QSize frame = firstFrame(window_->width(), pool().maxGenerationSize(), pool().maxGeneration());
     window_->showCanvas(new TreeView(pool(), frame, chance_));
+    commandsChanged();
+}
+
+void Document::showList(PersonList& list)
+{
+    list_ = &list;
+    window_->showList(&list.view());
+    syncList();
+    list.rearrangeObjects();
+}
+
+void Document::commit()
+{
+    if (list_)
+        list_->commitEditing();
+    if (TreeView* const canvas = treeView())
+        canvas->settle();
+}
+
+void Document::save(const QString& path, std::function<void(const Outcome<Done>&)> saved)
+{
+    WorkBlock block;
+    block.onMainWaiting([this, path, saved = std::move(saved)] {
+        commit();
+        const Outcome<Done> outcome = saveFamilyFile(context(), path);
+        if (outcome) {
+            path_ = path;
+            hasOwnFile_ = true;
+            savedStep_ = context().journal().undoStep();
+            showTitle();
+            commandsChanged();
+        }
+        saved(outcome);
+    });
+    poolProcessing().enqueue(std::move(block));
+}
+
+void Document::showTitle()
+{
+    const QString name = path_.isEmpty() ? defaultDraftName() : QFileInfo(path_).fileName();
+    window_->setWindowTitle(name + QStringLiteral("[*]"));
+    window_->setWindowFilePath(path_);
+}
+
+void Document::commandsChanged()
+{
+    if (std::exchange(commandsStale_, true))
+        return;
+    // Once for all changes of the present event, however many there are.
+    QMetaObject::invokeMethod(
+        window_.get(), [this] { showCommands(); }, Qt::QueuedConnection);
+}
+
+void Document::showCommands()
+{
+    commandsStale_ = false;
+    const Journal& journal = context().journal();
+    EditState state;
+    state.canEdit = treeView() != nullptr;
+    if (journal.canUndo())
+        state.undoName = journal.undoName();
+    if (journal.canRedo())
+        state.redoName = journal.redoName();
+    state.selectionType = selection_.type;
+    state.canRemove = selection_.isRemovable;
+    editMenu_->show(state);
+    window_->setWindowModified(journal.undoStep() != savedStep_);
 }
 
 } // namespace lineara

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolButton>
@@ -16,10 +17,12 @@ namespace lineara {
 
 namespace {
 
+constexpr int listWidth = 320;
+
 QLabel* makeOnboardingView()
 {
     auto* view = new QLabel(DocumentWindow::tr("<h2>This family is still empty</h2>"
-                                               "<p>Open a family file or a GEDCOM file with File \u2192 Open.</p>"));
+                                               "<p>Add its first person with Edit \u2192 Add Person.</p>"));
     view->setObjectName(QStringLiteral("onboardingView"));
     view->setAlignment(Qt::AlignCenter);
     // The hint stands where the canvas will, which is white whatever the desktop's colours are.
@@ -30,15 +33,19 @@ QLabel* makeOnboardingView()
 } // namespace
 
 DocumentWindow::DocumentWindow()
-    : pages_(new QStackedWidget), waitingPage_(new QWidget), onboardingView_(makeOnboardingView())
+    : panes_(new QSplitter), pages_(new QStackedWidget), waitingPage_(new QWidget),
+      onboardingView_(makeOnboardingView())
 {
     setObjectName(QStringLiteral("documentWindow"));
     waitingPage_->setStyleSheet(QStringLiteral("background: white"));
     pages_->addWidget(waitingPage_);
     pages_->addWidget(onboardingView_);
-    setCentralWidget(pages_);
+    panes_->addWidget(pages_);
+    panes_->setChildrenCollapsible(false);
+    setCentralWidget(panes_);
     resize(1200, 800);
     fileMenu_ = menuBar()->addMenu(tr("&File"));
+    editMenu_ = menuBar()->addMenu(tr("&Edit"));
     makeViewMenu();
     helpMenu_ = menuBar()->addMenu(tr("&Help"));
 }
@@ -62,6 +69,15 @@ void DocumentWindow::makeViewMenu()
     fullScreen->setCheckable(true);
     connect(fullScreen, &QAction::toggled, this,
             [this](bool on) { setWindowState(windowState().setFlag(Qt::WindowFullScreen, on)); });
+}
+
+void DocumentWindow::showList(QWidget* list)
+{
+    panes_->insertWidget(0, list);
+    // What the window grows by goes to the canvas.
+    panes_->setStretchFactor(0, 0);
+    panes_->setStretchFactor(1, 1);
+    panes_->setSizes({listWidth, width() - listWidth});
 }
 
 void DocumentWindow::showCanvas(TreeView* canvas)
@@ -106,6 +122,13 @@ void DocumentWindow::closeEvent(QCloseEvent* event)
     event->accept();
     if (closed_)
         closed_();
+}
+
+void DocumentWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && activated_)
+        activated_();
 }
 
 } // namespace lineara

@@ -53,6 +53,14 @@ Outcome<OpenedFamily> openFamily(const QString& path)
     return opened;
 }
 
+OpenedFamily newFamily()
+{
+    OpenedFamily family;
+    family.context = std::make_unique<ObjectContext>();
+    family.pool = &family.context->insertPool();
+    return family;
+}
+
 Outcome<OpenedFamily> openSettledFamily(const QString& path)
 {
     auto opened = openFamily(path);

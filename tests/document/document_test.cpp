@@ -128,7 +128,7 @@ TEST(Document, TheWindowIsNamedAfterTheFile)
 {
     const TestFiles files;
     auto document = openDocument(files.save(QStringLiteral("Lee.lineara"), *threeGenerations()));
-    EXPECT_EQ(document->window().windowTitle(), QStringLiteral("Lee.lineara"));
+    EXPECT_EQ(document->window().windowTitle(), QStringLiteral("Lee.lineara[*]"));
     EXPECT_EQ(Document::defaultDraftName(), QStringLiteral("Lineara"));
 }
 

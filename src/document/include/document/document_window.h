@@ -6,6 +6,7 @@
 
 class QLabel;
 class QMenu;
+class QSplitter;
 class QStackedWidget;
 class QToolButton;
 
@@ -33,28 +34,38 @@ public:
     /// Tells in the status bar what came out of opening the file; `details` opens behind a button where not empty.
     void showOpeningReport(const QString& summary, const QString& details);
 
+    /// Puts the list of persons beside the canvas; the window owns it from then on.
+    void showList(QWidget* list);
+
     /// Called when the user closes the window.
     void setClosed(std::function<void()> closed) { closed_ = std::move(closed); }
+    /// Called when the window becomes the one that the user works in.
+    void setActivated(std::function<void()> activated) { activated_ = std::move(activated); }
 
     QMenu* fileMenu() const { return fileMenu_; }
+    QMenu* editMenu() const { return editMenu_; }
     QMenu* helpMenu() const { return helpMenu_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void makeViewMenu();
 
+    QSplitter* panes_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     QWidget* waitingPage_ = nullptr;
     QLabel* onboardingView_ = nullptr;
     TreeView* canvas_ = nullptr;
     QMenu* fileMenu_ = nullptr;
+    QMenu* editMenu_ = nullptr;
     QMenu* viewMenu_ = nullptr;
     QMenu* helpMenu_ = nullptr;
     QToolButton* details_ = nullptr;
     bool onboarding_ = false;
     std::function<void()> closed_;
+    std::function<void()> activated_;
 };
 
 } // namespace lineara

@@ -27,6 +27,9 @@ struct OpenedFamily
 /// Reads a family file or a GEDCOM file, told apart by their content. Nothing of it is an undoable change.
 Outcome<OpenedFamily> openFamily(const QString& path);
 
+/// An empty family.
+OpenedFamily newFamily();
+
 /// Opens a family and makes it ready to be drawn in one go, for programs without a window: reads, runs the engine,
 /// gives first places.
 Outcome<OpenedFamily> openSettledFamily(const QString& path);

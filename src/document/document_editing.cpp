@@ -1,0 +1,177 @@
+// What the user does to the family. Each operation shows at once what can be shown, opens a step of the history before
+// its first change, and queues what has to follow.
+
+#include "canvas/tree_view.h"
+#include "document/document.h"
+#include "document/document_window.h"
+#include "document/person_list.h"
+#include "family_queue.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <iterator>
+
+namespace lineara {
+
+namespace {
+
+QString text(const char* source)
+{
+    return QCoreApplication::translate("Document", source);
+}
+
+} // namespace
+
+void Document::addPerson()
+{
+    if (!treeView())
+        return;
+    commit();
+    context().journal().begin(text("Add Person"));
+    Person& person = context().insertPerson();
+    window_->setOnboardingVisible(false);
+    treeView()->addViewForPerson(person);
+    if (list_)
+        list_->addObject(person);
+    joining_.push_back(person.recordId());
+    queue_->enqueue(Joining{person.recordId()});
+}
+
+void Document::remove()
+{
+    if (!treeView())
+        return;
+    commit();
+    if (Person* const person = selectionPerson()) {
+        if (!isLeaving(person->recordId()))
+            removePerson(*person);
+        return;
+    }
+    removeLink();
+}
+
+void Document::removePerson(Person& person)
+{
+    const RecordId id = person.recordId();
+    // The removal itself comes later, maybe after further steps have begun.
+    const StepId step = context().journal().reserve(text("Remove Person"));
+    queue_->keepHeight(step, person);
+    leaving_.push_back(id);
+    setRemovable(false);
+    treeView()->removeViewForPerson(person);
+    if (list_)
+        list_->removeObject(person);
+    queue_->enqueue(Leaving{id});
+    queue_->enqueue(Processing{});
+}
+
+void Document::removeLink()
+{
+    Person* const from = selection_.from ? context().person(*selection_.from) : nullptr;
+    Person* const to = selection_.to ? context().person(*selection_.to) : nullptr;
+    const bool isOffspring = selection_.type == offspringLink;
+    const bool isPartner = selection_.type == partnerLink;
+    context().journal().begin(isOffspring || isPartner ? text("Remove Link") : text("Update Rows"));
+    if (from && to && isOffspring)
+        from->removeChild(*to);
+    else if (from && to && isPartner)
+        from->removePartner(*to);
+    if (from && to && selection_.isLink())
+        removeShape(*from, *to);
+    deselectAll();
+    queue_->enqueue(Processing{});
+}
+
+void Document::removeShape(Person& from, Person& to)
+{
+    const auto& shapes = from.linkLayers();
+    const auto shape = std::ranges::find_if(shapes, [&](const LinkLayer* layer) {
+        return layer->source() == &from && layer->target() == &to && layer->linkType() == selection_.type;
+    });
+    if (shape != shapes.end())
+        treeView()->removeLink(**shape);
+}
+
+void Document::undo()
+{
+    if (treeView())
+        queue_->undo();
+}
+
+void Document::redo()
+{
+    if (treeView())
+        queue_->redo();
+}
+
+void Document::link(Person& from, Person& to, const QString& type)
+{
+    if (type == offspringLink)
+        from.addChild(to);
+    else if (type == partnerLink)
+        from.addPartner(to);
+    queue_->enqueue(Linking{from.recordId(), to.recordId(), type});
+}
+
+void Document::rearrangeList()
+{
+    if (list_)
+        list_->rearrangeObjects();
+}
+
+void Document::syncList()
+{
+    if (!list_)
+        return;
+    std::vector<Person*> persons;
+    std::ranges::copy_if(pool().persons(), std::back_inserter(persons),
+                         [this](const Person* person) { return !isLeaving(person->recordId()); });
+    for (const RecordId id : joining_) {
+        Person* const person = context().person(id);
+        if (person && !person->pool() && !isLeaving(id))
+            persons.push_back(person);
+    }
+    list_->setObjects(persons);
+}
+
+void Document::refresh()
+{
+    rearrangeList();
+    treeView()->refreshHierarchy();
+}
+
+/// By now the user may be busy with something else.
+void Document::editNewName(Person& person)
+{
+    if (list_ && selection_.person == person.recordId() && !list_->isEditing())
+        list_->editNameForPerson(person);
+}
+
+void Document::showReplayed(std::optional<RecordId> concerned)
+{
+    syncList();
+    treeView()->takeRows();
+    refresh();
+    dropSelectionThatIsGone();
+    handleOnboarding();
+    if (Person* const person = concerned ? context().person(*concerned) : nullptr)
+        treeView()->reveal(*person);
+}
+
+void Document::hasJoined(RecordId person)
+{
+    std::erase(joining_, person);
+}
+
+void Document::hasLeft(RecordId person)
+{
+    std::erase(leaving_, person);
+}
+
+bool Document::isLeaving(RecordId person) const
+{
+    return std::ranges::find(leaving_, person) != leaving_.end();
+}
+
+} // namespace lineara

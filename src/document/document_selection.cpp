@@ -1,0 +1,93 @@
+// What is selected: one person, one link or nothing, the same on the canvas and in the list.
+
+#include "canvas/tree_view.h"
+#include "document/application_delegate.h"
+#include "document/document.h"
+#include "document/document_window.h"
+#include "document/person_list.h"
+#include "link_generations.h"
+
+namespace lineara {
+
+Person* Document::selectionPerson() const
+{
+    return selection_.person ? context().person(*selection_.person) : nullptr;
+}
+
+void Document::selectPerson(Person& person)
+{
+    if (isLeaving(person.recordId()))
+        return;
+    unfocusSelectionPerson();
+    selection_.person = person.recordId();
+    selection_.type = Selection::ofPerson();
+    if (list_)
+        list_->select(person);
+    if (TreeView* const canvas = treeView()) {
+        canvas->deselectLink();
+        canvas->focus(person);
+    }
+    setRemovable(true);
+}
+
+void Document::selectLink(const LinkSelectionNotification::Link& link)
+{
+    unfocusSelectionPerson();
+    selection_.person.reset();
+    selection_.from = link.source;
+    selection_.to = link.target;
+    selection_.type = link.type;
+    setRemovable(true);
+}
+
+bool Document::deselectAll()
+{
+    unfocusSelectionPerson();
+    selection_.person.reset();
+    selection_.type = Selection::none();
+    setRemovable(false);
+    if (list_)
+        list_->deselectAll();
+    if (TreeView* const canvas = treeView())
+        canvas->deselectLink();
+    return true;
+}
+
+void Document::unfocusSelectionPerson()
+{
+    Person* const person = selectionPerson();
+    if (TreeView* const canvas = treeView(); canvas && person)
+        canvas->unfocus(*person);
+}
+
+void Document::setRemovable(bool removable)
+{
+    selection_.isRemovable = removable;
+    if (auto* const delegate = ApplicationDelegate::shared())
+        delegate->setCanRemove(removable);
+    commandsChanged();
+}
+
+/// The user may have selected somebody else while the removal waited for its turn.
+void Document::deselectAfterRemoval(RecordId person)
+{
+    if (selection_.type == Selection::none() || selection_.person == person)
+        deselectAll();
+}
+
+void Document::dropSelectionThatIsGone()
+{
+    if (selection_.type == Selection::ofPerson()) {
+        if (!selectionPerson())
+            deselectAll();
+        return;
+    }
+    if (!selection_.isLink())
+        return;
+    const Person* const from = context().person(*selection_.from);
+    Person* const to = context().person(*selection_.to);
+    if (!from || !to || !isLinked(*from, *to, selection_.type))
+        deselectAll();
+}
+
+} // namespace lineara

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+class QAction;
+class QMenu;
+
+namespace lineara {
+
+/// What the commands of the Edit menu do.
+struct EditCommands
+{
+    std::function<void()> undo;
+    std::function<void()> redo;
+    std::function<void()> addPerson;
+    std::function<void()> remove;
+    std::function<void()> linkAsPartner;
+    std::function<void()> linkAsChild;
+    std::function<void()> find;
+};
+
+/// What the commands of the Edit menu depend on.
+struct EditState
+{
+    bool canEdit = false;            ///< the family is ready to be changed
+    std::optional<QString> undoName; ///< no value if there is nothing to undo
+    std::optional<QString> redoName;
+    QString selectionType;
+    bool canRemove = false;
+};
+
+/// The Edit menu of a family's window: texts that say what a command will do to what, and its shortcuts.
+class EditMenu
+{
+public:
+    EditMenu(QMenu& menu, const EditCommands& commands);
+
+    void show(const EditState& state);
+
+private:
+    QAction* undo_;
+    QAction* redo_;
+    QAction* addPerson_;
+    QAction* remove_;
+    QAction* linkAsPartner_;
+    QAction* linkAsChild_;
+    QAction* find_;
+};
+
+} // namespace lineara

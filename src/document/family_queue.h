@@ -1,0 +1,69 @@
+#pragma once
+
+#include "due_ledger.h"
+#include "free_heights.h"
+#include "platform/serial_queue.h"
+#include "work_run.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace lineara {
+
+class Document;
+
+/// What takes turns on a document's queue: the work that follows from the user's changes, and undo and redo, which thus
+/// find everything done that a step led to. Each piece of work changes records in one step on the main thread, so that
+/// a change of the user comes before all of it or after all of it. Main thread only.
+class FamilyQueue
+{
+public:
+    explicit FamilyQueue(Document& document);
+
+    SerialQueue& queue() { return queue_; }
+
+    /// The first run of the engine, with the canvas following.
+    void open();
+    /// Work that follows from the step of the history that was begun last.
+    void enqueue(FamilyWork work);
+    void undo();
+    void redo();
+
+    /// Remembers where a person without a row hangs at whom the step is about to change that.
+    void keepHeight(StepId step, const Person& person);
+
+private:
+    enum class Direction
+    {
+        Undo,
+        Redo
+    };
+
+    void addSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run);
+    void addSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run, const Joining& joining);
+    void addSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run, const Leaving& leaving);
+    void addSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run, const Linking& linking);
+    void addSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run, const Processing& processing);
+    void addEngineSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run);
+    void join(const WorkRun& run, RecordId id);
+    void leave(const WorkRun& run, RecordId id);
+    void giveGenerations(WorkRun& run, const Linking& linking);
+    void finish(const WorkRun& run, const std::function<void()>& change);
+
+    void enqueueReplay(Direction direction);
+    void replay(Direction direction);
+    std::optional<RecordId> replayJournal(Direction direction);
+    void restoreHeights(const FreeHeights::Heights& heights);
+    void enqueueDue();
+
+    Journal& journal();
+    StepId newestStep();
+
+    Document& document_;
+    DueLedger ledger_;
+    FreeHeights heights_;
+    SerialQueue queue_;
+};
+
+} // namespace lineara

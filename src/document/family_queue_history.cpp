@@ -1,0 +1,104 @@
+// Undo and redo.
+
+#include "canvas/tree_view.h"
+#include "document/document.h"
+#include "family_queue.h"
+
+#include <utility>
+
+namespace lineara {
+
+void FamilyQueue::undo()
+{
+    enqueueReplay(Direction::Undo);
+}
+
+void FamilyQueue::redo()
+{
+    enqueueReplay(Direction::Redo);
+}
+
+void FamilyQueue::enqueueReplay(Direction direction)
+{
+    document_.commit();
+    WorkBlock block;
+    block.onMainWaiting([this, direction, meant = journal().latestStep()] {
+        // A change that the user made after the command is nothing that the command was meant for.
+        if (journal().latestStep() == meant)
+            replay(direction);
+    });
+    queue_.enqueue(std::move(block));
+}
+
+void FamilyQueue::replay(Direction direction)
+{
+    document_.commit();
+    const auto step = direction == Direction::Undo ? journal().undoStep() : journal().redoStep();
+    if (!step)
+        return;
+    using Side = FreeHeights::Side;
+    const auto [left, reached] =
+        direction == Direction::Undo ? std::pair(Side::After, Side::Before) : std::pair(Side::Before, Side::After);
+    const auto heights = FreeHeights::of(document_.pool());
+    const std::optional<RecordId> concerned = replayJournal(direction);
+    document_.pool().rebuildLists();
+    heights_.replace(*step, left, FreeHeights::changed(heights, document_.pool()));
+    restoreHeights(heights_.at(*step, reached));
+    document_.showReplayed(concerned);
+    if (newestStep() > StepId() && ledger_.isDue(newestStep()))
+        enqueueDue();
+}
+
+/// The person that the replayed changes are about, if they are about one.
+std::optional<RecordId> FamilyQueue::replayJournal(Direction direction)
+{
+    std::optional<RecordId> concerned;
+    const Subscription watch = document_.context().observe([&](const Change& change) {
+        if (const auto* const one = std::get_if<AttributesChanged>(&change))
+            concerned = one->person.recordId();
+        else if (const auto* const link = std::get_if<LinkChanged>(&change))
+            concerned = link->member.recordId();
+    });
+    if (direction == Direction::Undo)
+        journal().undo();
+    else
+        journal().redo();
+    return concerned;
+}
+
+void FamilyQueue::restoreHeights(const FreeHeights::Heights& heights)
+{
+    for (const auto& [id, constant] : heights) {
+        Person* const person = document_.context().person(id);
+        if (!person || person->pool() != &document_.pool() || person->generation())
+            continue;
+        document_.treeView()->addViewForPerson(*person);
+        person->leafView()->setYConstant(constant);
+    }
+}
+
+/// What is missing in the state that was just reached is done once the queue comes to it; by then the user may have
+/// gone on through the history, where it is not missing, or have changed something else on top.
+void FamilyQueue::enqueueDue()
+{
+    const StepId step = newestStep();
+    const StepId latest = journal().latestStep();
+    const auto isWanted = std::make_shared<bool>(false);
+    WorkBlock block;
+    block.onMainWaiting([this, step, latest, isWanted] {
+        *isWanted = newestStep() == step || newestStep() > latest;
+        if (newestStep() == step)
+            journal().amend();
+    });
+    for (FamilyWork& work : ledger_.take(step)) {
+        const auto run = std::make_shared<WorkRun>(WorkRun{std::move(work), step, isWanted});
+        addSteps(block, run);
+        block.onMainWaiting([this, run] {
+            if (!run->isWanted())
+                ledger_.putBack(run->work, run->of);
+        });
+    }
+    queue_.enqueue(std::move(block));
+}
+
+} // namespace lineara

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <vector>
+
+class QWidget;
+
+namespace lineara {
+
+class Person;
+
+/// What a document asks of the list of persons beside its canvas. Changes of rows and of the selected row that the
+/// document asks for are not announced back to it.
+class PersonList
+{
+public:
+    virtual ~PersonList() = default;
+
+    /// The list as a widget, which the window takes over.
+    virtual QWidget& view() = 0;
+
+    virtual void addObject(Person& person) = 0;
+    virtual void removeObject(Person& person) = 0;
+    virtual void rearrangeObjects() = 0;
+    /// Shows these persons and nobody else; rows that are there already stay.
+    virtual void setObjects(const std::vector<Person*>& persons) = 0;
+
+    /// Selects the person's row, opens it and scrolls to it.
+    virtual void select(Person& person) = 0;
+    virtual void deselectAll() = 0;
+    /// Puts the name field of the person's row into editing.
+    virtual void editNameForPerson(Person& person) = 0;
+    /// True while something is being typed into a field of the list.
+    virtual bool isEditing() const = 0;
+    /// Takes what is being typed into the record.
+    virtual void commitEditing() = 0;
+    /// Puts the search field into editing.
+    virtual void findPersons() = 0;
+};
+
+} // namespace lineara

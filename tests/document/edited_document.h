@@ -1,0 +1,202 @@
+#pragma once
+
+#include "canvas/tree_view.h"
+#include "document/document.h"
+#include "document/document_window.h"
+#include "document/person_list.h"
+#include "elements/leaf_view.h"
+#include "platform/notification_center.h"
+#include "platform/serial_queue.h"
+#include "test_files.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace lineara {
+
+/// Lets the document's queue run empty and the canvas come to rest; false after a minute.
+inline bool settle(Document& document)
+{
+    bool settled = false;
+    document.whenSettled([&] { settled = true; });
+    QElapsedTimer timer;
+    timer.start();
+    while (!settled && timer.elapsed() < 60'000)
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+    if (document.poolProcessing().busy())
+        return settled && settle(document);
+    document.commit();
+    return settled;
+}
+
+/// Stands for the list beside the canvas, and writes down what it is asked.
+class RecordingList : public PersonList
+{
+public:
+    QWidget& view() override { return *view_; }
+    void addObject(Person& person) override
+    {
+        note("add", &person);
+        rows.push_back(person.recordId());
+    }
+    void removeObject(Person& person) override
+    {
+        note("remove", &person);
+        std::erase(rows, person.recordId());
+    }
+    void rearrangeObjects() override { note("rearrange"); }
+    void setObjects(const std::vector<Person*>& persons) override
+    {
+        rows.clear();
+        for (const Person* const person : persons)
+            rows.push_back(person->recordId());
+    }
+    void select(Person& person) override
+    {
+        note("select", &person);
+        selected = person.recordId();
+    }
+    void deselectAll() override
+    {
+        note("deselect");
+        selected.reset();
+    }
+    void editNameForPerson(Person& person) override { note("edit", &person); }
+    bool isEditing() const override { return editing; }
+    void commitEditing() override {}
+    void findPersons() override { note("find"); }
+
+    std::vector<std::string> log;
+    std::vector<RecordId> rows;
+    std::optional<RecordId> selected;
+    bool editing = false;
+
+private:
+    void note(std::string what, const Person* person = nullptr)
+    {
+        if (person)
+            what.append(1, ' ').append(std::to_string(person->recordId().number));
+        log.push_back(std::move(what));
+    }
+
+    QWidget* view_ = new QWidget;
+};
+
+/// A document that a test edits as its user would, with the queue held where a test wants to come first.
+class EditedDocument
+{
+public:
+    EditedDocument() : EditedDocument(Document::create()) {}
+    explicit EditedDocument(const ObjectContext& family) : EditedDocument(openSaved(family)) {}
+
+    ~EditedDocument()
+    {
+        document.reset();
+        QApplication::processEvents();
+    }
+
+    std::unique_ptr<Document> document;
+    std::unique_ptr<RecordingList> list;
+
+    ObjectContext& context() const { return document->context(); }
+    Pool& pool() const { return document->pool(); }
+    TreeView& canvas() const { return *document->treeView(); }
+    Journal& journal() const { return context().journal(); }
+    QByteArray text() const { return textOf(context()); }
+    Person* person(std::uint64_t number) const { return context().person({number}); }
+
+    void settle() { ASSERT_TRUE(lineara::settle(*document)); }
+    void hold() { document->poolProcessing().setHeld(true); }
+    void release()
+    {
+        document->poolProcessing().setHeld(false);
+        settle();
+    }
+
+    /// Adds a person and lets it settle.
+    Person& add()
+    {
+        const RecordId id = addUnsettled();
+        settle();
+        return *context().person(id);
+    }
+    RecordId addUnsettled()
+    {
+        const RecordId id{context().nextNumber()};
+        document->addPerson();
+        return id;
+    }
+    /// What a drop of a handle does, and lets it settle.
+    void link(Person& from, Person& to, QStringView type)
+    {
+        linkUnsettled(from, to, type);
+        settle();
+    }
+    void linkUnsettled(Person& from, Person& to, QStringView type)
+    {
+        EXPECT_TRUE(canvas().connect(from, to, type.toString()));
+    }
+    void click(Person& person)
+    {
+        NotificationCenter::defaultCenter().enqueue(PersonClickedNotification{&pool(), person.recordId()});
+        deliver();
+    }
+    void clickLink(Person& source, Person& target, QStringView type)
+    {
+        NotificationCenter::defaultCenter().enqueue(LinkSelectionNotification{
+            &pool(), LinkSelectionNotification::Link{source.recordId(), target.recordId(), type.toString()}});
+        deliver();
+    }
+    void clickNothing()
+    {
+        NotificationCenter::defaultCenter().enqueue(LinkSelectionNotification{&pool(), std::nullopt});
+        deliver();
+    }
+    /// Delivers what is enqueued, and what the delivery has led to.
+    static void deliver()
+    {
+        QApplication::processEvents();
+        QApplication::processEvents();
+    }
+    void undo()
+    {
+        document->undo();
+        settle();
+    }
+    void redo()
+    {
+        document->redo();
+        settle();
+    }
+    void remove()
+    {
+        document->remove();
+        settle();
+    }
+
+private:
+    explicit EditedDocument(std::unique_ptr<Document> opened) : document(std::move(opened))
+    {
+        document->window().show();
+        EXPECT_TRUE(lineara::settle(*document));
+        list = std::make_unique<RecordingList>();
+        document->showList(*list);
+        list->log.clear();
+    }
+
+    static std::unique_ptr<Document> openSaved(const ObjectContext& family)
+    {
+        const TestFiles files;
+        auto opened = Document::open(files.save(QStringLiteral("family.lineara"), family));
+        EXPECT_TRUE(opened);
+        return std::move(opened.value());
+    }
+};
+
+} // namespace lineara
