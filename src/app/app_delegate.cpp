@@ -1,4 +1,4 @@
-#include "app_delegate.h"
+#include "app/app_delegate.h"
 
 #include "document/document_window.h"
 #include "saving.h"
