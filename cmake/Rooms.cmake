@@ -38,16 +38,23 @@ set(LINEARA_TEST_ENVIRONMENT
     TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp:halt_on_error=1:second_deadlock_stack=1
 )
 
-# lineara_test(NAME SOURCES ... USES ...): one test program per room, run by ctest without a screen.
+# lineara_test(NAME [SCREEN] SOURCES ... USES ...): one test program per room, run by ctest without a screen; with SCREEN in
+# a virtual display of its own, where the real mouse and keyboard can be moved.
 function(lineara_test name)
-    cmake_parse_arguments(TEST "" "" "SOURCES;USES" ${ARGN})
+    cmake_parse_arguments(TEST "SCREEN" "" "SOURCES;USES" ${ARGN})
     add_executable(${name}_tests ${TEST_SOURCES})
     target_include_directories(${name}_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests)
     target_link_libraries(${name}_tests PRIVATE ${TEST_USES} GTest::gmock lineara_flags)
     target_compile_definitions(${name}_tests PRIVATE LINEARA_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
         LINEARA_SAMPLES="${CMAKE_SOURCE_DIR}/samples")
-    add_test(NAME ${name} COMMAND ${name}_tests)
-    set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT "${LINEARA_TEST_ENVIRONMENT}")
+    set(environment ${LINEARA_TEST_ENVIRONMENT})
+    if(TEST_SCREEN)
+        add_test(NAME ${name} COMMAND xvfb-run -a -s "-screen 0 1600x1000x24 -nolisten tcp" $<TARGET_FILE:${name}_tests>)
+        list(APPEND environment QT_QPA_PLATFORM=xcb LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/lsan.supp)
+    else()
+        add_test(NAME ${name} COMMAND ${name}_tests)
+    endif()
+    set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT "${environment}")
 endfunction()
 
 # lineara_bench(NAME SOURCES ... USES ...): a Google Benchmark program, bench_NAME.
