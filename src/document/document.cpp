@@ -6,10 +6,10 @@
 #include "canvas/tree_view.h"
 #include "document/application_delegate.h"
 #include "document/document_window.h"
-#include "document/person_list.h"
 #include "edit_menu.h"
 #include "family_queue.h"
 #include "opening_report.h"
+#include "personlist/person_list.h"
 #include "platform/notification_center.h"
 #include "store/family_file.h"
 

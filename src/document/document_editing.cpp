@@ -4,8 +4,8 @@
 #include "canvas/tree_view.h"
 #include "document/document.h"
 #include "document/document_window.h"
-#include "document/person_list.h"
 #include "family_queue.h"
+#include "personlist/person_list.h"
 
 #include <QCoreApplication>
 

@@ -4,8 +4,8 @@
 #include "document/application_delegate.h"
 #include "document/document.h"
 #include "document/document_window.h"
-#include "document/person_list.h"
 #include "link_generations.h"
+#include "personlist/person_list.h"
 
 namespace lineara {
 

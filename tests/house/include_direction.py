@@ -19,7 +19,8 @@ ROOMS = {
     "interchange": {"model", "engine", "platform", "layout"},
     "elements": {"model", "platform"},
     "canvas": {"elements", "layout", "model", "platform"},
-    "document": {"canvas", "store", "interchange", "elements", "layout", "model", "engine", "platform"},
+    "personlist": {"elements", "model", "platform"},
+    "document": {"canvas", "personlist", "store", "interchange", "elements", "layout", "model", "engine", "platform"},
 }
 BELOW_APP = set(ROOMS)
 ROOMS["app"] = BELOW_APP

@@ -1,0 +1,59 @@
+#include "field_line.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+
+namespace lineara {
+
+bool isHistoryOfWindow(const QEvent& event, bool fieldCanUndo, bool fieldCanRedo)
+{
+    if (event.type() != QEvent::ShortcutOverride)
+        return false;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return (key.matches(QKeySequence::Undo) && !fieldCanUndo) || (key.matches(QKeySequence::Redo) && !fieldCanRedo);
+}
+
+void FieldLine::settle()
+{
+    const int cursor = cursorPosition();
+    // Setting a text is what empties the field's own history.
+    setText(text());
+    setCursorPosition(cursor);
+}
+
+void FieldLine::showText(const QString& shown)
+{
+    if (shown == text() && !isModified())
+        return;
+    setText(shown);
+    setCursorPosition(0);
+}
+
+bool FieldLine::event(QEvent* event)
+{
+    if (isHistoryOfWindow(*event, isModified() && isUndoAvailable(), isRedoAvailable())) {
+        event->ignore();
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
+void FieldLine::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        ended_(FieldEnd::Return);
+    else if (event->key() == Qt::Key_Escape)
+        ended_(FieldEnd::Escape);
+    else
+        QLineEdit::keyPressEvent(event);
+}
+
+void FieldLine::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    // A menu that opens over the field is still about the field.
+    if (event->reason() != Qt::PopupFocusReason)
+        ended_(FieldEnd::Left);
+}
+
+} // namespace lineara

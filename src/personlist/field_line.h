@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QLineEdit>
+
+#include <functional>
+
+namespace lineara {
+
+/// How what is typed into a field is settled.
+enum class FieldEnd
+{
+    Return,
+    Escape,
+    Left ///< the keyboard went to another part of the program, or to another program
+};
+
+/// A field of one line. While what is typed into it is not settled, undo and redo are about the typing; otherwise they
+/// are left to the window.
+class FieldLine : public QLineEdit
+{
+public:
+    explicit FieldLine(std::function<void(FieldEnd)> ended) : ended_(std::move(ended)) {}
+
+    /// What was typed counts as settled; the cursor stays.
+    void settle();
+    /// Shows another text, which counts as settled.
+    void showText(const QString& text);
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    std::function<void(FieldEnd)> ended_;
+};
+
+/// Whether the event asks which of a field and its window gets an undo or redo that the field can't do.
+bool isHistoryOfWindow(const QEvent& event, bool fieldCanUndo, bool fieldCanRedo);
+
+} // namespace lineara

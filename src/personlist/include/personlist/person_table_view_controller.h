@@ -1,0 +1,101 @@
+#pragma once
+
+#include "model/changes.h"
+#include "model/record.h"
+#include "personlist/person_list.h"
+#include "platform/observer_list.h"
+
+#include <QPointer>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace lineara {
+
+class OpenRow;
+class PersonListPane;
+class PersonTableCellView;
+class PersonTableModel;
+class PersonTableView;
+class Pool;
+class Thumbnails;
+
+/// The list of a family's persons, the oldest generation on top, with a search field above it. The selected row opens
+/// and becomes an editor. Main thread only.
+///
+/// Which row is selected is announced by a selectionChangeNotification, whoever selected it; it opens when the document
+/// answers with select(). An announcement whose row is no longer the selected one by the time of delivery is dropped.
+class PersonTableViewController : public PersonList
+{
+public:
+    /// The pool must outlive the list. Who is in the list is said by addObject(), removeObject() and setObjects().
+    explicit PersonTableViewController(Pool& pool);
+    ~PersonTableViewController() override;
+    PersonTableViewController(const PersonTableViewController&) = delete;
+    PersonTableViewController& operator=(const PersonTableViewController&) = delete;
+
+    /// Whoever takes the view over may destroy it first; the operations do nothing from then on.
+    QWidget& view() override;
+
+    /// Ends a search, so that the newcomer is seen.
+    void addObject(Person& person) override;
+    void removeObject(Person& person) override;
+    void rearrangeObjects() override;
+    void setObjects(const std::vector<Person*>& persons) override;
+
+    /// A search that does not find the person is ended. Who is not in the list leaves it without a selected row.
+    void select(Person& person) override;
+    void deselectAll() override;
+    /// Selects the person's row if it is not. Nothing happens if the person is not in the list.
+    void editNameForPerson(Person& person) override;
+    bool isEditing() const override;
+    void commitEditing() override;
+    void findPersons() override;
+
+    /// 421 points for the selected row, 49 for any other.
+    int heightOfRow(int row) const;
+
+    /// Called when the user has searched for a person and presses Return.
+    void setPersonChosen(std::function<void(Person&)> chosen) { personChosen_ = std::move(chosen); }
+    /// Called before the first change of a step of the history: the moment for changes that are pending and belong to
+    /// an earlier one.
+    void setAboutToEdit(std::function<void()> aboutToEdit) { aboutToEdit_ = std::move(aboutToEdit); }
+    /// With reduced motion, rows open and close at once.
+    void setReducedMotion(bool reduced);
+
+private:
+    PersonTableCellView* makeCell(RecordId person);
+    void observeChange(const Change& change);
+    void showLater();
+    void rowChosen(std::optional<int> row);
+    void chosen(std::optional<RecordId> person);
+    void selectRowOf(std::optional<RecordId> person);
+    void showSelectedRow();
+    void announce();
+    void openSelected();
+    void leave(RecordId person);
+    void search(const QString& text);
+    void choosePerson();
+    std::optional<RecordId> shownSelection() const;
+
+    Pool& pool_;
+    std::unique_ptr<Thumbnails> thumbnails_;
+    QPointer<QWidget> view_;
+    // Parts of the view, which go with it.
+    PersonListPane* pane_ = nullptr;
+    PersonTableModel* model_ = nullptr;
+    PersonTableView* table_ = nullptr;
+    std::unique_ptr<OpenRow> openRow_;
+    std::optional<RecordId> selected_; // may be hidden by a search
+    std::optional<RecordId> found_;    // whom the search has come to
+    int linksSelected_ = 0;            // how often the user selected a link
+    bool isStale_ = false;
+    std::function<void(Person&)> personChosen_ = [](Person&) {};
+    std::function<void()> aboutToEdit_ = [] {};
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+    Subscription changes_;
+    Subscription linkSelections_;
+};
+
+} // namespace lineara

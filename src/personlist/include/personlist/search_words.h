@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace lineara {
+
+class Person;
+
+/// The text as it is compared in a search: letters without accents and case, so that "muller" finds "Müller".
+QString folded(const QString& text);
+
+/// What somebody looks for: words that all have to be found, each anywhere, in the name, the years or the notes.
+class SearchWords
+{
+public:
+    /// Without words everybody is found.
+    SearchWords() = default;
+    explicit SearchWords(const QString& typed);
+
+    bool empty() const { return words_.isEmpty(); }
+    bool find(const Person& person) const;
+
+private:
+    QStringList words_;
+};
+
+} // namespace lineara

@@ -1,0 +1,35 @@
+#include "person_edit.h"
+
+#include "model/object_context.h"
+
+#include <utility>
+
+namespace lineara {
+
+PersonEdit::PersonEdit(ObjectContext& context, RecordId person, std::function<void()> aboutToEdit)
+    : context_(context), person_(person), aboutToEdit_(std::move(aboutToEdit)),
+      replays_(context.observe([this](const Change& change) {
+          if (std::holds_alternative<Replayed>(change))
+              endVisit();
+      }))
+{}
+
+Person* PersonEdit::person() const
+{
+    return context_.person(person_);
+}
+
+void PersonEdit::change(const QString& stepName, const std::function<void(Person&)>& change)
+{
+    if (!person())
+        return;
+    Journal& journal = context_.journal();
+    // Another step may have been begun since the visit's own.
+    if (step_ != journal.latestStep()) {
+        aboutToEdit_();
+        step_ = journal.begin(stepName);
+    }
+    change(*person());
+}
+
+} // namespace lineara

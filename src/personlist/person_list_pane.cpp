@@ -1,0 +1,86 @@
+#include "person_list_pane.h"
+
+#include "field_line.h"
+#include "list_colours.h"
+#include "person_table_model.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace lineara {
+
+namespace {
+
+QLineEdit* makeSearchField()
+{
+    auto* const field = new QLineEdit;
+    field->setObjectName(QStringLiteral("searchField"));
+    field->setAccessibleName(QCoreApplication::translate("PersonList", "Search persons"));
+    field->setPlaceholderText(QCoreApplication::translate("PersonList", "Search name, years or notes"));
+    field->setClearButtonEnabled(true);
+    return field;
+}
+
+} // namespace
+
+PersonListPane::PersonListPane(PersonTableModel& model, RowGestures rows, SearchGestures searching)
+    : search_(makeSearchField()), table_(new PersonTableView(model, std::move(rows))), searching_(std::move(searching))
+{
+    setObjectName(QStringLiteral("personList"));
+    setMinimumWidth(280);
+    auto* const above = new QVBoxLayout;
+    above->setContentsMargins(8, 8, 8, 8);
+    above->addWidget(search_);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(above);
+    layout->addWidget(table_);
+    connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) { searching_.typed(text); });
+    search_->installEventFilter(this);
+}
+
+bool PersonListPane::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress)
+        return takeSearchKey(static_cast<QKeyEvent&>(*event));
+    if (isHistoryOfWindow(*event, search_->isUndoAvailable(), search_->isRedoAvailable())) {
+        event->ignore();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+/// The list can be walked without leaving the search field.
+bool PersonListPane::takeSearchKey(QKeyEvent& key)
+{
+    switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        searching_.returnPressed();
+        return true;
+    case Qt::Key_Escape:
+        search_->clear();
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        QCoreApplication::sendEvent(table_, &key);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void PersonListPane::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    disappeared_();
+}
+
+} // namespace lineara

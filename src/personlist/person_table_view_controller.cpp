@@ -1,0 +1,299 @@
+#include "personlist/person_table_view_controller.h"
+
+#include "elements/notifications.h"
+#include "model/object_context.h"
+#include "open_row.h"
+#include "person_cell.h"
+#include "person_list_pane.h"
+#include "person_table_cell_view.h"
+#include "person_table_model.h"
+#include "person_table_view.h"
+#include "platform/log.h"
+#include "platform/main_thread.h"
+#include "platform/notification_center.h"
+#include "thumbnails.h"
+
+#include <QApplication>
+#include <QLineEdit>
+
+#include <algorithm>
+#include <iterator>
+
+namespace lineara {
+
+PersonTableViewController::PersonTableViewController(Pool& pool) : pool_(pool)
+{
+    writeLog("Initializing Person List\n");
+    thumbnails_ = std::make_unique<Thumbnails>(pool.context(), [this] { showLater(); });
+    model_ = new PersonTableModel(pool);
+    RowGestures rows{[this](std::optional<int> row) { rowChosen(row); },
+                     [this] {
+                         if (const auto person = shownSelection())
+                             editNameForPerson(*pool_.context().person(*person));
+                     }};
+    SearchGestures searching{[this](const QString& text) { search(text); }, [this] { choosePerson(); }};
+    pane_ = new PersonListPane(*model_, std::move(rows), std::move(searching));
+    view_ = pane_;
+    model_->setParent(pane_);
+    table_ = &pane_->table();
+    table_->setItemDelegate(new PersonCell(*thumbnails_, pane_));
+    openRow_ = std::make_unique<OpenRow>(*table_, [this](RecordId person) { return makeCell(person); });
+    pane_->setDisappeared([this] { commitEditing(); });
+    table_->setFocusChanged([this] {
+        if (auto* const cell = openRow_->cell())
+            cell->update();
+    });
+    changes_ = pool.context().observe([this](const Change& change) { observeChange(change); });
+    linkSelections_ =
+        NotificationCenter::defaultCenter().observe<LinkSelectionNotification>([this](const auto& selection) {
+            if (selection.family == &pool_ && selection.link)
+                ++linksSelected_;
+        });
+}
+
+PersonTableViewController::~PersonTableViewController()
+{
+    // What is typed goes into the records while everything that hears of it is still there.
+    commitEditing();
+    delete view_;
+}
+
+QWidget& PersonTableViewController::view()
+{
+    return *view_;
+}
+
+void PersonTableViewController::addObject(Person& person)
+{
+    if (!view_)
+        return;
+    pane_->searchField().clear();
+    model_->add(person.recordId());
+}
+
+void PersonTableViewController::removeObject(Person& person)
+{
+    if (!view_)
+        return;
+    const RowsInPlace inPlace(*table_);
+    leave(person.recordId());
+    model_->remove(person.recordId());
+}
+
+void PersonTableViewController::rearrangeObjects()
+{
+    if (!view_)
+        return;
+    const RowsInPlace inPlace(*table_);
+    model_->rearrange();
+}
+
+void PersonTableViewController::setObjects(const std::vector<Person*>& persons)
+{
+    if (!view_)
+        return;
+    std::vector<RecordId> ids;
+    std::ranges::transform(persons, std::back_inserter(ids), &Person::recordId);
+    const RowsInPlace inPlace(*table_);
+    if (selected_ && std::ranges::find(ids, *selected_) == ids.end())
+        leave(*selected_);
+    model_->setPersons(ids, openRow_->person());
+}
+
+/// The person's row is about to go for good, which announces nothing.
+void PersonTableViewController::leave(RecordId person)
+{
+    if (openRow_->person() == person)
+        openRow_->forget();
+    if (selected_ == person)
+        selectRowOf(std::nullopt);
+}
+
+void PersonTableViewController::select(Person& person)
+{
+    if (!view_)
+        return;
+    const RecordId id = person.recordId();
+    if (!model_->contains(id)) {
+        deselectAll();
+        return;
+    }
+    if (model_->rowOf(id) < 0)
+        pane_->searchField().clear();
+    if (selected_ != id) {
+        selectRowOf(id);
+        announce();
+    }
+    openSelected();
+}
+
+void PersonTableViewController::deselectAll()
+{
+    if (!view_)
+        return;
+    if (selected_) {
+        selectRowOf(std::nullopt);
+        announce();
+    }
+    openRow_->close();
+}
+
+void PersonTableViewController::editNameForPerson(Person& person)
+{
+    if (!view_ || !model_->contains(person.recordId()))
+        return;
+    select(person);
+    table_->reveal(model_->rowOf(person.recordId()));
+    openRow_->cell()->editName();
+}
+
+bool PersonTableViewController::isEditing() const
+{
+    if (!view_)
+        return false;
+    const QWidget* const focused = pane_->window()->focusWidget();
+    const auto* const cell = openRow_->cell();
+    return focused && (focused == &pane_->searchField() || (cell && cell->isAncestorOf(focused)));
+}
+
+void PersonTableViewController::commitEditing()
+{
+    if (!view_)
+        return;
+    if (auto* const cell = openRow_->cell())
+        cell->commit();
+}
+
+void PersonTableViewController::findPersons()
+{
+    if (!view_)
+        return;
+    pane_->searchField().setFocus(Qt::ShortcutFocusReason);
+    pane_->searchField().selectAll();
+}
+
+int PersonTableViewController::heightOfRow(int row) const
+{
+    return view_ && selected_ && model_->idAt(row) == selected_ ? expandedHeight : collapsedHeight;
+}
+
+void PersonTableViewController::setReducedMotion(bool reduced)
+{
+    openRow_->setReducedMotion(reduced);
+}
+
+PersonTableCellView* PersonTableViewController::makeCell(RecordId person)
+{
+    CellSurroundings surroundings{*thumbnails_, [this, person] { chosen(person); }, [this] { table_->setFocus(); },
+                                  [this] { return table_->hasFocus(); }};
+    return new PersonTableCellView(
+        pool_.context(), person, [this] { aboutToEdit_(); }, std::move(surroundings));
+}
+
+void PersonTableViewController::observeChange(const Change& change)
+{
+    if (!view_)
+        return;
+    constexpr PersonAttributes notShown = PersonAttribute::Generation | PersonAttribute::X;
+    const auto* const one = std::get_if<AttributesChanged>(&change);
+    if (one && one->attributes.testFlag(PersonAttribute::Image))
+        thumbnails_->forget(one->person.recordId());
+    if ((one && (one->attributes & ~notShown)) || std::holds_alternative<Replayed>(change))
+        showLater();
+    if (auto* const cell = openRow_->cell(); cell && one && one->person.recordId() == *openRow_->person())
+        cell->refresh();
+}
+
+/// Once for everything that changes in the present event.
+void PersonTableViewController::showLater()
+{
+    if (!view_ || std::exchange(isStale_, true))
+        return;
+    QMetaObject::invokeMethod(
+        view_,
+        [this] {
+            isStale_ = false;
+            model_->refresh();
+            if (auto* const cell = openRow_->cell())
+                cell->refresh();
+        },
+        Qt::QueuedConnection);
+}
+
+void PersonTableViewController::rowChosen(std::optional<int> row)
+{
+    chosen(row ? model_->idAt(*row) : std::nullopt);
+}
+
+/// A choice is announced even where the row was selected already, because the document may have come to select
+/// something else.
+void PersonTableViewController::chosen(std::optional<RecordId> person)
+{
+    if (selected_ != person)
+        selectRowOf(person);
+    announce();
+}
+
+void PersonTableViewController::selectRowOf(std::optional<RecordId> person)
+{
+    selected_ = person;
+    showSelectedRow();
+}
+
+void PersonTableViewController::showSelectedRow()
+{
+    const int row = selected_ ? model_->rowOf(*selected_) : -1;
+    table_->selectRow(row < 0 ? std::nullopt : std::optional(row));
+}
+
+/// Takes its turn among everything enqueued. By then another row may be selected, or the user may have gone on to a
+/// link: to answer an announcement that is out of date would chase the selection to and fro.
+void PersonTableViewController::announce()
+{
+    MainThread::post([this, alive = std::weak_ptr(alive_), person = selected_, links = linksSelected_] {
+        if (!alive.expired() && selected_ == person && linksSelected_ == links)
+            NotificationCenter::defaultCenter().post(selectionChangeNotification{&pool_, person});
+    });
+}
+
+void PersonTableViewController::openSelected()
+{
+    openRow_->open(model_->rowOf(*selected_), *selected_);
+    QWidget* before = table_;
+    for (QWidget* const field : openRow_->cell()->fields()) {
+        QWidget::setTabOrder(before, field);
+        before = field;
+    }
+}
+
+void PersonTableViewController::search(const QString& text)
+{
+    const SearchWords words(text);
+    const RowsInPlace inPlace(*table_);
+    found_.reset();
+    if (const auto open = openRow_->person(); open && !words.find(*pool_.context().person(*open)))
+        openRow_->forget();
+    model_->search(words, openRow_->person());
+    showSelectedRow();
+    if (shownSelection() && !openRow_->person())
+        openSelected();
+}
+
+/// Return goes through everybody who was found, one after the other.
+void PersonTableViewController::choosePerson()
+{
+    if (model_->rowCount() == 0)
+        return;
+    const int next = found_ ? model_->rowOf(*found_) + 1 : 0;
+    found_ = model_->idAt(next % model_->rowCount());
+    if (Person* const person = pool_.context().person(*found_))
+        personChosen_(*person);
+}
+
+/// The selected person, if the search has left its row.
+std::optional<RecordId> PersonTableViewController::shownSelection() const
+{
+    return selected_ && model_->rowOf(*selected_) >= 0 ? selected_ : std::nullopt;
+}
+
+} // namespace lineara
