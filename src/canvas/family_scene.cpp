@@ -5,6 +5,7 @@
 #include "model/person.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace lineara {
 
@@ -88,8 +89,7 @@ void FamilyScene::nodeMoved(const LeafView& node)
 
 void FamilyScene::allMoved()
 {
-    for (const auto& link : branchLayer_.layers())
-        link->layoutSublayers();
+    linksStale_ = true;
     boxesStale_ = true;
     boundsStale_ = true;
 }
@@ -146,6 +146,7 @@ void FamilyScene::refreshBoxes() const
 {
     if (!boxesStale_)
         return;
+    layOutLinks();
     nodeBoxes_.clear();
     nodeBoxes_.reserve(personLayer_.nodes().size());
     for (const LeafView* const node : personLayer_.nodes())
@@ -155,6 +156,14 @@ void FamilyScene::refreshBoxes() const
     for (const auto& link : branchLayer_.layers())
         linkBoxes_.append(toPicture(link->bounds()));
     boxesStale_ = false;
+}
+
+void FamilyScene::layOutLinks() const
+{
+    if (!std::exchange(linksStale_, false))
+        return;
+    for (const auto& link : branchLayer_.layers())
+        link->layoutSublayers();
 }
 
 void FamilyScene::linksRenumbered()

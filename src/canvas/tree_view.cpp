@@ -189,8 +189,8 @@ void TreeView::followAttributes(const AttributesChanged& change)
     const LeafView& node = *change.person.leafView();
     scene_.nodeMoved(node);
     contentChanged();
-    if (node.frame().x < 0)
-        requestUnlessReplaying();
+    if (!isReplaying() && node.frame().x < 0)
+        setNeedsUpdateConstraints();
 }
 
 void TreeView::followMembership(Person& person, bool joined)
@@ -208,16 +208,15 @@ void TreeView::allNodesChanged()
 {
     scene_.allMoved();
     contentChanged();
-    if (smallestXConstant().value_or(0) < 0)
-        requestUnlessReplaying();
+    if (!isReplaying() && smallestXConstant().value_or(0) < 0)
+        setNeedsUpdateConstraints();
 }
 
 /// Undo and redo restore a state that was at rest: the shift that follows from a place left of the canvas is among what
 /// they restore.
-void TreeView::requestUnlessReplaying()
+bool TreeView::isReplaying() const
 {
-    if (!pool().context().journal().replaying())
-        setNeedsUpdateConstraints();
+    return pool().context().journal().replaying();
 }
 
 void TreeView::nodesGlided(const std::vector<RowGlide::Move>& moves)

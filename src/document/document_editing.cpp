@@ -6,6 +6,7 @@
 #include "document/document_window.h"
 #include "family_queue.h"
 #include "personlist/person_list.h"
+#include "replayed_changes.h"
 
 #include <QCoreApplication>
 
@@ -148,14 +149,16 @@ void Document::editNewName(Person& person)
         list_->editNameForPerson(person);
 }
 
-void Document::showReplayed(std::optional<RecordId> concerned)
+void Document::showReplayed(const ReplayedChanges& changes)
 {
-    syncList();
+    if (changes.members)
+        syncList();
     treeView()->takeRows();
-    refresh();
+    if (changes.rows)
+        refresh();
     dropSelectionThatIsGone();
     handleOnboarding();
-    if (Person* const person = concerned ? context().person(*concerned) : nullptr)
+    if (Person* const person = changes.concerned ? context().person(*changes.concerned) : nullptr)
         treeView()->reveal(*person);
 }
 

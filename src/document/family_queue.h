@@ -3,11 +3,11 @@
 #include "due_ledger.h"
 #include "free_heights.h"
 #include "platform/serial_queue.h"
+#include "replayed_changes.h"
 #include "work_run.h"
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 namespace lineara {
 
@@ -53,7 +53,7 @@ private:
 
     void enqueueReplay(Direction direction);
     void replay(Direction direction);
-    std::optional<RecordId> replayJournal(Direction direction);
+    ReplayedChanges replayJournal(Direction direction);
     void restoreHeights(const FreeHeights::Heights& heights);
     void enqueueDue();
 

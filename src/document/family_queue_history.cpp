@@ -40,30 +40,25 @@ void FamilyQueue::replay(Direction direction)
     const auto [left, reached] =
         direction == Direction::Undo ? std::pair(Side::After, Side::Before) : std::pair(Side::Before, Side::After);
     const auto heights = FreeHeights::of(document_.pool());
-    const std::optional<RecordId> concerned = replayJournal(direction);
-    document_.pool().rebuildLists();
+    const ReplayedChanges changes = replayJournal(direction);
+    if (changes.rows)
+        document_.pool().rebuildLists();
     heights_.replace(*step, left, FreeHeights::changed(heights, document_.pool()));
     restoreHeights(heights_.at(*step, reached));
-    document_.showReplayed(concerned);
+    document_.showReplayed(changes);
     if (newestStep() > StepId() && ledger_.isDue(newestStep()))
         enqueueDue();
 }
 
-/// The person that the replayed changes are about, if they are about one.
-std::optional<RecordId> FamilyQueue::replayJournal(Direction direction)
+ReplayedChanges FamilyQueue::replayJournal(Direction direction)
 {
-    std::optional<RecordId> concerned;
-    const Subscription watch = document_.context().observe([&](const Change& change) {
-        if (const auto* const one = std::get_if<AttributesChanged>(&change))
-            concerned = one->person.recordId();
-        else if (const auto* const link = std::get_if<LinkChanged>(&change))
-            concerned = link->member.recordId();
-    });
+    ReplayedChanges changes;
+    const Subscription watch = document_.context().observe([&](const Change& change) { changes.add(change); });
     if (direction == Direction::Undo)
         journal().undo();
     else
         journal().redo();
-    return concerned;
+    return changes;
 }
 
 void FamilyQueue::restoreHeights(const FreeHeights::Heights& heights)

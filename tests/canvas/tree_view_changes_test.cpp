@@ -193,11 +193,11 @@ TEST(TreeViewChanges, LinksFollowTheirNodes)
     parent.addChild(child);
     TreeView& view = family.processAndShow();
     child.setX(640);
-    const LinkLayer& link = *view.branchLayer().layers()[0];
-    EXPECT_EQ(link.startPoint(), parent.leafView()->frame().centre());
-    EXPECT_EQ(link.endPoint(), child.leafView()->frame().centre());
+    const auto link = [&]() -> const LinkLayer& { return *view.branchLayer().layers()[0]; };
+    EXPECT_EQ(link().startPoint(), parent.leafView()->frame().centre());
+    EXPECT_EQ(link().endPoint(), child.leafView()->frame().centre());
     view.adjustBy(-50);
-    EXPECT_EQ(link.startPoint(), parent.leafView()->frame().centre());
+    EXPECT_EQ(link().startPoint(), parent.leafView()->frame().centre());
 }
 
 TEST(TreeViewChanges, LongerNameWidensTheNodeForHitsAndLinks)

@@ -31,8 +31,17 @@ public:
     Pool& pool() const { return personLayer_.pool(); }
     PersonLayerView& personLayer() { return personLayer_; }
     const PersonLayerView& personLayer() const { return personLayer_; }
-    BranchLayerView& branchLayer() { return branchLayer_; }
-    const BranchLayerView& branchLayer() const { return branchLayer_; }
+    /// Asking for it lays out what has moved.
+    BranchLayerView& branchLayer()
+    {
+        layOutLinks();
+        return branchLayer_;
+    }
+    const BranchLayerView& branchLayer() const
+    {
+        layOutLinks();
+        return branchLayer_;
+    }
 
     /// Shows every person of the pool in its row at its x.
     void addAllInRows();
@@ -48,7 +57,7 @@ public:
 
     /// To be called after a node's frame has changed; its links follow.
     void nodeMoved(const LeafView& node);
-    /// The same for all nodes at once.
+    /// The same for all nodes at once; the links follow when they are next looked at.
     void allMoved();
 
     /// The smallest frame around all nodes; no value without any.
@@ -79,6 +88,7 @@ public:
 
 private:
     void refreshBoxes() const;
+    void layOutLinks() const;
     void linksRenumbered();
 
     PersonLayerView personLayer_;
@@ -87,6 +97,7 @@ private:
     mutable CullBoxes nodeBoxes_;
     mutable CullBoxes linkBoxes_;
     mutable bool boxesStale_ = true;
+    mutable bool linksStale_ = false; // everybody moved; the shapes follow when they are next looked at
     mutable std::optional<Frame> bounds_;
     mutable bool boundsStale_ = true;
     std::vector<std::uint32_t> linksWithPaths_; // as of the last picture

@@ -134,7 +134,7 @@ private:
     void followMembership(Person& person, bool joined);
     void forgetPerson(Person& person);
     void allNodesChanged();
-    void requestUnlessReplaying();
+    bool isReplaying() const;
     void nodesGlided(const std::vector<RowGlide::Move>& moves);
     void contentChanged();
 

@@ -22,6 +22,7 @@ class FamilyQueue;
 class PersonList;
 class SerialQueue;
 class TreeView;
+struct ReplayedChanges;
 
 /// One open family file: its records, the operations that change them, the queue that changes are processed on, what
 /// is selected, and its window. Main thread only.
@@ -132,7 +133,7 @@ private:
     void hasJoined(RecordId person);
     void hasLeft(RecordId person);
     void deselectAfterRemoval(RecordId person);
-    void showReplayed(std::optional<RecordId> concerned);
+    void showReplayed(const ReplayedChanges& changes);
 
     QString path_;
     OpenedFamily family_;
