@@ -3,8 +3,10 @@
 #include "list_colours.h"
 #include "model/person.h"
 #include "person_table_model.h"
+#include "refused_dates.h"
 #include "thumbnails.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -38,10 +40,12 @@ void paintPicture(QPainter& painter, const QRect& place, const Person& person, T
 {
     QPainterPath frame;
     frame.addRoundedRect(place, 5, 5);
-    if (const auto thumbnail = thumbnails.of(person, pictureSide, painter.device()->devicePixelRatioF())) {
+    const auto thumbnail = thumbnails.of(person, painter.device()->devicePixelRatioF());
+    if (thumbnail && !thumbnail->isNull()) {
         painter.save();
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.setClipPath(frame, Qt::IntersectClip);
-        painter.drawPixmap(place.topLeft(), *thumbnail);
+        painter.drawPixmap(place, *thumbnail);
         painter.restore();
         return;
     }
@@ -51,9 +55,10 @@ void paintPicture(QPainter& painter, const QRect& place, const Person& person, T
     painter.drawText(place, Qt::AlignCenter, initial(person));
 }
 
-void paintTexts(QPainter& painter, const QRect& place, const Person& person)
+void paintTexts(QPainter& painter, const QRect& place, const Person& person, bool hasMistake)
 {
-    const QString era = person.era();
+    const QString era =
+        hasMistake ? QCoreApplication::translate("PersonCell", "A date was not understood") : person.era();
     const bool hasName = !person.name().value_or(QString()).trimmed().isEmpty();
     QFont font = rowFont(nameSize);
     font.setItalic(!hasName);
@@ -68,26 +73,26 @@ void paintTexts(QPainter& painter, const QRect& place, const Person& person)
     const QRect lower = place.adjusted(0, place.height() / 2 + 2, 0, -6);
     painter.drawText(upper, Qt::AlignVCenter, name);
     painter.setFont(rowFont(eraSize));
-    painter.setPen(colours::faintText());
+    painter.setPen(hasMistake ? colours::mistake() : colours::faintText());
     painter.drawText(lower, Qt::AlignVCenter, era);
 }
 
 } // namespace
 
-PersonCell::PersonCell(Thumbnails& thumbnails, QObject* parent) : QStyledItemDelegate(parent), thumbnails_(thumbnails)
+PersonCell::PersonCell(const CellSources& sources, QObject* parent) : QStyledItemDelegate(parent), sources_(sources)
 {
     setObjectName(QStringLiteral("PersonCell"));
 }
 
-void PersonCell::paintCompact(QPainter& painter, const QRect& row, const Person& person, Thumbnails& thumbnails)
+void PersonCell::paintCompact(QPainter& painter, const QRect& row, const Person& person, const CellSources& sources)
 {
     painter.setRenderHint(QPainter::Antialiasing);
     const int pictureTop = row.top() + (collapsedHeight - 1 - pictureSide) / 2;
     const QRect picture(row.left() + margin, pictureTop, pictureSide, pictureSide);
-    paintPicture(painter, picture, person, thumbnails);
+    paintPicture(painter, picture, person, sources.thumbnails);
     const QRect texts(picture.right() + margin, row.top(), row.right() - picture.right() - 2 * margin,
                       collapsedHeight - 1);
-    paintTexts(painter, texts, person);
+    paintTexts(painter, texts, person, sources.refused.has(person.recordId()));
 }
 
 void PersonCell::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
@@ -97,7 +102,7 @@ void PersonCell::paint(QPainter* painter, const QStyleOptionViewItem& option, co
     painter->fillRect(option.rect, colours::collapsedGround());
     painter->fillRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1, colours::rowEdge());
     if (const Person* const person = static_cast<const PersonTableModel*>(index.model())->personAt(index.row()))
-        paintCompact(*painter, option.rect, *person, thumbnails_);
+        paintCompact(*painter, option.rect, *person, sources_);
     painter->restore();
 }
 

@@ -25,9 +25,10 @@ void PersonEdit::change(const QString& stepName, const std::function<void(Person
         return;
     Journal& journal = context_.journal();
     // Another step may have been begun since the visit's own.
-    if (step_ != journal.latestStep()) {
+    if (step_ != journal.latestStep() || stepName_ != stepName) {
         aboutToEdit_();
         step_ = journal.begin(stepName);
+        stepName_ = stepName;
     }
     change(*person());
 }

@@ -36,6 +36,7 @@ private:
     RecordId person_;
     std::function<void()> aboutToEdit_;
     std::optional<StepId> step_; // of the visit, once something was changed
+    QString stepName_;
     Subscription replays_;
 };
 

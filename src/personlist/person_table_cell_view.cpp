@@ -1,45 +1,134 @@
 #include "person_table_cell_view.h"
 
+#include "date_field.h"
 #include "list_colours.h"
 #include "model/object_context.h"
-#include "person_cell.h"
+#include "notes_field.h"
+#include "refused_dates.h"
+#include "thumbnails.h"
 
 #include <QCoreApplication>
-#include <QGraphicsOpacityEffect>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QInputMethod>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QVBoxLayout>
+#include <QPushButton>
+
+#include <utility>
 
 namespace lineara {
 
 namespace {
+
+constexpr int margin = 12;
 
 QString text(const char* source)
 {
     return QCoreApplication::translate("PersonTableCellView", source);
 }
 
+/// The editor is white in every theme of the desktop.
+QPalette lightPalette()
+{
+    QPalette light(QColor::fromRgbF(0.93f, 0.93f, 0.93f), colours::expandedGround());
+    light.setColor(QPalette::PlaceholderText, colours::faintText());
+    return light;
+}
+
+QPushButton* makePicButton()
+{
+    auto* const button = new QPushButton;
+    button->setObjectName(QStringLiteral("picButton"));
+    button->setIconSize({thumbnailSide, thumbnailSide});
+    button->setFixedSize(thumbnailSide + 8, thumbnailSide + 8);
+    return button;
+}
+
+QPushButton* makePicRemoveButton()
+{
+    auto* const button = new QPushButton(text("Remove Picture"));
+    button->setObjectName(QStringLiteral("picRemoveButton"));
+    return button;
+}
+
+/// Stands on one line with a field of one line.
+QLabel* makeCaption(const QString& caption)
+{
+    auto* const label = new QLabel(caption);
+    label->setFixedHeight(QLineEdit().sizeHint().height());
+    QFont font;
+    font.setPixelSize(12);
+    label->setFont(font);
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, colours::faintText());
+    label->setPalette(palette);
+    return label;
+}
+
+void storeBirth(Person& person, const PartialDate& date)
+{
+    person.setBirthDay(date.day);
+    person.setBirthMonth(date.month);
+    person.setBirthYear(date.year);
+}
+
+void storeDeath(Person& person, const PartialDate& date)
+{
+    person.setDeathDay(date.day);
+    person.setDeathMonth(date.month);
+    person.setDeathYear(date.year);
+}
+
+/// A text that was emptied is absent.
+std::optional<QString> stored(const QString& typed)
+{
+    return typed.isEmpty() ? std::nullopt : std::optional(typed);
+}
+
 } // namespace
 
-PersonTableCellView::PersonTableCellView(ObjectContext& context, RecordId person, std::function<void()> aboutToEdit,
-                                         CellSurroundings surroundings)
-    : edit_(context, person, std::move(aboutToEdit)), surroundings_(std::move(surroundings)),
-      editables_(new QWidget(this)), fade_(new QGraphicsOpacityEffect(editables_)),
-      name_(new FieldLine([this](FieldEnd end) { nameEnded(end); }))
+/// Drawing the fields through an opacity effect would come out wrong for the notes; to cover them with more and more of
+/// the ground looks just the same.
+class PersonTableCellView::Veil : public QWidget
+{
+public:
+    explicit Veil(PersonTableCellView& cell) : QWidget(&cell), cell_(cell)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        cell_.paintVeil(painter);
+    }
+
+private:
+    const PersonTableCellView& cell_;
+};
+
+PersonTableCellView::PersonTableCellView(ObjectContext& context, RecordId person, CellSurroundings surroundings)
+    : person_(person), edit_(context, person, surroundings.aboutToEdit), surroundings_(std::move(surroundings)),
+      editables_(new QWidget(this)), veil_(new Veil(*this)), picButton_(makePicButton()),
+      picRemoveButton_(makePicRemoveButton()), name_(new FieldLine([this](FieldEnd end) { nameEnded(end); })),
+      birth_(makeDate(text("Birth"), text("Edit Birth"), storeBirth)),
+      death_(makeDate(text("Death"), text("Edit Death"), storeDeath)),
+      notesTextField_(new NotesField([this](FieldEnd end) { notesEnded(end); }))
 {
     setObjectName(QStringLiteral("personTableCellView"));
-    editables_->setGraphicsEffect(fade_);
-    name_->setObjectName(QStringLiteral("name"));
-    name_->setAccessibleName(text("Name"));
-    name_->setPlaceholderText(text("Name"));
-    auto* const layout = new QVBoxLayout(editables_);
-    layout->addWidget(name_);
-    layout->addStretch();
+    setPalette(lightPalette());
+    // A table has its texts in the colour for entries.
+    setForegroundRole(QPalette::WindowText);
+    assemble();
     for (QWidget* const part : findChildren<QWidget*>())
         part->installEventFilter(this);
+    connect(picButton_, &QPushButton::clicked, this, [this] { surroundings_.setPic(); });
+    connect(picRemoveButton_, &QPushButton::clicked, this, [this] { surroundings_.removePic(); });
     refresh();
+    showRefused();
 }
 
 PersonTableCellView::~PersonTableCellView()
@@ -47,9 +136,55 @@ PersonTableCellView::~PersonTableCellView()
     commit();
 }
 
+void PersonTableCellView::assemble()
+{
+    name_->setObjectName(QStringLiteral("name"));
+    name_->setAccessibleName(text("Name"));
+    name_->setPlaceholderText(text("Name"));
+    QFont nameFont;
+    nameFont.setPixelSize(15);
+    name_->setFont(nameFont);
+    notesTextField_->setObjectName(QStringLiteral("notesTextField"));
+    notesTextField_->setAccessibleName(text("Notes"));
+    notesTextField_->setPlaceholderText(text("Notes"));
+    auto* const beside = new QVBoxLayout;
+    beside->setSpacing(6);
+    beside->addWidget(name_);
+    beside->addWidget(picRemoveButton_, 0, Qt::AlignLeft);
+    beside->addStretch();
+    auto* const layout = new QGridLayout(editables_);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setHorizontalSpacing(10);
+    layout->setVerticalSpacing(6);
+    layout->addWidget(picButton_, 0, 0);
+    layout->addLayout(beside, 0, 1);
+    layout->addWidget(makeCaption(text("Birth")), 1, 0, Qt::AlignTop | Qt::AlignRight);
+    layout->addWidget(birth_, 1, 1);
+    layout->addWidget(makeCaption(text("Death")), 2, 0, Qt::AlignTop | Qt::AlignRight);
+    layout->addWidget(death_, 2, 1);
+    layout->addWidget(notesTextField_, 3, 0, 1, 2);
+    layout->setRowStretch(3, 1);
+    layout->setColumnStretch(1, 1);
+}
+
+DateField* PersonTableCellView::makeDate(const QString& name, const QString& step,
+                                         void (*store)(Person&, const PartialDate&))
+{
+    DateField::Reports reports;
+    reports.changed = [this, step, store](const PartialDate& date) {
+        edit_.change(step, [&](Person& person) { store(person, date); });
+    };
+    reports.left = [this] { fieldEnded(FieldEnd::Left); };
+    reports.done = [this] { fieldEnded(FieldEnd::Return); };
+    return new DateField(name, std::move(reports));
+}
+
 void PersonTableCellView::expand()
 {
+    birth_->closePicker();
+    death_->closePicker();
     isExpanded_ = true;
+    picRemoveButton_->show();
     update();
 }
 
@@ -57,15 +192,14 @@ void PersonTableCellView::collapse()
 {
     commit();
     isExpanded_ = false;
+    picRemoveButton_->hide();
     update();
 }
 
 void PersonTableCellView::setExpansion(double expansion)
 {
     expansion_ = expansion;
-    fade_->setOpacity(expansion);
-    // Drawing through an effect costs a picture of everything, which only the fading needs.
-    fade_->setEnabled(expansion < 1);
+    veil_->setVisible(expansion < 1);
     update();
 }
 
@@ -76,14 +210,53 @@ void PersonTableCellView::refresh()
         return;
     if (!name_->isModified())
         name_->showText(person->name().value_or(QString()));
+    birth_->showDate({person->birthDay(), person->birthMonth(), person->birthYear()});
+    death_->showDate({person->deathDay(), person->deathMonth(), person->deathYear()});
+    if (!notesTextField_->isModified())
+        notesTextField_->showNotes(person->additional().value_or(QString()));
+    showPicture(*person);
     update();
+}
+
+void PersonTableCellView::showPicture(const Person& person)
+{
+    const auto picture = surroundings_.sources.thumbnails.of(person, devicePixelRatioF());
+    const bool hasImage = !picture || !picture->isNull();
+    picButton_->setIcon(picture ? QIcon(*picture) : QIcon());
+    picButton_->setText(hasImage ? QString() : text("Set Pic"));
+    picButton_->setAccessibleName(hasImage ? text("Picture") : text("Set Pic"));
+    picRemoveButton_->setEnabled(person.pic());
 }
 
 void PersonTableCellView::commit()
 {
+    // What an input method still holds is a part of what was typed.
     QGuiApplication::inputMethod()->commit();
-    commitName();
+    commitFields();
     edit_.endVisit();
+}
+
+void PersonTableCellView::commitFields()
+{
+    commitName();
+    birth_->commit();
+    death_->commit();
+    commitNotes();
+    keepRefused();
+}
+
+void PersonTableCellView::keepRefused()
+{
+    surroundings_.refused.keep(person_, {birth_->refused(), death_->refused()});
+}
+
+void PersonTableCellView::showRefused()
+{
+    const RefusedDates refused = surroundings_.refused.of(person_);
+    if (refused.birth)
+        birth_->showRefused(*refused.birth);
+    if (refused.death)
+        death_->showRefused(*refused.death);
 }
 
 void PersonTableCellView::editName()
@@ -94,19 +267,29 @@ void PersonTableCellView::editName()
 
 QList<QWidget*> PersonTableCellView::fields() const
 {
-    return {name_};
+    return QList<QWidget*>{name_} + birth_->fields() + death_->fields() +
+           QList<QWidget*>{notesTextField_, picButton_, picRemoveButton_};
 }
 
-bool PersonTableCellView::eventFilter(QObject*, QEvent* event)
+bool PersonTableCellView::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::MouseButtonPress)
-        surroundings_.pressed();
+        pressed(*static_cast<QWidget*>(watched));
     return false;
 }
 
 /// Taken here, so that the table does not take it for a press on the row as well.
 void PersonTableCellView::mousePressEvent(QMouseEvent*)
 {
+    pressed(*this);
+}
+
+void PersonTableCellView::pressed(const QWidget& widget)
+{
+    for (DateField* const date : {birth_, death_}) {
+        if (!date->takesPress(widget))
+            date->closePicker();
+    }
     surroundings_.pressed();
 }
 
@@ -114,6 +297,7 @@ void PersonTableCellView::resizeEvent(QResizeEvent*)
 {
     // The fields stay as large as they will be while the row around them grows.
     editables_->setGeometry(0, 0, width(), expandedHeight - 1);
+    veil_->setGeometry(rect());
 }
 
 void PersonTableCellView::hideEvent(QHideEvent*)
@@ -121,19 +305,26 @@ void PersonTableCellView::hideEvent(QHideEvent*)
     commit();
 }
 
+QColor PersonTableCellView::ground() const
+{
+    return isExpanded_ ? colours::expandedGround() : colours::collapsedGround();
+}
+
 void PersonTableCellView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), isExpanded_ ? colours::expandedGround() : colours::collapsedGround());
+    painter.fillRect(rect(), ground());
     painter.fillRect(0, height() - 1, width(), 1, colours::rowEdge());
-    const Person* const person = edit_.person();
-    if (person && expansion_ < 1) {
-        painter.setOpacity(1 - expansion_);
-        PersonCell::paintCompact(painter, rect(), *person, surroundings_.thumbnails);
-        painter.setOpacity(1);
-    }
     if (isExpanded_ && surroundings_.isListFocused())
         painter.fillRect(0, 0, 3, height() - 1, colours::listFocus());
+}
+
+void PersonTableCellView::paintVeil(QPainter& painter) const
+{
+    painter.setOpacity(1 - expansion_);
+    painter.fillRect(rect().adjusted(0, 0, 0, -1), ground());
+    if (const Person* const person = edit_.person())
+        PersonCell::paintCompact(painter, rect(), *person, surroundings_.sources);
 }
 
 void PersonTableCellView::nameEnded(FieldEnd end)
@@ -144,22 +335,48 @@ void PersonTableCellView::nameEnded(FieldEnd end)
         return;
     }
     commitName();
+    fieldEnded(end);
+}
+
+void PersonTableCellView::notesEnded(FieldEnd end)
+{
+    if (end == FieldEnd::Escape && notesTextField_->isModified()) {
+        notesTextField_->giveUp();
+        refresh();
+        return;
+    }
+    commitNotes();
+    fieldEnded(end);
+}
+
+void PersonTableCellView::fieldEnded(FieldEnd end)
+{
     edit_.endVisit();
+    keepRefused();
     if (end != FieldEnd::Left)
         surroundings_.left();
 }
 
 void PersonTableCellView::commitName()
 {
-    const Person* const person = edit_.person();
-    if (!person || !name_->isModified())
+    if (!name_->isModified())
         return;
     const QString typed = name_->text();
     name_->settle();
-    if (typed == person->name().value_or(QString()))
+    const Person* const person = edit_.person();
+    if (person && typed != person->name().value_or(QString()))
+        edit_.change(text("Edit Name"), [&](Person& edited) { edited.setName(stored(typed)); });
+}
+
+void PersonTableCellView::commitNotes()
+{
+    if (!notesTextField_->isModified())
         return;
-    edit_.change(text("Edit Name"),
-                 [&](Person& edited) { edited.setName(typed.isEmpty() ? std::nullopt : std::optional(typed)); });
+    notesTextField_->settle();
+    const QString typed = notesTextField_->notes();
+    const Person* const person = edit_.person();
+    if (person && typed != person->additional().value_or(QString()))
+        edit_.change(text("Edit Notes"), [&](Person& edited) { edited.setAdditional(stored(typed)); });
 }
 
 } // namespace lineara

@@ -1,17 +1,21 @@
 #pragma once
 
 #include "field_line.h"
+#include "person_cell.h"
 #include "person_edit.h"
 
 #include <QWidget>
 
 #include <functional>
 
-class QGraphicsOpacityEffect;
+class QPushButton;
 
 namespace lineara {
 
-class Thumbnails;
+class DateField;
+class NotesField;
+class RefusedEntries;
+struct PartialDate;
 
 /// Height of a row that is open.
 inline constexpr int expandedHeight = 421;
@@ -19,11 +23,15 @@ inline constexpr int expandedHeight = 421;
 /// What an open row needs of the list around it.
 struct CellSurroundings
 {
-    Thumbnails& thumbnails;
+    CellSources sources;
+    RefusedEntries& refused;
+    std::function<void()> aboutToEdit;
     /// The cell was pressed somewhere.
     std::function<void()> pressed;
     /// A field was left by Return or Escape.
     std::function<void()> left;
+    std::function<void()> setPic;
+    std::function<void()> removePic;
     /// Whether the list itself has the keyboard.
     std::function<bool()> isListFocused;
 };
@@ -33,8 +41,7 @@ struct CellSurroundings
 class PersonTableCellView : public QWidget
 {
 public:
-    PersonTableCellView(ObjectContext& context, RecordId person, std::function<void()> aboutToEdit,
-                        CellSurroundings surroundings);
+    PersonTableCellView(ObjectContext& context, RecordId person, CellSurroundings surroundings);
     ~PersonTableCellView() override;
 
     /// Make it an editor, and a row like the others. The look follows by setExpansion().
@@ -60,14 +67,34 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void nameEnded(FieldEnd end);
-    void commitName();
+    class Veil;
 
+    void assemble();
+    DateField* makeDate(const QString& name, const QString& step, void (*store)(Person&, const PartialDate&));
+    void commitFields();
+    void commitName();
+    void commitNotes();
+    void nameEnded(FieldEnd end);
+    void notesEnded(FieldEnd end);
+    void fieldEnded(FieldEnd end);
+    void pressed(const QWidget& widget);
+    void keepRefused();
+    void showRefused();
+    QColor ground() const;
+    void paintVeil(QPainter& painter) const;
+    void showPicture(const Person& person);
+
+    RecordId person_;
     PersonEdit edit_;
     CellSurroundings surroundings_;
-    QWidget* editables_;
-    QGraphicsOpacityEffect* fade_;
+    QWidget* editables_; // everything but the look of a collapsed row
+    QWidget* veil_;      // covers the fields with that look as far as the row is not open
+    QPushButton* picButton_;
+    QPushButton* picRemoveButton_;
     FieldLine* name_;
+    DateField* birth_;
+    DateField* death_;
+    NotesField* notesTextField_;
     bool isExpanded_ = false;
     double expansion_ = 0;
 };

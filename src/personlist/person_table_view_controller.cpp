@@ -4,6 +4,7 @@
 #include "model/object_context.h"
 #include "open_row.h"
 #include "person_cell.h"
+#include "person_edit.h"
 #include "person_list_pane.h"
 #include "person_table_cell_view.h"
 #include "person_table_model.h"
@@ -11,9 +12,12 @@
 #include "platform/log.h"
 #include "platform/main_thread.h"
 #include "platform/notification_center.h"
+#include "refused_dates.h"
 #include "thumbnails.h"
 
-#include <QApplication>
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QImageReader>
 #include <QLineEdit>
 
 #include <algorithm>
@@ -21,7 +25,21 @@
 
 namespace lineara {
 
-PersonTableViewController::PersonTableViewController(Pool& pool) : pool_(pool)
+namespace {
+
+/// The files that a picture can be read from.
+QString pictureFilter()
+{
+    QStringList patterns;
+    for (const QByteArray& format : QImageReader::supportedImageFormats())
+        patterns << QStringLiteral("*.") + QString::fromLatin1(format);
+    return QCoreApplication::translate("PersonList", "Pictures (%1)").arg(patterns.join(QLatin1Char(' ')));
+}
+
+} // namespace
+
+PersonTableViewController::PersonTableViewController(Pool& pool)
+    : pool_(pool), refused_(std::make_unique<RefusedEntries>())
 {
     writeLog("Initializing Person List\n");
     thumbnails_ = std::make_unique<Thumbnails>(pool.context(), [this] { showLater(); });
@@ -36,7 +54,7 @@ PersonTableViewController::PersonTableViewController(Pool& pool) : pool_(pool)
     view_ = pane_;
     model_->setParent(pane_);
     table_ = &pane_->table();
-    table_->setItemDelegate(new PersonCell(*thumbnails_, pane_));
+    table_->setItemDelegate(new PersonCell({*thumbnails_, *refused_}, pane_));
     openRow_ = std::make_unique<OpenRow>(*table_, [this](RecordId person) { return makeCell(person); });
     pane_->setDisappeared([this] { commitEditing(); });
     table_->setFocusChanged([this] {
@@ -115,7 +133,8 @@ void PersonTableViewController::select(Person& person)
         return;
     const RecordId id = person.recordId();
     if (!model_->contains(id)) {
-        deselectAll();
+        selectRowOf(std::nullopt);
+        openRow_->close();
         return;
     }
     if (model_->rowOf(id) < 0)
@@ -184,10 +203,38 @@ void PersonTableViewController::setReducedMotion(bool reduced)
 
 PersonTableCellView* PersonTableViewController::makeCell(RecordId person)
 {
-    CellSurroundings surroundings{*thumbnails_, [this, person] { chosen(person); }, [this] { table_->setFocus(); },
+    CellSurroundings surroundings{{*thumbnails_, *refused_},
+                                  *refused_,
+                                  [this] { aboutToEdit_(); },
+                                  [this, person] { chosen(person); },
+                                  [this] { table_->setFocus(); },
+                                  [this, person] { setPic(person); },
+                                  [this, person] { removePic(person); },
                                   [this] { return table_->hasFocus(); }};
-    return new PersonTableCellView(
-        pool_.context(), person, [this] { aboutToEdit_(); }, std::move(surroundings));
+    return new PersonTableCellView(pool_.context(), person, std::move(surroundings));
+}
+
+/// The dialog does not block, so the family may change behind it.
+void PersonTableViewController::setPic(RecordId person)
+{
+    commitEditing();
+    auto* const dialog = new QFileDialog(view_, QCoreApplication::translate("PersonList", "Choose a Picture"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilters({pictureFilter(), QCoreApplication::translate("PersonList", "All files (*)")});
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog, [this, person](const QString& file) {
+        PersonEdit(pool_.context(), person, aboutToEdit_)
+            .change(QCoreApplication::translate("PersonList", "Set Picture"),
+                    [&](Person& shown) { shown.changePic(file); });
+    });
+    dialog->open();
+}
+
+void PersonTableViewController::removePic(RecordId person)
+{
+    commitEditing();
+    PersonEdit(pool_.context(), person, aboutToEdit_)
+        .change(QCoreApplication::translate("PersonList", "Remove Picture"), [](Person& shown) { shown.removePic(); });
 }
 
 void PersonTableViewController::observeChange(const Change& change)

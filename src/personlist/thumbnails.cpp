@@ -12,18 +12,19 @@ namespace {
 
 constexpr int mostThumbnails = 1000;
 
-} // namespace
-
-QPixmap squareOf(const QImage& picture, int side, double devicePixelRatio)
+/// The middle of the picture.
+QPixmap squareOf(const QImage& picture, double devicePixelRatio)
 {
     const int shorter = std::min(picture.width(), picture.height());
-    const int pixels = std::max(1, qRound(side * devicePixelRatio));
+    const int pixels = qRound(thumbnailSide * devicePixelRatio);
     const QImage square =
         picture.copy((picture.width() - shorter) / 2, (picture.height() - shorter) / 2, shorter, shorter);
     QPixmap scaled = QPixmap::fromImage(square.scaled(pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     scaled.setDevicePixelRatio(devicePixelRatio);
     return scaled;
 }
+
+} // namespace
 
 Thumbnails::Thumbnails(const ObjectContext& context, std::function<void()> made)
     : context_(context), made_(std::move(made)), thumbnails_(mostThumbnails)
@@ -32,17 +33,17 @@ Thumbnails::Thumbnails(const ObjectContext& context, std::function<void()> made)
     QObject::connect(&next_, &QTimer::timeout, &next_, [this] { makeNext(); });
 }
 
-std::optional<QPixmap> Thumbnails::of(const Person& person, int side, double devicePixelRatio)
+std::optional<QPixmap> Thumbnails::of(const Person& person, double devicePixelRatio)
 {
     const RecordId id = person.recordId();
     if (!person.pic())
-        return std::nullopt;
+        return QPixmap();
     if (const QPixmap* const made = thumbnails_.object(id.number)) {
         if (made->devicePixelRatio() == devicePixelRatio)
-            return made->isNull() ? std::nullopt : std::optional(*made);
+            return *made;
     }
     if (std::ranges::find(wanted_, id, &Wanted::person) == wanted_.end())
-        wanted_.push_back({id, side, devicePixelRatio});
+        wanted_.push_back({id, devicePixelRatio});
     next_.start();
     return std::nullopt;
 }
@@ -67,7 +68,7 @@ void Thumbnails::makeNext()
     const QImage& pixels = person->image()->pixels();
     auto made = std::make_unique<QPixmap>();
     if (!pixels.isNull())
-        *made = squareOf(pixels, wanted.side, wanted.devicePixelRatio);
+        *made = squareOf(pixels, wanted.devicePixelRatio);
     made->setDevicePixelRatio(wanted.devicePixelRatio);
     thumbnails_.insert(wanted.person.number, made.release());
     made_();

@@ -15,6 +15,9 @@ namespace lineara {
 class ObjectContext;
 class Person;
 
+/// Side of the thumbnails in points.
+inline constexpr int thumbnailSide = 66;
+
 /// Small square pictures of persons. They are made one by one between events, so that nothing waits for the pictures of
 /// rows that scroll by.
 class Thumbnails
@@ -23,8 +26,8 @@ public:
     /// `made` is called when a thumbnail that was asked for can be had.
     Thumbnails(const ObjectContext& context, std::function<void()> made);
 
-    /// No value while there is no thumbnail: not made yet, or no picture to make it of.
-    std::optional<QPixmap> of(const Person& person, int side, double devicePixelRatio);
+    /// No value while it is still to be made; null if there is no picture, or none that can be shown.
+    std::optional<QPixmap> of(const Person& person, double devicePixelRatio);
 
     /// The person's picture has changed.
     void forget(RecordId person);
@@ -33,7 +36,6 @@ private:
     struct Wanted
     {
         RecordId person;
-        int side;
         double devicePixelRatio;
     };
 
@@ -45,8 +47,5 @@ private:
     std::vector<Wanted> wanted_;
     QTimer next_;
 };
-
-/// The middle square of the picture, scaled to the side in device pixels.
-QPixmap squareOf(const QImage& picture, int side, double devicePixelRatio);
 
 } // namespace lineara

@@ -19,6 +19,7 @@ class PersonTableCellView;
 class PersonTableModel;
 class PersonTableView;
 class Pool;
+class RefusedEntries;
 class Thumbnails;
 
 /// The list of a family's persons, the oldest generation on top, with a search field above it. The selected row opens
@@ -75,12 +76,15 @@ private:
     void announce();
     void openSelected();
     void leave(RecordId person);
+    void setPic(RecordId person);
+    void removePic(RecordId person);
     void search(const QString& text);
     void choosePerson();
     std::optional<RecordId> shownSelection() const;
 
     Pool& pool_;
     std::unique_ptr<Thumbnails> thumbnails_;
+    std::unique_ptr<RefusedEntries> refused_;
     QPointer<QWidget> view_;
     // Parts of the view, which go with it.
     PersonListPane* pane_ = nullptr;

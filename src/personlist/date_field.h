@@ -1,0 +1,90 @@
+#pragma once
+
+#include "date_entry.h"
+#include "field_line.h"
+
+#include <QWidget>
+
+#include <array>
+#include <functional>
+
+class QCalendarWidget;
+class QDate;
+class QFrame;
+class QLabel;
+class QToolButton;
+
+namespace lineara {
+
+/// Day, month and year as three fields, with a button that opens a calendar. What can't be a date stays as it was
+/// typed, with a line below that says what is wrong.
+class DateField : public QWidget
+{
+public:
+    struct Reports
+    {
+        /// Another date was entered.
+        std::function<void(const PartialDate&)> changed;
+        /// The keyboard went elsewhere.
+        std::function<void()> left;
+        /// Return or Escape settled everything.
+        std::function<void()> done;
+    };
+
+    /// `name` is what the date is called, "Birth" for example.
+    DateField(const QString& name, Reports reports);
+
+    /// Shows a date, unless something else is being typed or was refused.
+    void showDate(const PartialDate& date);
+    /// Reports what was typed if it is a whole date, and shows what is wrong otherwise.
+    void commit();
+
+    /// What was typed and can't be a date, or no value.
+    std::optional<DateTexts> refused() const;
+    void showRefused(const DateTexts& texts);
+
+    /// Both do nothing while the calendar is as they would have it.
+    void openPicker();
+    void closePicker();
+    bool isPickerOpen() const;
+    /// Whether a press on the widget is the calendar's own, or the opener's, which closes it itself.
+    /// Whether a press on the widget leaves the calendar alone: on the calendar itself, and on the opener, which closes
+    /// it by itself.
+    bool takesPress(const QWidget& pressed) const;
+
+    QList<QWidget*> fields() const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    enum class Leaving
+    {
+        Field, ///< for another one of the same date
+        Date
+    };
+
+    void ended(FieldEnd end);
+    void read(Leaving leaving);
+    void report(const PartialDate& date);
+    void giveUp();
+    void makePicker();
+    bool isPart(const QWidget& widget) const;
+    void pick(const QDate& date);
+    void placePicker();
+    DateTexts texts() const;
+    void setTexts(const DateTexts& texts);
+    bool isModified() const;
+    void showMistake(const QString& mistake);
+
+    Reports reports_;
+    QString name_;
+    std::array<FieldLine*, 3> lines_; // day, month, year
+    QToolButton* opener_;
+    QLabel* mistake_;
+    QFrame* picker_ = nullptr; // made when first opened, with the calendar inside
+    QCalendarWidget* calendar_ = nullptr;
+    PartialDate shown_;
+};
+
+} // namespace lineara
