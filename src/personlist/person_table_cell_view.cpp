@@ -144,6 +144,8 @@ void PersonTableCellView::assemble()
     QFont nameFont;
     nameFont.setPixelSize(15);
     name_->setFont(nameFont);
+    birth_->setObjectName(QStringLiteral("birth"));
+    death_->setObjectName(QStringLiteral("death"));
     notesTextField_->setObjectName(QStringLiteral("notesTextField"));
     notesTextField_->setAccessibleName(text("Notes"));
     notesTextField_->setPlaceholderText(text("Notes"));
