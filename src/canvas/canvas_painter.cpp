@@ -11,7 +11,8 @@ namespace lineara {
 
 namespace {
 
-std::vector<std::uint32_t> paintLinks(QPainter& painter, const FamilyScene& scene, const QRectF& area, Detail detail)
+std::vector<std::uint32_t> paintLinksWell(QPainter& painter, const FamilyScene& scene, const QRectF& area,
+                                          Detail detail)
 {
     std::vector<std::uint32_t> drawn;
     const CanvasPoint corner = toCanvas(area.bottomLeft());
@@ -35,11 +36,27 @@ std::vector<std::uint32_t> paintLinksRoughly(QPainter& painter, const FamilyScen
     return drawn;
 }
 
-void paintCoarsely(QPainter& painter, const FamilyScene& scene, const QRectF& area)
+void paintLinksCoarsely(QPainter& painter, const FamilyScene& scene, const QRectF& area)
 {
     LinkRaster links(painter);
     scene.visitLinks(area, [&](const LinkLayer& link) { links.addAsLine(link); });
     links.paint();
+}
+
+std::vector<std::uint32_t> paintLinks(QPainter& painter, const FamilyScene& scene, const QRectF& area, Detail detail,
+                                      Motion motion)
+{
+    if (detail == Detail::Coarse) {
+        paintLinksCoarsely(painter, scene, area);
+        return {};
+    }
+    painter.setRenderHint(QPainter::Antialiasing, detail == Detail::Full);
+    return motion == Motion::Moving ? paintLinksRoughly(painter, scene, area)
+                                    : paintLinksWell(painter, scene, area, detail);
+}
+
+void paintNodesCoarsely(QPainter& painter, const FamilyScene& scene, const QRectF& area)
+{
     CoarseNodes nodes(painter);
     scene.visitNodes(area, [&](const LeafView& node) { nodes.add(node); });
     nodes.paint();
@@ -50,19 +67,28 @@ void paintCoarsely(QPainter& painter, const FamilyScene& scene, const QRectF& ar
 std::vector<std::uint32_t> CanvasPainter::paint(QPainter& painter, const FamilyScene& scene, const QRectF& area,
                                                 Detail detail, Motion motion)
 {
-    std::vector<std::uint32_t> drawn;
-    if (detail == Detail::Coarse) {
-        paintCoarsely(painter, scene, area);
-    } else {
-        painter.setRenderHint(QPainter::Antialiasing, detail == Detail::Full);
-        drawn = motion == Motion::Moving ? paintLinksRoughly(painter, scene, area)
-                                         : paintLinks(painter, scene, area, detail);
-        nodes_.beginPicture(painter, motion);
-        scene.visitNodes(area, [&](const LeafView& node) { nodes_.paint(painter, node, detail); });
+    std::vector<std::uint32_t> drawn = paintLinks(painter, scene, area, detail, motion);
+    const PersonLayerView& layer = scene.personLayer();
+    if (medium_ == NodePainter::Medium::Screen) {
+        if (layer.connection())
+            paintRubberBand(painter, *layer.connection());
+        paintMarksBelow(painter, layer.marks());
     }
-    if (const auto& band = scene.personLayer().connection())
-        paintRubberBand(painter, *band);
+    paintNodes(painter, scene, area, detail, motion);
+    if (medium_ == NodePainter::Medium::Screen)
+        paintMarksAbove(painter, layer.marks());
     return drawn;
+}
+
+void CanvasPainter::paintNodes(QPainter& painter, const FamilyScene& scene, const QRectF& area, Detail detail,
+                               Motion motion)
+{
+    if (detail == Detail::Coarse) {
+        paintNodesCoarsely(painter, scene, area);
+        return;
+    }
+    nodes_.beginPicture(painter, motion);
+    scene.visitNodes(area, [&](const LeafView& node) { nodes_.paint(painter, node, detail); });
 }
 
 } // namespace lineara

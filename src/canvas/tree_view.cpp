@@ -2,6 +2,7 @@
 
 #include "canvas/first_places.h"
 #include "canvas/placement.h"
+#include "canvas_gestures.h"
 #include "elements/random_source.h"
 
 #include <QPaintEvent>
@@ -15,7 +16,8 @@ namespace lineara {
 
 TreeView::TreeView(Pool& pool, QSize frame, RandomSource& random, QWidget* parent)
     : QAbstractScrollArea(parent), random_(random), firstFrame_(frame), scene_(pool),
-      glide_([this](const auto& moves) { nodesGlided(moves); }, [this] { setNeedsUpdateConstraints(); })
+      glide_([this](const auto& moves) { nodesGlided(moves); }, [this] { setNeedsUpdateConstraints(); }),
+      gestures_(std::make_unique<CanvasGestures>(*this))
 {
     const Journal::Pause pause(pool.context().journal());
     setUpViewport();
@@ -52,6 +54,7 @@ void TreeView::removeViewForPerson(Person& person)
     if (!scene_.shows(person))
         return;
     glide_.forget(*person.leafView());
+    gestures_->forget(*person.leafView());
     scene_.removePerson(person);
     contentChanged();
 }
@@ -177,6 +180,8 @@ void TreeView::follow(const Change& change)
     } else if (const auto* const removed = std::get_if<RecordRemoved>(&change)) {
         if (removed->record.entity() == Entity::Person)
             forgetPerson(static_cast<Person&>(removed->record));
+    } else if (std::holds_alternative<Replayed>(change)) {
+        gestures_->replayed();
     }
 }
 
@@ -241,7 +246,7 @@ void TreeView::paintEvent(QPaintEvent* event)
     painter.fillRect(event->rect(), Qt::white);
     painter.setTransform(view_.pictureToView());
     const QRectF area = toPicture(view_.visible());
-    const Motion motion = rest_.isActive() ? Motion::Moving : Motion::Still;
+    const Motion motion = moves() ? Motion::Moving : Motion::Still;
     const Detail detail = detailAt(view_.zoom(), scene_.countNodes(area), motion);
     scene_.keepPathsOf(painter_.paint(painter, scene_, area, detail, motion));
 }

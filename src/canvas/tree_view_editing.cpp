@@ -2,6 +2,7 @@
 
 #include "canvas/placement.h"
 #include "canvas/tree_view.h"
+#include "canvas_gestures.h"
 #include "elements/notifications.h"
 #include "platform/notification_center.h"
 
@@ -37,6 +38,8 @@ bool TreeView::connect(Person& from, Person& to, const QString& type)
 void TreeView::focus(Person& person)
 {
     person.leafView()->focus();
+    if (scene_.shows(person))
+        gestures_->focusOn(*person.leafView());
     viewport()->update();
 }
 

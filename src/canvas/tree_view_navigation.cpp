@@ -2,12 +2,11 @@
 
 #include "canvas/family_picture.h"
 #include "canvas/tree_view.h"
+#include "canvas_gestures.h"
 #include "node_hint.h"
 
 #include <QGestureEvent>
 #include <QHelpEvent>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -67,6 +66,7 @@ void TreeView::setUpViewport()
 {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
+    viewport()->setMouseTracking(true);
     // The canvas is white in every theme, and paints every pixel itself.
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setAutoFillBackground(false);
@@ -114,6 +114,10 @@ void TreeView::reveal(const Person& person)
 {
     if (!scene_.shows(person))
         return;
+    if (gestures_->isHolding()) {
+        gestures_->revealAfterwards(person.recordId());
+        return;
+    }
     layOutContent();
     view_.reveal(person.leafView()->frame());
     viewMoved();
@@ -123,6 +127,17 @@ void TreeView::scrollTo(double left, double bottom)
 {
     view_.setPlace(left, bottom);
     viewMoved();
+}
+
+/// A family that fits into the view stays where it is.
+void TreeView::scrollBy(QPointF pixels)
+{
+    const auto moved = [](double place, double distance, double end) {
+        return std::clamp(place + distance, std::min(place, 0.0), std::max(place, end));
+    };
+    view_.setPlace(moved(view_.left(), pixels.x(), view_.leftRange().to),
+                   moved(view_.bottom(), -pixels.y(), view_.bottomRange().to));
+    movedByHand(true);
 }
 
 void TreeView::zoomTo(double zoom, QPointF anchor)
@@ -162,6 +177,12 @@ void TreeView::fit()
 }
 
 void TreeView::viewMoved()
+{
+    showMovedView();
+    gestures_->viewMoved();
+}
+
+void TreeView::showMovedView()
 {
     updateScrollBars();
     viewport()->update();
@@ -205,6 +226,12 @@ bool TreeView::viewportEvent(QEvent* event)
         return movedByHand(navigation_.gesture(static_cast<QGestureEvent&>(*event)));
     case QEvent::NativeGesture:
         return movedByHand(navigation_.nativeGesture(static_cast<const QNativeGestureEvent&>(*event)));
+    case QEvent::Leave:
+        gestures_->leave();
+        return QAbstractScrollArea::viewportEvent(event);
+    case QEvent::UngrabMouse:
+        gestures_->cancel();
+        return QAbstractScrollArea::viewportEvent(event);
     default:
         return QAbstractScrollArea::viewportEvent(event);
     }
@@ -214,7 +241,8 @@ bool TreeView::movedByHand(bool moved)
 {
     if (moved) {
         rest_.start(restMilliseconds, this);
-        viewMoved();
+        showMovedView();
+        gestures_->scrolledByHand();
     }
     return moved;
 }
@@ -232,49 +260,6 @@ void TreeView::timerEvent(QTimerEvent* event)
 void TreeView::wheelEvent(QWheelEvent* event)
 {
     event->setAccepted(movedByHand(navigation_.wheel(*event)));
-}
-
-void TreeView::mousePressEvent(QMouseEvent* event)
-{
-    heldCanvas_ = view_.canvas();
-    event->setAccepted(navigation_.press(*event));
-    updateCursor();
-}
-
-void TreeView::mouseMoveEvent(QMouseEvent* event)
-{
-    event->setAccepted(movedByHand(navigation_.move(*event)));
-}
-
-void TreeView::mouseReleaseEvent(QMouseEvent* event)
-{
-    event->setAccepted(navigation_.release(*event));
-    if (event->buttons() == Qt::NoButton) {
-        heldCanvas_ = {0, 0};
-        layOutContent();
-    }
-    updateCursor();
-}
-
-void TreeView::keyPressEvent(QKeyEvent* event)
-{
-    if (!navigation_.key(*event))
-        QAbstractScrollArea::keyPressEvent(event);
-    updateCursor();
-}
-
-void TreeView::keyReleaseEvent(QKeyEvent* event)
-{
-    if (!navigation_.key(*event))
-        QAbstractScrollArea::keyReleaseEvent(event);
-    updateCursor();
-}
-
-void TreeView::focusOutEvent(QFocusEvent* event)
-{
-    navigation_.letGo();
-    updateCursor();
-    QAbstractScrollArea::focusOutEvent(event);
 }
 
 void TreeView::updateCursor()

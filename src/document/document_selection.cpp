@@ -49,7 +49,7 @@ bool Document::deselectAll()
     if (list_)
         list_->deselectAll();
     if (TreeView* const canvas = treeView())
-        canvas->deselectLink();
+        canvas->clearFirstResponder();
     return true;
 }
 

@@ -1,6 +1,9 @@
 #include "elements/branch_layer_view.h"
 
+#include "elements/element_host.h"
+#include "elements/notifications.h"
 #include "model/object_context.h"
+#include "platform/notification_center.h"
 
 #include <algorithm>
 #include <array>
@@ -76,6 +79,13 @@ LinkLayer* existingLayer(const ObjectContext& context, const LinkRecord& record,
         return layer->isPartnerLink() == isPartner && joins(*layer, source, target);
     });
     return found != candidates.end() ? *found : nullptr;
+}
+
+std::optional<LinkSelectionNotification::Link> selectionOf(const LinkLayer* layer)
+{
+    if (!layer || !layer->source() || !layer->target())
+        return std::nullopt;
+    return LinkSelectionNotification::Link{layer->source()->recordId(), layer->target()->recordId(), layer->linkType()};
 }
 
 } // namespace
@@ -209,6 +219,16 @@ void BranchLayerView::deselectSelected()
     if (selectedLink_)
         selectedLink_->isSelected_ = false;
     selectedLink_ = nullptr;
+}
+
+void BranchLayerView::mouseDown(CanvasPoint point, ElementHost& host)
+{
+    deselectSelected();
+    if (LinkLayer* const pressed = hit(point)) {
+        host.makeFirstResponder(*this);
+        select(*pressed);
+    }
+    NotificationCenter::defaultCenter().enqueue(LinkSelectionNotification{&host.pool(), selectionOf(selectedLink_)});
 }
 
 LinkLayer* BranchLayerView::hit(CanvasPoint point) const

@@ -1,9 +1,12 @@
 #include "elements/connector_view.h"
 
 #include "elements/colours.h"
+#include "elements/element_host.h"
 #include "elements/leaf_view.h"
 #include "elements/node_layout.h"
+#include "elements/notifications.h"
 #include "model/pool.h"
+#include "platform/notification_center.h"
 
 namespace lineara {
 
@@ -40,6 +43,19 @@ QColor ConnectorView::fillColor() const
 QColor ConnectorView::circleFill() const
 {
     return highlighted_ ? colours::handleHover() : fillColor();
+}
+
+void ConnectorView::mouseDragged(ElementHost& host)
+{
+    highlighted_ = true;
+    host.autoscroll();
+    NotificationCenter::defaultCenter().post(connectionDragNotification{&host.pool(), type_, this});
+}
+
+void ConnectorView::mouseUp(ElementHost& host)
+{
+    highlighted_ = false;
+    NotificationCenter::defaultCenter().post(connectionEndNotification{&host.pool(), type_, this});
 }
 
 QString ConnectorView::toolTip() const

@@ -18,6 +18,10 @@ void PersonLayerView::removeNode(LeafView& node)
 {
     if (!contains(node))
         return;
+    if (marks_.focused == &node)
+        marks_.focused = nullptr;
+    if (marks_.linkTarget && marks_.linkTarget->node == &node)
+        marks_.linkTarget.reset();
     nodes_.erase(nodes_.begin() + node.index_);
     for (std::size_t index = node.index_; index < nodes_.size(); ++index)
         nodes_[index]->index_ = static_cast<std::uint32_t>(index);

@@ -2,8 +2,11 @@
 
 #include "elements/colours.h"
 #include "elements/family.h"
+#include "elements/recording_host.h"
 
 #include <gmock/gmock.h>
+
+#include <QCoreApplication>
 
 namespace lineara {
 namespace {
@@ -255,6 +258,71 @@ TEST_F(BranchLayerViewTest, TopmostOfTwoShapesIsHit)
     EXPECT_EQ(view.hit({150, 190}), &above);
     EXPECT_EQ(view.hit({150 - 6, 190}), nullptr);
     EXPECT_EQ(view.hit({900, 900}), nullptr);
+}
+
+class LinkPicking : public BranchLayerViewTest
+{
+protected:
+    LinkPicking()
+    {
+        ann.addChild(cleo);
+        family.pool.process();
+        view = std::make_unique<BranchLayerView>(family.pool);
+        view->layers().front()->layoutSublayers();
+    }
+
+    void press(CanvasPoint point)
+    {
+        host.log.clear();
+        view->mouseDown(point, host);
+    }
+
+    std::unique_ptr<BranchLayerView> view;
+    tests::RecordingHost host{family.pool};
+    const CanvasPoint onLink{150, 190};
+};
+
+TEST_F(LinkPicking, SelectsBetweenTheEdgesOfARibbonAndNotBesideIt)
+{
+    press(onLink);
+    EXPECT_EQ(view->selectedLink(), view->layers().front().get());
+    EXPECT_THAT(host.log, ElementsAre("layer is first responder"));
+    QCoreApplication::processEvents();
+    EXPECT_THAT(host.log, ElementsAre("layer is first responder", "LinkSelection offspring"));
+    EXPECT_EQ(host.family, &family.pool);
+
+    press({onLink.x - 6, onLink.y});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view->selectedLink(), nullptr);
+    EXPECT_THAT(host.log, ElementsAre("LinkSelection none"));
+    EXPECT_EQ(host.family, &family.pool);
+}
+
+TEST_F(LinkPicking, OnlyTheLaterAddedOfTwoOverlappingShapesTurnsBlue)
+{
+    LinkLayer& above = view->addLink({ann.recordId(), cleo.recordId()}, u"offspring"_qs);
+    press(onLink);
+    EXPECT_EQ(view->selectedLink(), &above);
+    EXPECT_FALSE(view->layers().front()->isSelected());
+}
+
+TEST_F(LinkPicking, EmptySpaceRestoresTheColour)
+{
+    press(onLink);
+    LinkLayer& link = *view->selectedLink();
+    press({900, 900});
+    EXPECT_EQ(link.strokeColor(), colours::offspringStroke());
+}
+
+TEST_F(LinkPicking, ResigningDeselectsInSilence)
+{
+    press(onLink);
+    QCoreApplication::processEvents();
+    host.log.clear();
+    view->resignFirstResponder();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view->selectedLink(), nullptr);
+    EXPECT_THAT(host.log, IsEmpty());
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "elements/colours.h"
 #include "elements/family.h"
+#include "elements/recording_host.h"
 
 #include <gmock/gmock.h>
 
@@ -40,9 +41,9 @@ TEST_F(ConnectorViewTest, HighlightIsOrangeAndPasses)
 {
     ConnectorView& handle = node.partnerHandle();
     EXPECT_EQ(handle.circleFill(), handle.fillColor());
-    handle.setHighlighted(true);
+    handle.mouseEntered();
     EXPECT_EQ(handle.circleFill(), QColor::fromRgbF(1.0f, 0.5f, 0.0f, 1.0f));
-    handle.setHighlighted(false);
+    handle.mouseExited();
     EXPECT_EQ(handle.circleFill(), colours::partnerFill());
 }
 
@@ -62,6 +63,30 @@ TEST_F(ConnectorViewTest, CircleIsInsetByOnePoint)
     EXPECT_EQ(node.childHandle().circle(), (Frame{frame.x + 1, frame.y + 1, frame.width - 2, frame.height - 2}));
     EXPECT_EQ(ConnectorView::lineWidth(), 1.0);
     EXPECT_EQ(colours::handleOutline(), QColor::fromRgbF(0.8f, 0.8f, 0.8f, 0.8f));
+}
+
+TEST_F(ConnectorViewTest, EveryDragEventIsOrangeAndAnnouncedAfterScrolling)
+{
+    tests::RecordingHost host(family.pool);
+    ConnectorView& handle = node.partnerHandle();
+    handle.mouseDragged(host);
+    handle.mouseDragged(host);
+    EXPECT_THAT(host.log,
+                testing::ElementsAre("autoscroll", "connectionDrag partner", "autoscroll", "connectionDrag partner"));
+    EXPECT_EQ(host.handle, &handle);
+    EXPECT_EQ(host.family, &family.pool);
+    EXPECT_EQ(handle.circleFill(), colours::handleHover());
+}
+
+TEST_F(ConnectorViewTest, ReleaseIsAnnouncedAndNormalEvenWithoutADrag)
+{
+    tests::RecordingHost host(family.pool);
+    ConnectorView& handle = node.childHandle();
+    handle.mouseEntered();
+    handle.mouseUp(host);
+    EXPECT_THAT(host.log, testing::ElementsAre("connectionEnd offspring"));
+    EXPECT_EQ(host.handle, &handle);
+    EXPECT_EQ(handle.circleFill(), handle.fillColor());
 }
 
 } // namespace

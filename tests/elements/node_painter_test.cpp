@@ -73,7 +73,7 @@ TEST_F(NodePainterTest, PartsAreWhereTheNodeSays)
 
 TEST_F(NodePainterTest, HoveredHandleIsOrange)
 {
-    node.childHandle().setHighlighted(true);
+    node.childHandle().mouseEntered();
     for (NodePainter* painter : {&screen, &document}) {
         const QImage image = painted(*painter);
         EXPECT_EQ(at(image, node.childHandle().frame().centre()), colours::handleHover().rgba());

@@ -86,5 +86,15 @@ TEST_F(PersonLayerViewTest, RubberBandIsDashedEveryTwentyPoints)
     EXPECT_NE(image.pixelColor(16, 10), white);
 }
 
+TEST_F(PersonLayerViewTest, MarksEndWithTheirNode)
+{
+    layer.addNode(ann);
+    layer.markFocused(&ann);
+    layer.markLinkTarget(LinkTarget{&ann, u"partner"_qs, true});
+    layer.removeNode(ann);
+    EXPECT_EQ(layer.marks().focused, nullptr);
+    EXPECT_FALSE(layer.marks().linkTarget);
+}
+
 } // namespace
 } // namespace lineara

@@ -14,12 +14,13 @@ namespace lineara {
 
 class FamilyScene;
 
-/// Draws what a family shows in an area: links, above them the nodes, above all the rubber band. Screen, files and
-/// printers all draw through it.
+/// Draws what a family shows in an area: links, above them the rubber band, above all the nodes. Screen, files and
+/// printers all draw through it; what only a gesture shows is left out of files and prints.
 class CanvasPainter
 {
 public:
-    explicit CanvasPainter(NodePainter::Medium medium = NodePainter::Medium::Screen) : nodes_(medium) {}
+    explicit CanvasPainter(NodePainter::Medium medium = NodePainter::Medium::Screen) : medium_(medium), nodes_(medium)
+    {}
 
     /// `painter` stands in picture coordinates and `area` is given in them. Smooth edges of links are most of what a
     /// picture costs: while it moves on at once they are left out. Returns the indices of the links drawn by their
@@ -28,6 +29,9 @@ public:
                                      Motion motion = Motion::Still);
 
 private:
+    void paintNodes(QPainter& painter, const FamilyScene& scene, const QRectF& area, Detail detail, Motion motion);
+
+    NodePainter::Medium medium_;
     NodePainter nodes_;
 };
 

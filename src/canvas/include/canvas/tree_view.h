@@ -11,6 +11,7 @@
 #include <QBasicTimer>
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <unordered_set>
 #include <vector>
@@ -18,6 +19,9 @@
 class QHelpEvent;
 
 namespace lineara {
+
+class CanvasGestures;
+enum class WalkDirection : std::uint8_t;
 
 /// The canvas on which a family is drawn: every person a node in the row of its generation, every link a shape beneath
 /// the nodes. Follows the records by itself; what the document has to call is said at each operation.
@@ -67,11 +71,20 @@ public:
     /// refuse.
     bool connect(Person& from, Person& to, const QString& type);
 
-    /// Shows and clears the selected look of a person's node.
+    /// Shows and clears the selected look of a person's node. Arrow keys walk on from the person last focused.
     void focus(Person& person);
     void unfocus(Person& person);
     /// Clears the selected look of a link.
     void deselectLink();
+
+    /// The node that is first responder of the canvas, or nullptr: the one last clicked or walked to. It has a ring
+    /// while the canvas has the keyboard focus.
+    LeafView* firstResponderNode() const;
+    /// Nothing on the canvas is first responder any more. Takes the keyboard focus from nobody.
+    void clearFirstResponder();
+
+    /// To be called after a node was moved by other means than its person's x.
+    void nodeMoved(const LeafView& node);
 
     /// Requests a constraint pass as soon as the current event has been handled.
     void setNeedsUpdateConstraints();
@@ -88,9 +101,11 @@ public:
     /// Between points of the canvas and pixels of the viewport.
     QPointF toViewport(CanvasPoint point) const { return view_.toView(point); }
     CanvasPoint toCanvas(QPointF pixel) const { return view_.toCanvas(pixel); }
-    /// Scrolls until the person's node is in view.
+    /// Scrolls until the person's node is in view; while a pointer is down, once that has been let go.
     void reveal(const Person& person);
     void scrollTo(double left, double bottom);
+    /// By pixels, right and down, as far as the canvas reaches.
+    void scrollBy(QPointF pixels);
     void zoomTo(double zoom, QPointF anchor);
 
     /// What lies topmost at a point.
@@ -105,8 +120,11 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void zoomChanged(double zoom);
+    /// The name of the person who was walked to is to be put into editing.
+    void editNameRequested();
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
@@ -115,8 +133,10 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 
@@ -143,7 +163,11 @@ private:
     void showStartPlace();
     void zoomBy(double factor);
     void viewMoved();
+    void showMovedView();
     bool movedByHand(bool moved);
+    bool moves() const;
+    bool pressKey(const QKeyEvent& event);
+    bool walk(WalkDirection direction);
     void updateScrollBars();
     void updateCursor();
     void showToolTip(const QHelpEvent& event);
@@ -166,6 +190,7 @@ private:
     bool reducedMotion_ = false;
     bool startPlaceOpen_ = true; // until the first picture the view keeps looking for a place to start at
     bool updatingScrollBars_ = false;
+    std::unique_ptr<CanvasGestures> gestures_;
 };
 
 } // namespace lineara

@@ -13,6 +13,7 @@
 
 namespace lineara {
 
+class ElementHost;
 class Person;
 
 /// The layer of link shapes, beneath the nodes. Owns the shapes, lists each in both of its persons' `linkLayers`, and
@@ -49,6 +50,12 @@ public:
     LinkLayer* selectedLink() const { return selectedLink_; }
     void select(LinkLayer& layer);
     void deselectSelected();
+
+    /// A press beside all nodes: selects the link under the pointer, if there is one, and announces what is selected
+    /// now.
+    void mouseDown(CanvasPoint point, ElementHost& host);
+    /// A link stays selected only for as long as the layer is first responder.
+    void resignFirstResponder() { deselectSelected(); }
 
     /// The topmost shape whose filled outline holds the point, or nullptr.
     LinkLayer* hit(CanvasPoint point) const;

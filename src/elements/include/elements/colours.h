@@ -54,6 +54,17 @@ inline QColor handleOutline()
     return detail::white(0.8f, 0.8f);
 }
 
+// Marks on nodes.
+inline constexpr float haloOpacity = 0.45f;
+inline QColor refusalVeil()
+{
+    return detail::white(1.0f, 0.68f);
+}
+inline QColor focusRing()
+{
+    return detail::rgb(0.2f, 0.2f, 0.3f, 0.9f);
+}
+
 // The panel. Its texts are dark whatever the desktop's theme, because the panel is light in every theme.
 inline QColor panelBackground()
 {

@@ -7,6 +7,7 @@
 
 namespace lineara {
 
+class ElementHost;
 class LeafView;
 class Person;
 
@@ -34,7 +35,12 @@ public:
     static double lineWidth() { return 1.0; }
 
     bool isHighlighted() const { return highlighted_; }
-    void setHighlighted(bool highlighted) { highlighted_ = highlighted; }
+    void mouseEntered() { highlighted_ = true; }
+    void mouseExited() { highlighted_ = false; }
+    // A press does nothing, and never reaches the node.
+    void mouseDragged(ElementHost& host);
+    /// Announced at every release, dragged or not.
+    void mouseUp(ElementHost& host);
 
     /// Tells what dragging the handle does.
     QString toolTip() const;

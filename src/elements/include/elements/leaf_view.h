@@ -11,6 +11,7 @@
 
 namespace lineara {
 
+class ElementHost;
 class Person;
 class RandomSource;
 
@@ -71,6 +72,24 @@ public:
     void focus() { infoView_.focus(); }
     void unfocus() { infoView_.unfocus(); }
 
+    // The left button on the node, but for its handles, which keep what happens on them to themselves. Points are where
+    // the pointer is on the canvas. There is one pointer, so the last point and whether a node is being dragged are
+    // shared by all nodes.
+
+    /// `hit` is the part under the pointer: a press on the node's own background begins no drag.
+    void mouseDown(CanvasPoint point, std::optional<NodePart> hit);
+    /// Moves the person sideways, and up or down as long as it has no links. The sum of place and movement is cut to
+    /// whole points at every event.
+    void mouseDragged(CanvasPoint point, ElementHost& host);
+    /// Every release that ends a drag is a click, moved or not.
+    void mouseUp(ElementHost& host);
+
+    static bool isDragging();
+    /// Ends a drag without what a release leads to.
+    static void stopDragging();
+    /// The canvas has moved beneath a pointer that rests: it is here now, and has not dragged anything.
+    static void setLastDragPoint(CanvasPoint point);
+
     /// One pass over the node's own constraints adds a pair "at least 10 wide, at least 10 high"; earlier pairs stay.
     void updateConstraints() { ++minimumSizePairs_; }
     std::uint32_t minimumSizePairs() const { return minimumSizePairs_; }
@@ -80,6 +99,9 @@ public:
 
 private:
     friend class PersonLayerView;
+
+    void pull(double rise, ElementHost& host);
+    void moveSideways(double distance, ElementHost& host);
 
     Person* person_;
     std::optional<PlacementConstraint> xConstraint_;

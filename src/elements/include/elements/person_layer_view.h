@@ -2,6 +2,7 @@
 
 #include "elements/geometry.h"
 #include "elements/leaf_view.h"
+#include "elements/node_marks.h"
 
 #include <QColor>
 #include <QString>
@@ -52,10 +53,16 @@ public:
     void clearConnection() { connection_.reset(); }
     const std::optional<RubberBand>& connection() const { return connection_; }
 
+    /// Marks of a node end when it leaves the layer.
+    void markFocused(const LeafView* node) { marks_.focused = node; }
+    void markLinkTarget(std::optional<LinkTarget> target) { marks_.linkTarget = std::move(target); }
+    const NodeMarks& marks() const { return marks_; }
+
 private:
     Pool* pool_;
     std::vector<LeafView*> nodes_;
     std::optional<RubberBand> connection_;
+    NodeMarks marks_;
 };
 
 } // namespace lineara

@@ -1,0 +1,266 @@
+#include "canvas_gestures.h"
+
+#include "canvas/tree_view.h"
+#include "platform/notification_center.h"
+
+#include <cmath>
+#include <utility>
+
+namespace lineara {
+
+namespace {
+
+/// The handle that was hit, or nullptr.
+ConnectorView* handleOf(const CanvasHit& found)
+{
+    if (found.node && found.part == NodePart::PartnerHandle)
+        return &found.node->partnerHandle();
+    if (found.node && found.part == NodePart::ChildHandle)
+        return &found.node->childHandle();
+    return nullptr;
+}
+
+} // namespace
+
+CanvasGestures::CanvasGestures(TreeView& canvas)
+    : canvas_(canvas), responder_(canvas.branchLayer()), node_(canvas), link_(canvas),
+      autoscroll_([this](QPointF pixels) { canvas_.scrollBy(pixels); })
+{
+    auto& center = NotificationCenter::defaultCenter();
+    drags_ = center.observe<connectionDragNotification>([this](const connectionDragNotification& drag) {
+        if (drag.family == &pool())
+            link_.connectionDrag(drag, pointer_.value_or(QPointF()));
+    });
+    ends_ = center.observe<connectionEndNotification>([this](const connectionEndNotification& end) {
+        if (end.family == &pool())
+            link_.connectionEnd(end, pointer_.value_or(QPointF()));
+    });
+}
+
+CanvasGestures::~CanvasGestures()
+{
+    if (held_ == Held::Node)
+        node_.drop();
+}
+
+void CanvasGestures::press(QPointF pixel)
+{
+    cancel();
+    pointer_ = pixel;
+    held_ = Held::Elsewhere;
+    pressOn(canvas_.hit(canvas_.toCanvas(pixel)));
+    canvas_.viewport()->update();
+}
+
+void CanvasGestures::pressOn(const CanvasHit& found)
+{
+    if (!found.node) {
+        canvas_.branchLayer().mouseDown(canvas_.toCanvas(*pointer_), *this);
+    } else if (ConnectorView* const handle = handleOf(found)) {
+        hover_.moveTo(handle);
+        handle_ = handle;
+        held_ = Held::Handle;
+    } else {
+        found.node->mouseDown(dragPoint(), found.part);
+        if (found.part) {
+            node_.press(*found.node);
+            held_ = Held::Node;
+        }
+    }
+}
+
+void CanvasGestures::move(QPointF pixel, Qt::MouseButtons buttons)
+{
+    pointer_ = pixel;
+    if (!(buttons & Qt::LeftButton))
+        cancel(); // the release was lost
+    if (buttons == Qt::NoButton)
+        hover();
+    else
+        drag();
+}
+
+void CanvasGestures::drag()
+{
+    if (held_ != Held::Node && held_ != Held::Handle)
+        return;
+    if (!std::exchange(isDragging_, true) && held_ == Held::Node)
+        canvas_.settle();
+    if (held_ == Held::Node)
+        node_.drag(dragPoint(), *this);
+    else
+        handle_->mouseDragged(*this);
+    canvas_.viewport()->update();
+}
+
+void CanvasGestures::release(QPointF pixel)
+{
+    pointer_ = pixel;
+    const Held held = held_;
+    letGo();
+    if (held == Held::Node)
+        node_.release(*this);
+    else if (held == Held::Handle)
+        std::exchange(handle_, nullptr)->mouseUp(*this);
+    endReveal();
+}
+
+bool CanvasGestures::cancel()
+{
+    if (held_ == Held::Nothing)
+        return false;
+    const Held held = held_;
+    letGo();
+    if (held == Held::Node)
+        node_.cancel();
+    if (held == Held::Handle) {
+        std::exchange(handle_, nullptr)->mouseExited();
+        link_.clear();
+    }
+    endReveal();
+    return held == Held::Node || held == Held::Handle;
+}
+
+void CanvasGestures::letGo()
+{
+    held_ = Held::Nothing;
+    isDragging_ = false;
+    autoscroll_.stop();
+    canvas_.viewport()->update();
+}
+
+void CanvasGestures::endReveal()
+{
+    const auto person = std::exchange(toReveal_, std::nullopt);
+    if (const Person* const found = person ? pool().context().person(*person) : nullptr)
+        canvas_.reveal(*found);
+}
+
+void CanvasGestures::hover()
+{
+    const CanvasHit found = pointer_ ? canvas_.hit(canvas_.toCanvas(*pointer_)) : CanvasHit{};
+    if (hover_.moveTo(handleOf(found)))
+        canvas_.viewport()->update();
+}
+
+void CanvasGestures::leave()
+{
+    if (isHolding())
+        return;
+    pointer_.reset();
+    hover();
+}
+
+void CanvasGestures::scrolledByHand()
+{
+    if (isDragging_)
+        drag();
+    else if (!isHolding())
+        hover();
+}
+
+void CanvasGestures::viewMoved()
+{
+    if (held_ == Held::Node)
+        LeafView::setLastDragPoint(dragPoint());
+    else
+        scrolledByHand();
+}
+
+void CanvasGestures::forget(const LeafView& node)
+{
+    if (responder_.node() == &node)
+        responder_.becomeNobody();
+    hover_.forget(node);
+    link_.forget(node);
+    if (held_ == Held::Node && node_.node() == &node) {
+        letGo();
+        node_.drop();
+    } else if (held_ == Held::Handle && &handle_->node() == &node) {
+        letGo();
+        handle_ = nullptr;
+        link_.clear();
+    }
+}
+
+void CanvasGestures::replayed()
+{
+    if (held_ != Held::Node)
+        return;
+    letGo();
+    node_.drop();
+}
+
+/// Where the canvas is scaled, one pixel is not one point: without rounding, the fractions that a node drops at every
+/// event would add up.
+CanvasPoint CanvasGestures::dragPoint() const
+{
+    const CanvasPoint point = canvas_.toCanvas(*pointer_);
+    if (canvas_.zoom() == 1)
+        return point;
+    return {std::round(point.x), std::round(point.y)};
+}
+
+const Pool& CanvasGestures::pool() const
+{
+    return canvas_.pool();
+}
+
+void CanvasGestures::makeFirstResponder(LeafView& node)
+{
+    canvas_.setFocus();
+    focusOn(node);
+}
+
+void CanvasGestures::focusOn(LeafView& node)
+{
+    responder_.become(node);
+    focusChanged();
+}
+
+void CanvasGestures::makeFirstResponder(BranchLayerView&)
+{
+    responder_.becomeBranchLayer();
+    canvas_.setFocus();
+    focusChanged();
+}
+
+void CanvasGestures::clearFirstResponder()
+{
+    responder_.becomeNobody();
+    focusChanged();
+}
+
+void CanvasGestures::focusChanged()
+{
+    canvas_.personLayer().markFocused(canvas_.hasFocus() ? responder_.node() : nullptr);
+    canvas_.viewport()->update();
+}
+
+void CanvasGestures::resignFocus()
+{
+    if (responder_.isBranchLayer())
+        responder_.becomeNobody();
+}
+
+void CanvasGestures::willMove(LeafView&)
+{
+    node_.ensureStep();
+}
+
+void CanvasGestures::wasPulled(LeafView& node)
+{
+    canvas_.nodeMoved(node);
+}
+
+void CanvasGestures::setNeedsUpdateConstraints()
+{
+    canvas_.setNeedsUpdateConstraints();
+}
+
+void CanvasGestures::autoscroll()
+{
+    autoscroll_.follow(*pointer_, canvas_.viewport()->size());
+}
+
+} // namespace lineara

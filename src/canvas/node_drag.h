@@ -1,0 +1,43 @@
+#pragma once
+
+#include "elements/geometry.h"
+#include "model/journal.h"
+
+#include <optional>
+
+namespace lineara {
+
+class ElementHost;
+class LeafView;
+class TreeView;
+
+/// A node between press and release: gives its movement a step of the history, and can take all of it back.
+class NodeDrag
+{
+public:
+    explicit NodeDrag(TreeView& canvas) : canvas_(canvas) {}
+
+    void press(LeafView& node);
+    void drag(CanvasPoint point, ElementHost& host);
+    void release(ElementHost& host);
+    /// As if the node had never been pressed.
+    void cancel();
+    /// The drag is over without a release, and what it has changed stays.
+    void drop();
+
+    /// The pressed node, or nullptr.
+    LeafView* node() const { return node_; }
+
+    /// To be called ahead of each change of the person's x.
+    void ensureStep();
+
+private:
+    bool hasNewestStep() const;
+
+    TreeView& canvas_;
+    LeafView* node_ = nullptr;
+    std::optional<StepId> step_;
+    double heightBefore_ = 0; // vertical constant
+};
+
+} // namespace lineara

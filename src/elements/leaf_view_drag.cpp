@@ -1,0 +1,107 @@
+// How a node takes the left button.
+
+#include "elements/element_host.h"
+#include "elements/leaf_view.h"
+#include "elements/notifications.h"
+#include "model/person.h"
+#include "platform/notification_center.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace lineara {
+
+namespace {
+
+struct NodeDragging
+{
+    CanvasPoint lastPoint;
+    bool isOn = false;
+};
+
+NodeDragging& dragging()
+{
+    static NodeDragging shared;
+    return shared;
+}
+
+/// Towards zero.
+std::int32_t cutToWholePoints(double place)
+{
+    using Limits = std::numeric_limits<std::int32_t>;
+    return static_cast<std::int32_t>(std::clamp<double>(place, Limits::min(), Limits::max()));
+}
+
+} // namespace
+
+void LeafView::mouseDown(CanvasPoint point, std::optional<NodePart> hit)
+{
+    dragging().lastPoint = point;
+    if (hit)
+        dragging().isOn = true;
+}
+
+void LeafView::mouseDragged(CanvasPoint point, ElementHost& host)
+{
+    if (!dragging().isOn)
+        return;
+    const CanvasPoint last = dragging().lastPoint;
+    if (person_->linkLayers().empty())
+        pull(point.y - last.y, host);
+    moveSideways(point.x - last.x, host);
+    dragging().lastPoint = point;
+    host.autoscroll();
+}
+
+void LeafView::pull(double rise, ElementHost& host)
+{
+    if (!yConstraint_)
+        return;
+    constexpr double sign = isFlipped() ? 1.0 : -1.0;
+    const double moved = yConstraint_->constant + rise * sign;
+    const double kept = isFlipped() ? std::max(moved, 0.0) : std::min(moved, 0.0);
+    if (kept == yConstraint_->constant)
+        return;
+    setYConstant(kept);
+    host.wasPulled(*this);
+}
+
+void LeafView::moveSideways(double distance, ElementHost& host)
+{
+    const std::int32_t from = person_->x().value_or(0);
+    const std::int32_t to = cutToWholePoints(distance + from);
+    if (to == from)
+        return;
+    host.willMove(*this);
+    person_->setX(to);
+    if (to < 0)
+        host.setNeedsUpdateConstraints();
+}
+
+void LeafView::mouseUp(ElementHost& host)
+{
+    if (!dragging().isOn)
+        return;
+    host.makeFirstResponder(*this);
+    auto& center = NotificationCenter::defaultCenter();
+    center.enqueue(PersonClickedNotification{&host.pool(), person_->recordId()});
+    dragging().isOn = false;
+    center.post(PersonDragEndedNotification{&host.pool(), person_->recordId()});
+}
+
+bool LeafView::isDragging()
+{
+    return dragging().isOn;
+}
+
+void LeafView::stopDragging()
+{
+    dragging().isOn = false;
+}
+
+void LeafView::setLastDragPoint(CanvasPoint point)
+{
+    dragging().lastPoint = point;
+}
+
+} // namespace lineara
