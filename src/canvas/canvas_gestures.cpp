@@ -1,6 +1,7 @@
 #include "canvas_gestures.h"
 
 #include "canvas/tree_view.h"
+#include "canvas_accessibility.h"
 #include "platform/notification_center.h"
 
 #include <cmath>
@@ -233,7 +234,10 @@ void CanvasGestures::clearFirstResponder()
 
 void CanvasGestures::focusChanged()
 {
-    canvas_.personLayer().markFocused(canvas_.hasFocus() ? responder_.node() : nullptr);
+    const LeafView* const focused = canvas_.hasFocus() ? responder_.node() : nullptr;
+    if (focused && focused != canvas_.personLayer().marks().focused)
+        announceFocus(canvas_, *focused);
+    canvas_.personLayer().markFocused(focused);
     canvas_.viewport()->update();
 }
 

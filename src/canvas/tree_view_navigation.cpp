@@ -2,6 +2,7 @@
 
 #include "canvas/family_picture.h"
 #include "canvas/tree_view.h"
+#include "canvas_accessibility.h"
 #include "canvas_gestures.h"
 #include "node_hint.h"
 
@@ -67,6 +68,7 @@ void TreeView::setUpViewport()
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setMouseTracking(true);
+    installCanvasAccessibility();
     // The canvas is white in every theme, and paints every pixel itself.
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setAutoFillBackground(false);
