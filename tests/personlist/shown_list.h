@@ -42,6 +42,7 @@ public:
         layout->addWidget(beside);
         window.show();
         window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         announcements = NotificationCenter::defaultCenter().observe<selectionChangeNotification>(
             [this](const auto& change) { answer(change); });
     }
