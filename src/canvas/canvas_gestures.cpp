@@ -103,7 +103,6 @@ void CanvasGestures::release(QPointF pixel)
         node_.release(*this);
     else if (held == Held::Handle)
         std::exchange(handle_, nullptr)->mouseUp(*this);
-    endReveal();
 }
 
 bool CanvasGestures::cancel()
@@ -118,7 +117,6 @@ bool CanvasGestures::cancel()
         std::exchange(handle_, nullptr)->mouseExited();
         link_.clear();
     }
-    endReveal();
     return held == Held::Node || held == Held::Handle;
 }
 
@@ -128,13 +126,6 @@ void CanvasGestures::letGo()
     isDragging_ = false;
     autoscroll_.stop();
     canvas_.viewport()->update();
-}
-
-void CanvasGestures::endReveal()
-{
-    const auto person = std::exchange(toReveal_, std::nullopt);
-    if (const Person* const found = person ? pool().context().person(*person) : nullptr)
-        canvas_.reveal(*found);
 }
 
 void CanvasGestures::hover()

@@ -5,7 +5,6 @@
 #include "first_responder.h"
 #include "handle_hover.h"
 #include "link_drag.h"
-#include "model/record.h"
 #include "node_drag.h"
 #include "platform/observer_list.h"
 
@@ -39,6 +38,7 @@ public:
     /// True from press to release, and from the first movement to release.
     bool isHolding() const { return held_ != Held::Nothing; }
     bool isDragging() const { return isDragging_; }
+    bool isHoldingNode() const { return held_ == Held::Node; }
 
     /// The user has moved the view beneath the pointer: what is dragged stays with the pointer.
     void scrolledByHand();
@@ -48,8 +48,6 @@ public:
     void forget(const LeafView& node);
     /// Records have gone back to, or come from, another state.
     void replayed();
-    /// Shows the person once the pointer is let go.
-    void revealAfterwards(RecordId person) { toReveal_ = person; }
 
     LeafView* firstResponderNode() const { return responder_.node(); }
     void makeFirstResponder(LeafView& node) override;
@@ -81,7 +79,6 @@ private:
     void drag();
     void hover();
     void letGo();
-    void endReveal();
     CanvasPoint dragPoint() const;
 
     TreeView& canvas_;
@@ -92,7 +89,6 @@ private:
     Autoscroll autoscroll_;
     ConnectorView* handle_ = nullptr; // while it is held
     std::optional<QPointF> pointer_;  // where it was last; no value while it is elsewhere
-    std::optional<RecordId> toReveal_;
     Held held_ = Held::Nothing;
     bool isDragging_ = false;
     Subscription drags_;

@@ -4,6 +4,8 @@
 
 #include <QEasingCurve>
 
+#include <algorithm>
+
 namespace lineara {
 
 namespace {
@@ -41,6 +43,12 @@ void RowGlide::finish()
     animation_.stop();
     moveTo(1);
     end();
+}
+
+std::optional<double> RowGlide::goalOf(const LeafView& node) const
+{
+    const auto move = std::ranges::find(moves_, &node, &Move::node);
+    return move == moves_.end() ? std::nullopt : std::optional(move->to);
 }
 
 void RowGlide::forget(const LeafView& node)

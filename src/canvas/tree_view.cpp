@@ -3,29 +3,41 @@
 #include "canvas/first_places.h"
 #include "canvas/placement.h"
 #include "canvas_gestures.h"
+#include "elements/notifications.h"
 #include "elements/random_source.h"
+#include "platform/notification_center.h"
 
 #include <QPaintEvent>
 #include <QPainter>
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace lineara {
 
+namespace {
+
+/// Above this share of all nodes it is quicker to lay all links out than those of each node that moved.
+constexpr std::size_t fewAmongMany = 4;
+
+} // namespace
+
 TreeView::TreeView(Pool& pool, QSize frame, RandomSource& random, QWidget* parent)
     : QAbstractScrollArea(parent), random_(random), firstFrame_(frame), scene_(pool),
-      glide_([this](const auto& moves) { nodesGlided(moves); }, [this] { setNeedsUpdateConstraints(); }),
+      glide_([this](const auto& moves) { nodesGlided(moves); }, [this] { glideEnded(); }),
       gestures_(std::make_unique<CanvasGestures>(*this))
 {
     const Journal::Pause pause(pool.context().journal());
     setUpViewport();
     giveFirstPlaces(pool);
     scene_.addAllInRows();
-    subscription_ = pool.context().observe([this](const Change& change) { follow(change); });
+    shownRows_.take(pool.generations());
+    records_ = pool.context().observe([this](const Change& change) { follow(change); });
+    dragEnds_ = NotificationCenter::defaultCenter().observe<PersonDragEndedNotification>(
+        [this](const auto& ended) { personDragNotification(ended); });
     trimView();
-    updateConstraints();
+    setNeedsUpdateConstraints();
+    settle();
+    layOutContent();
 }
 
 TreeView::~TreeView() = default;
@@ -79,86 +91,6 @@ void TreeView::removeLink(LinkLayer& link)
     viewport()->update();
 }
 
-void TreeView::refreshHierarchy()
-{
-    syncNodes();
-    scene_.syncLinks([this](const Person& person) { return isHidden(person); });
-    std::vector<RowGlide::Move> visibleMoves;
-    for (LeafView* const node : scene_.personLayer().nodes()) {
-        const auto generation = node->person().generation();
-        const double from = node->yConstraint()->constant;
-        const double to = rowConstant(generation);
-        if (!generation || from == to)
-            continue;
-        if (!reducedMotion_ && comesIntoView(*node, from, to))
-            visibleMoves.push_back({node, from, to});
-        else
-            node->setYConstant(to);
-    }
-    scene_.allMoved();
-    contentChanged();
-    glide_.start(std::move(visibleMoves));
-}
-
-bool TreeView::comesIntoView(const LeafView& node, double from, double to) const
-{
-    const Frame frame = node.frame();
-    const double lowest = std::min(frame.y, frame.y + from - to);
-    const QRectF swept = toPicture(Frame{frame.x, lowest, frame.width, frame.height + std::abs(to - from)});
-    return swept.intersects(toPicture(view_.visible()));
-}
-
-void TreeView::setNeedsUpdateConstraints()
-{
-    if (passRequested_)
-        return;
-    passRequested_ = true;
-    QMetaObject::invokeMethod(this, &TreeView::runRequested, Qt::QueuedConnection);
-}
-
-void TreeView::settle()
-{
-    glide_.finish();
-    runRequested();
-}
-
-void TreeView::runRequested()
-{
-    if (std::exchange(passRequested_, false))
-        updateConstraints();
-    if (std::exchange(contentStale_, false))
-        layOutContent();
-}
-
-void TreeView::adjustBy(std::int32_t points)
-{
-    pool().context().shiftX(pool(), points);
-}
-
-void TreeView::trimView()
-{
-    if (const std::int32_t distance = trimDistance(smallestXConstant().value_or(0)); distance != 0)
-        adjustBy(distance);
-}
-
-void TreeView::updateConstraints()
-{
-    syncNodes();
-    generations_ = pool().generations();
-    if (const std::int32_t distance = leftEdgeDistance(smallestXConstant().value_or(0)); distance != 0)
-        adjustBy(distance);
-    layOutContent();
-}
-
-std::optional<double> TreeView::smallestXConstant() const
-{
-    const auto& nodes = scene_.personLayer().nodes();
-    if (nodes.empty())
-        return std::nullopt;
-    const auto constant = [](const LeafView* node) { return node->xConstraint()->constant; };
-    return constant(*std::ranges::min_element(nodes, {}, constant));
-}
-
 void TreeView::syncNodes()
 {
     for (Person* const person : pool().persons()) {
@@ -173,7 +105,7 @@ void TreeView::follow(const Change& change)
         followAttributes(*one);
     } else if (const auto* const many = std::get_if<ManyChanged>(&change)) {
         if (many->attributes & PersonAttribute::X)
-            allNodesChanged();
+            followPlaces(*many);
     } else if (const auto* const link = std::get_if<LinkChanged>(&change)) {
         if (link->relationship == Relationship::PoolMembers && &link->owner == &pool())
             followMembership(static_cast<Person&>(link->member), link->added);
@@ -185,16 +117,38 @@ void TreeView::follow(const Change& change)
     }
 }
 
+// Undo and redo restore a state that was at rest: what follows from a change is among what they restore, so that
+// nothing is done about it here.
+
 void TreeView::followAttributes(const AttributesChanged& change)
 {
-    constexpr PersonAttributes ofFrame =
-        PersonAttribute::X | PersonAttribute::Name | PersonAttribute::Era | PersonAttribute::Image;
-    if (!(change.attributes & ofFrame) || !scene_.shows(change.person))
+    constexpr PersonAttributes ofWidth = PersonAttribute::Name | PersonAttribute::Era | PersonAttribute::Image;
+    if (!(change.attributes & (ofWidth | PersonAttribute::X)) || !scene_.shows(change.person))
         return;
     const LeafView& node = *change.person.leafView();
     scene_.nodeMoved(node);
     contentChanged();
-    if (!isReplaying() && node.frame().x < 0)
+    if (isReplaying())
+        return;
+    if (change.attributes & ofWidth)
+        resized_.push_back(change.person.recordId());
+    if ((change.attributes & ofWidth) || node.frame().x < 0)
+        setNeedsUpdateConstraints();
+}
+
+void TreeView::followPlaces(const ManyChanged& change)
+{
+    steady_.followShift(change.shift);
+    if (change.persons.size() * fewAmongMany < scene_.personLayer().nodes().size()) {
+        for (const Person* const person : change.persons) {
+            if (scene_.shows(*person))
+                scene_.nodeMoved(*person->leafView());
+        }
+    } else {
+        scene_.allMoved();
+    }
+    contentChanged();
+    if (!isReplaying() && smallestXConstant().value_or(0) < 0)
         setNeedsUpdateConstraints();
 }
 
@@ -207,28 +161,6 @@ void TreeView::followMembership(Person& person, bool joined)
         removeViewForPerson(person);
         hidden_.erase(person.recordId());
     }
-}
-
-void TreeView::allNodesChanged()
-{
-    scene_.allMoved();
-    contentChanged();
-    if (!isReplaying() && smallestXConstant().value_or(0) < 0)
-        setNeedsUpdateConstraints();
-}
-
-/// Undo and redo restore a state that was at rest: the shift that follows from a place left of the canvas is among what
-/// they restore.
-bool TreeView::isReplaying() const
-{
-    return pool().context().journal().replaying();
-}
-
-void TreeView::nodesGlided(const std::vector<RowGlide::Move>& moves)
-{
-    for (const RowGlide::Move& move : moves)
-        scene_.nodeMoved(*move.node);
-    contentChanged();
 }
 
 void TreeView::contentChanged()

@@ -55,9 +55,4 @@ void TreeView::deselectLink()
     viewport()->update();
 }
 
-void TreeView::takeRows()
-{
-    generations_ = pool().generations();
-}
-
 } // namespace lineara

@@ -48,7 +48,7 @@ bool TreeView::event(QEvent* event)
     switch (event->type()) {
     case QEvent::WindowDeactivate:
     case QEvent::Hide:
-        gestures_->cancel();
+        pointerLost();
         break;
     case QEvent::ShortcutOverride:
         // While something is dragged, Escape is the canvas's own, whatever else it may be a shortcut for.
@@ -67,9 +67,11 @@ void TreeView::mousePressEvent(QMouseEvent* event)
 {
     if (gestures_->isHolding() && event->button() != Qt::LeftButton)
         return;
-    heldCanvas_ = view_.canvas();
+    setPointerHold(PointerHold::Canvas);
     if (!navigation_.press(*event) && event->button() == Qt::LeftButton)
         gestures_->press(event->position());
+    if (gestures_->isHoldingNode())
+        setPointerHold(PointerHold::Node);
     updateCursor();
 }
 
@@ -83,17 +85,24 @@ void TreeView::mouseMoveEvent(QMouseEvent* event)
 {
     if (!movedByHand(navigation_.move(*event)))
         gestures_->move(event->position(), event->buttons());
+    if (event->buttons() == Qt::NoButton && steady_.hold() != PointerHold::None)
+        pointerLost();
 }
 
 void TreeView::mouseReleaseEvent(QMouseEvent* event)
 {
     if (!navigation_.release(*event) && event->button() == Qt::LeftButton)
         gestures_->release(event->position());
-    if (event->buttons() == Qt::NoButton) {
-        heldCanvas_ = {0, 0};
-        layOutContent();
-    }
+    if (event->buttons() == Qt::NoButton)
+        setPointerHold(PointerHold::None);
     updateCursor();
+}
+
+/// Where it is let go will not be heard of.
+void TreeView::pointerLost()
+{
+    gestures_->cancel();
+    setPointerHold(PointerHold::None);
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event)
@@ -105,8 +114,10 @@ void TreeView::keyPressEvent(QKeyEvent* event)
 
 bool TreeView::pressKey(const QKeyEvent& event)
 {
-    if (event.key() == Qt::Key_Escape && gestures_->cancel())
+    if (event.key() == Qt::Key_Escape && gestures_->cancel()) {
+        setPointerHold(PointerHold::Canvas);
         return true;
+    }
     if (navigation_.key(event))
         return true;
     if (gestures_->isHolding() || (event.modifiers() & ~Qt::KeypadModifier))
@@ -152,7 +163,7 @@ void TreeView::focusOutEvent(QFocusEvent* event)
     if (!isBorrowed(event->reason()))
         gestures_->resignFocus();
     else if (event->reason() == Qt::PopupFocusReason)
-        gestures_->cancel();
+        pointerLost();
     gestures_->focusChanged();
     updateCursor();
     QAbstractScrollArea::focusOutEvent(event);
@@ -176,7 +187,7 @@ void TreeView::nodeMoved(const LeafView& node)
 
 bool TreeView::moves() const
 {
-    return rest_.isActive() || gestures_->isDragging();
+    return rest_.isActive() || glide_.isRunning() || gestures_->isDragging();
 }
 
 } // namespace lineara

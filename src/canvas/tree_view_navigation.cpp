@@ -116,12 +116,12 @@ void TreeView::reveal(const Person& person)
 {
     if (!scene_.shows(person))
         return;
-    if (gestures_->isHolding()) {
-        gestures_->revealAfterwards(person.recordId());
+    if (steady_.hold() != PointerHold::None) {
+        awaitedReveal_ = person.recordId();
         return;
     }
     layOutContent();
-    view_.reveal(person.leafView()->frame());
+    view_.reveal(frameAtRest(*person.leafView()));
     viewMoved();
 }
 
@@ -232,7 +232,7 @@ bool TreeView::viewportEvent(QEvent* event)
         gestures_->leave();
         return QAbstractScrollArea::viewportEvent(event);
     case QEvent::UngrabMouse:
-        gestures_->cancel();
+        pointerLost();
         return QAbstractScrollArea::viewportEvent(event);
     default:
         return QAbstractScrollArea::viewportEvent(event);

@@ -43,7 +43,8 @@ ViewTransform::Range ViewTransform::bottomRange() const
 void ViewTransform::setViewport(QSizeF pixels)
 {
     viewport_ = pixels.expandedTo({1, 1});
-    setPlace(left_, bottom_);
+    if (!following_)
+        setPlace(left_, bottom_);
 }
 
 void ViewTransform::setContent(QSizeF canvas, QSizeF nodes)
@@ -56,6 +57,14 @@ void ViewTransform::setPlace(double left, double bottom)
 {
     left_ = within(leftRange(), left);
     bottom_ = within(bottomRange(), bottom);
+    following_ = false;
+}
+
+void ViewTransform::follow(double right, double up)
+{
+    left_ += std::round(right * zoom_);
+    bottom_ += std::round(up * zoom_);
+    following_ = true;
 }
 
 void ViewTransform::zoomAt(double zoom, QPointF anchor)

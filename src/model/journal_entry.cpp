@@ -93,6 +93,7 @@ void JournalEntry::replay(ShiftEntry& entry, ObjectContext& context, Replay dire
     Pool* const pool = context.pool({entry.pool});
     if (!pool)
         return;
+    const std::int32_t shift = directed(wrappingDifference(0, entry.points), direction);
     std::vector<Person*> changed;
     Mover mover(PersonAttribute::X, changed);
     for (Person* const person : pool->persons()) {
@@ -101,10 +102,10 @@ void JournalEntry::replay(ShiftEntry& entry, ObjectContext& context, Replay dire
         if (other != entry.others.end() && other->number == number)
             mover.exchange(person->values_, *person, *other);
         else
-            mover.move(person->values_, *person, directed(wrappingDifference(0, entry.points), direction));
+            mover.move(person->values_, *person, shift);
     }
     if (!changed.empty())
-        context.report(ManyChanged{changed, PersonAttribute::X});
+        context.report(ManyChanged{changed, PersonAttribute::X, shift});
 }
 
 void JournalEntry::replay(PicDataEntry& entry, ObjectContext& context, Replay)

@@ -70,7 +70,7 @@ void ObjectContext::shiftX(Pool& pool, std::int32_t points)
         return;
     std::ranges::sort(absent, {}, &BulkValues::Other::number);
     journal_.note({ShiftEntry{pool.recordId().number, points, std::move(absent)}});
-    report(ManyChanged{pool.persons_.span(), PersonAttribute::X});
+    report(ManyChanged{pool.persons_.span(), PersonAttribute::X, wrappingDifference(0, points)});
 }
 
 void ObjectContext::setPicData(Pic& pic, QByteArray data)

@@ -62,6 +62,7 @@ TEST(Hit, FindsTheTopmostOfOverlappingNodesAndLinks)
     parent.addChild(child);
     parent.addChild(other);
     TreeView& view = family.processAndShow();
+    other.setX(child.x());
     const Frame upper = parent.leafView()->frame();
     EXPECT_EQ(view.hit(other.leafView()->frame().centre()).node, other.leafView());
     EXPECT_EQ(view.hit({upper.centre().x, upper.y - 30}).link, view.branchLayer().layers()[1].get());

@@ -3,6 +3,7 @@
 #include <QVariantAnimation>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace lineara {
@@ -29,7 +30,12 @@ public:
     /// Brings every node to its end at once; nothing if no glide is under way.
     void finish();
 
-    bool isRunning() const { return !moves_.empty(); }
+    bool isRunning() const { return animation_.state() == QAbstractAnimation::Running; }
+
+    /// What the glide under way does.
+    const std::vector<Move>& moves() const { return moves_; }
+    /// The vertical constant that a node is on its way to; no value for a node that does not glide.
+    std::optional<double> goalOf(const LeafView& node) const;
 
     /// To be called before a node is destroyed.
     void forget(const LeafView& node);

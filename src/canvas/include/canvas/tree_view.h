@@ -2,8 +2,11 @@
 
 #include "canvas/canvas_painter.h"
 #include "canvas/family_scene.h"
+#include "canvas/known_rows.h"
 #include "canvas/navigation.h"
 #include "canvas/row_glide.h"
+#include "canvas/row_spacing.h"
+#include "canvas/steady_view.h"
 #include "canvas/view_transform.h"
 #include "model/object_context.h"
 
@@ -21,6 +24,7 @@ class QHelpEvent;
 namespace lineara {
 
 class CanvasGestures;
+struct PersonDragEndedNotification;
 enum class WalkDirection : std::uint8_t;
 
 /// The canvas on which a family is drawn: every person a node in the row of its generation, every link a shape beneath
@@ -44,7 +48,7 @@ public:
     PersonLayerView& personLayer() { return scene_.personLayer(); }
     BranchLayerView& branchLayer() { return scene_.branchLayer(); }
     /// The pool's rows as of the last constraint pass; empty before the first.
-    const std::vector<std::vector<RecordId>>& generations() const { return generations_; }
+    const std::vector<std::vector<RecordId>>& generations() const { return spacedRows_.rows(); }
 
     /// Shows a person. One without an x is new: it is placed at random in the left half of what is in view and lifted
     /// above the bottom of it, until the next refreshHierarchy(). A person that is shown already stays as it is.
@@ -86,13 +90,31 @@ public:
     /// To be called after a node was moved by other means than its person's x.
     void nodeMoved(const LeafView& node);
 
-    /// Requests a constraint pass as soon as the current event has been handled.
+    /// Installs gaps between every two persons of a row, in the order of their x; of equal ones the earlier in the row
+    /// stands left. Nothing for a row that does not exist. Takes effect with the next pass.
+    void constrainCollisionsForGeneration(std::optional<std::int32_t> generation);
+    /// Installs the gaps of the person's row and requests a pass.
+    void reconstrainCollisionsForPerson(Person& person);
+    /// Writes the places of the last layout back and takes all gaps away.
+    void clearCollisionConstraints();
+    /// Stores where the last layout has put nodes as their persons' x, truncated towards zero.
+    void updateXAfterAutoLayout();
+    /// Number of gaps between two nodes that are installed now.
+    std::uint64_t collisionAvoidanceConstraints() const { return spacing_.count(); }
+
+    /// Requests a constraint pass as soon as the current event has been handled: rows in which other persons stand than
+    /// before are spaced, and if somebody stands left of the canvas everybody is moved right.
     void setNeedsUpdateConstraints();
-    /// Brings everything that is pending to its end: a glide and a requested pass.
+    /// Brings everything that is pending to its end at once: a glide and a requested pass. To be called before the
+    /// records are read as a whole or a new step of the history is begun.
     void settle();
 
-    /// Subtracts `points` from everybody's x, as one change.
+    /// Subtracts `points` from everybody's x, as one change. The view scrolls along.
     void adjustBy(std::int32_t points);
+
+    /// Tells whether a pointer button is down, and on what. Until the release the canvas does not shrink, and nothing
+    /// but the user scrolls the view.
+    void setPointerHold(PointerHold hold);
 
     QSizeF canvasSize() const { return view_.canvas(); }
     double zoom() const { return view_.zoom(); }
@@ -143,19 +165,26 @@ protected:
 private:
     void trimView();
     void updateConstraints();
+    void constrainRowsOfResized();
     void runRequested();
     std::optional<double> smallestXConstant() const;
+    void personDragNotification(const PersonDragEndedNotification& ended);
+
     void syncNodes();
     bool isHidden(const Person& person) const { return hidden_.contains(person.recordId()); }
+    void followCommonShift();
+    std::vector<RowGlide::Move> movesToRows();
     bool comesIntoView(const LeafView& node, double from, double to) const;
+    void nodesGlided(const std::vector<RowGlide::Move>& moves);
+    void glideEnded();
+    Frame frameAtRest(const LeafView& node) const;
 
     void follow(const Change& change);
     void followAttributes(const AttributesChanged& change);
+    void followPlaces(const ManyChanged& change);
     void followMembership(Person& person, bool joined);
     void forgetPerson(Person& person);
-    void allNodesChanged();
-    bool isReplaying() const;
-    void nodesGlided(const std::vector<RowGlide::Move>& moves);
+    bool isReplaying() const { return pool().context().journal().replaying(); }
     void contentChanged();
 
     void setUpViewport();
@@ -166,6 +195,7 @@ private:
     void showMovedView();
     bool movedByHand(bool moved);
     bool moves() const;
+    void pointerLost();
     bool pressKey(const QKeyEvent& event);
     bool walk(WalkDirection direction);
     void updateScrollBars();
@@ -179,9 +209,15 @@ private:
     Navigation navigation_{view_};
     CanvasPainter painter_;
     RowGlide glide_;
-    std::vector<std::vector<RecordId>> generations_;
-    std::unordered_set<RecordId> hidden_; // taken off the canvas, because they are about to leave
-    Subscription subscription_;
+    RowSpacing spacing_;
+    KnownRows spacedRows_; // as of the last pass
+    KnownRows shownRows_;  // as of the last refresh
+    SteadyView steady_{view_};
+    std::vector<RecordId> resized_;         // persons whose nodes may have become wider since the last pass
+    std::optional<RecordId> awaitedReveal_; // whom to show once the pointer lets go
+    std::unordered_set<RecordId> hidden_;   // taken off the canvas, because they are about to leave
+    Subscription records_;
+    Subscription dragEnds_;
     QSizeF heldCanvas_{0, 0}; // while a pointer is down the canvas does not shrink below it
     QBasicTimer rest_;        // runs while the view is being moved by hand, and a moment longer
     double shownZoom_ = 1;    // as last told by zoomChanged()

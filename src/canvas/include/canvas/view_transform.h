@@ -46,6 +46,10 @@ public:
 
     void setPlace(double left, double bottom);
 
+    /// Keeps what is shown where it is on the screen when everything on the canvas moves that many points to the right
+    /// and up. The view may leave the canvas by this, and stays there until it is scrolled or zoomed.
+    void follow(double right, double up);
+
     /// Changes the size of a point on the screen, while the point of the canvas that is shown at `anchor` (view pixels)
     /// stays there. `zoom` is limited so that every pixel of the canvas has coordinates within 32 bits.
     void zoomAt(double zoom, QPointF anchor);
@@ -75,6 +79,7 @@ private:
     double zoom_ = 1;
     double left_ = 0;
     double bottom_ = 0;
+    bool following_ = false; // since it was placed last
 };
 
 } // namespace lineara

@@ -64,6 +64,7 @@ struct ManyChanged
 {
     std::span<Person* const> persons;
     PersonAttributes attributes;
+    std::int32_t shift = 0; ///< points by which every x of a pool grew, where the change is such a shift
 };
 
 /// A link was made (`added`) or removed; both sides already agree. For Children `owner` is the parent, for PoolMembers
