@@ -87,8 +87,11 @@ Frame TreeView::documentVisibleRect() const
 void TreeView::layOutContent()
 {
     const Frame nodes = scene_.bounds().value_or(Frame{});
-    const QSizeF reach(nodes.x + nodes.width, nodes.y + nodes.height);
+    const double top = std::max(nodes.y + nodes.height, highestGoal());
+    const QSizeF reach(nodes.x + nodes.width, top);
     view_.setContent(QSizeF(firstFrame_).expandedTo(reach).expandedTo(heldCanvas_), reach);
+    if (steady_.hold() != PointerHold::None)
+        heldCanvas_ = view_.canvas();
     updateScrollBars();
 }
 

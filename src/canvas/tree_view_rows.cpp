@@ -86,6 +86,14 @@ Frame TreeView::frameAtRest(const LeafView& node) const
     return frame;
 }
 
+double TreeView::highestGoal() const
+{
+    double highest = 0;
+    for (const RowGlide::Move& move : glide_.moves())
+        highest = std::max(highest, lineara::toCanvas(QPointF(0, move.to)).y + move.node->frame().height);
+    return highest;
+}
+
 void TreeView::setPointerHold(PointerHold hold)
 {
     steady_.setHold(hold);

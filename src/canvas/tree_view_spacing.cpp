@@ -69,7 +69,7 @@ void TreeView::personDragNotification(const PersonDragEndedNotification& ended)
     if (!person)
         return;
     // What the drag itself has led to comes first, as long as the pointer holds the node.
-    runRequested();
+    correctLeftEdge();
     reconstrainCollisionsForPerson(*person);
 }
 
@@ -107,6 +107,11 @@ void TreeView::updateConstraints()
     for (const std::int32_t row : spacedRows_.changedRows(pool().generations()))
         constrainCollisionsForGeneration(row);
     takeRows();
+    correctLeftEdge();
+}
+
+void TreeView::correctLeftEdge()
+{
     if (const std::int32_t distance = leftEdgeDistance(smallestXConstant().value_or(0)); distance != 0)
         adjustBy(distance);
 }

@@ -106,8 +106,9 @@ TEST_F(DraggedLink, CanBeDroppedOnEveryPartOfANode)
 
 TEST_F(DraggedLink, DroppedWhereTwoNodesOverlapGoesToTheUpper)
 {
-    Person& upper = family.add(420, 1);
+    Person& upper = family.add(600, 1);
     show();
+    upper.setX(*bob.x() + 20);
     const QPointF place = hand->background(upper);
     ASSERT_TRUE(bob.leafView()->frame().contains(view->toCanvas(place)));
     hand->press(hand->partnerHandle(ann));

@@ -1,7 +1,10 @@
 // How nodes get from one row to another.
 
 #include "canvas/tree_view.h"
-#include "shown_family.h"
+#include "elements/notifications.h"
+#include "platform/notification_center.h"
+#include "rows_at_rest.h"
+#include "view_driver.h"
 
 #include <gtest/gtest.h>
 
@@ -99,6 +102,97 @@ TEST_F(Glide, SurvivesTheRemovalOfAGlidingPerson)
     family.nursery.forgetRemoved();
     family.view->settle();
     EXPECT_EQ(family.view->personLayer().nodes().size(), 1u);
+}
+
+TEST_F(Glide, LeavesAPassDueWhenItsOnlyPersonIsRemoved)
+{
+    Person& crowd = family.add(200, 1);
+    family.view->addViewForPerson(crowd);
+    family.pool.arrangeGenerations();
+    family.view->refreshHierarchy();
+    family.view->removeViewForPerson(parent);
+    family.view->settle();
+    EXPECT_EQ(family.view->generations(), family.pool.generations());
+    EXPECT_TRUE(lineara::isAtRest(family.pool));
+}
+
+TEST_F(Glide, SpacesTheRowsOnlyWhenItEnds)
+{
+    parent.setX(*child.x() - 5);
+    parent.setGeneration(1);
+    family.pool.arrangeGenerations();
+    family.view->refreshHierarchy();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(parent.x(), *child.x() - 5);
+    family.view->settle();
+    EXPECT_TRUE(lineara::isAtRest(family.pool));
+}
+
+TEST_F(Glide, ForReducedMotionEverythingIsDoneAfterOneRefresh)
+{
+    Person& crowd = family.add(*parent.x() + 5, 3);
+    family.view->addViewForPerson(crowd);
+    family.pool.arrangeGenerations();
+    family.view->setReducedMotion(true);
+    family.view->refreshHierarchy();
+    EXPECT_TRUE(isAtRest());
+    EXPECT_TRUE(lineara::isAtRest(family.pool));
+    EXPECT_EQ(family.view->generations(), family.pool.generations());
+}
+
+TEST_F(Glide, DoesNotKeepADropFromBeingSpaced)
+{
+    family.view->refreshHierarchy();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return family.yConstant(parent) < rowConstant(2); }));
+    Person& crowd = family.add(*child.x() + 5, 1);
+    family.view->addViewForPerson(crowd);
+    family.pool.arrangeGenerations();
+    NotificationCenter::defaultCenter().post(PersonDragEndedNotification{&family.pool, crowd.recordId()});
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(lineara::isAtRest(family.pool));
+    EXPECT_FALSE(isAtRest());
+    family.view->settle();
+    EXPECT_TRUE(isAtRest());
+}
+
+TEST_F(Glide, TakesWhoLosesTheLastLinkToTheRowItWasBoundFor)
+{
+    family.view->refreshHierarchy();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return family.yConstant(parent) < rowConstant(2); }));
+    parent.setGeneration(std::nullopt);
+    family.pool.arrangeGenerations();
+    family.view->refreshHierarchy();
+    family.view->settle();
+    EXPECT_TRUE(isAtRest());
+}
+
+TEST_F(Glide, IsHastyInItsPicturesAndEndsWithAStillOne)
+{
+    family.view->zoomTo(1, {0, 0});
+    const QImage before = pictureOf(*family.view);
+    family.view->refreshHierarchy();
+    const QImage hasty = pictureOf(*family.view);
+    EXPECT_NE(hasty, before);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isAtRest(); }));
+    QCoreApplication::processEvents();
+    const QImage still = pictureOf(*family.view);
+    family.view->settle();
+    EXPECT_EQ(pictureOf(*family.view), still);
+    parent.setGeneration(2);
+    family.pool.arrangeGenerations();
+    family.view->setReducedMotion(true);
+    family.view->refreshHierarchy();
+    EXPECT_EQ(pictureOf(*family.view), before);
+}
+
+TEST_F(Glide, EndsInViewWhereAPersonIsRevealedMeanwhile)
+{
+    parent.setGeneration(9);
+    family.pool.arrangeGenerations();
+    family.view->refreshHierarchy();
+    family.view->reveal(parent);
+    family.view->settle();
+    EXPECT_TRUE(isInView(*family.view, parent));
 }
 
 TEST_F(Glide, AsksForAPassWhenItEnds)

@@ -166,6 +166,7 @@ private:
     void trimView();
     void updateConstraints();
     void constrainRowsOfResized();
+    void correctLeftEdge();
     void runRequested();
     std::optional<double> smallestXConstant() const;
     void personDragNotification(const PersonDragEndedNotification& ended);
@@ -178,6 +179,7 @@ private:
     void nodesGlided(const std::vector<RowGlide::Move>& moves);
     void glideEnded();
     Frame frameAtRest(const LeafView& node) const;
+    double highestGoal() const;
 
     void follow(const Change& change);
     void followAttributes(const AttributesChanged& change);
