@@ -1,6 +1,5 @@
-// How the view over the canvas moves: scroll bars, wheel, gestures, zoom, and where it starts.
+// How the view over the canvas moves: scroll bars, wheel, gestures and zoom.
 
-#include "canvas/family_picture.h"
 #include "canvas/tree_view.h"
 #include "canvas_accessibility.h"
 #include "canvas_gestures.h"
@@ -23,8 +22,6 @@ namespace lineara {
 namespace {
 
 constexpr double zoomStep = 1.25;
-constexpr double readableZoom = 0.5;
-constexpr double startMargin = 60; // below the youngest, whose ancestors are what there is to see
 constexpr int scrollStep = 20;
 constexpr int restMilliseconds = 150;
 
@@ -48,12 +45,6 @@ void setBar(QScrollBar& bar, BarRange range, double value, int page)
     bar.setPageStep(page);
     bar.setSingleStep(scrollStep);
     bar.setValue(static_cast<int>(value));
-}
-
-Frame withMargin(const Frame& nodes)
-{
-    constexpr double margin = FamilyPicture::margin;
-    return {nodes.x - margin, nodes.y - margin, nodes.width + 2 * margin, nodes.height + 2 * margin};
 }
 
 QRect pixelsOf(const ViewTransform& view, const Frame& frame)
@@ -93,39 +84,6 @@ void TreeView::layOutContent()
     if (steady_.hold() != PointerHold::None)
         heldCanvas_ = view_.canvas();
     updateScrollBars();
-}
-
-void TreeView::showStartPlace()
-{
-    if (!scene_.bounds())
-        return;
-    const Frame all = withMargin(*scene_.bounds());
-    const double zoom = std::min(1.0, view_.zoomToFit(all));
-    if (zoom >= readableZoom) {
-        view_.centre(all, zoom);
-        view_.setPlace(view_.left(), 0);
-        view_.reveal(all);
-        return;
-    }
-    const auto youngest = pool().maxGenerationOf();
-    const Person* const person = youngest ? pool().context().person(*youngest) : nullptr;
-    const LeafView& node =
-        person && scene_.shows(*person) ? *person->leafView() : *scene_.personLayer().nodes().front();
-    view_.centre(node.frame(), 1);
-    view_.setPlace(view_.left(), node.frame().y - startMargin);
-}
-
-void TreeView::reveal(const Person& person)
-{
-    if (!scene_.shows(person))
-        return;
-    if (steady_.hold() != PointerHold::None) {
-        awaitedReveal_ = person.recordId();
-        return;
-    }
-    layOutContent();
-    view_.reveal(frameAtRest(*person.leafView()));
-    viewMoved();
 }
 
 void TreeView::scrollTo(double left, double bottom)
@@ -170,15 +128,6 @@ void TreeView::zoomBy(double factor)
 void TreeView::actualSize()
 {
     zoomTo(1, QRectF(viewport()->rect()).center());
-}
-
-void TreeView::fit()
-{
-    if (!scene_.bounds())
-        return;
-    const Frame all = withMargin(*scene_.bounds());
-    view_.centre(all, std::min(1.0, view_.zoomToFit(all)));
-    viewMoved();
 }
 
 void TreeView::viewMoved()

@@ -9,8 +9,9 @@
 #include "edit_menu.h"
 #include "family_queue.h"
 #include "opening_report.h"
-#include "personlist/person_list.h"
+#include "personlist/person_table_view_controller.h"
 #include "platform/notification_center.h"
+#include "seen_parts.h"
 #include "store/family_file.h"
 
 #include <QFileInfo>
@@ -77,11 +78,11 @@ void Document::assembleWindow()
     commands.remove = [this] { remove(); };
     commands.linkAsPartner = [this] { linkAsPartner(); };
     commands.linkAsChild = [this] { linkAsChild(); };
-    commands.find = [this] {
-        if (list_)
-            list_->findPersons();
-    };
+    commands.find = [this] { list_->findPersons(); };
     editMenu_ = std::make_unique<EditMenu>(*window_->editMenu(), commands);
+    window_->showButtons(editMenu_->mainCommands());
+    makeList();
+    window_->setAboutToClose([this] { aboutToClose(); });
     window_->setActivated([this] {
         if (auto* const delegate = ApplicationDelegate::shared())
             delegate->setCanRemove(isRemovable());
@@ -133,24 +134,27 @@ void Document::handleOnboarding()
 void Document::initTreeView()
 {
     const QSize frame = firstFrame(window_->width(), pool().maxGenerationSize(), pool().maxGeneration());
-    window_->showCanvas(new TreeView(pool(), frame, chance_));
-    commandsChanged();
-}
-
-void Document::showList(PersonList& list)
-{
-    list_ = &list;
-    window_->showList(&list.view());
     syncList();
-    list.rearrangeObjects();
+    list_->rearrangeObjects();
+    window_->showCanvas(new TreeView(pool(), frame, chance_));
+    if (const auto part = SeenParts::of(context().storeUuid()))
+        treeView()->startAt(*part);
+    commandsChanged();
 }
 
 void Document::commit()
 {
-    if (list_)
-        list_->commitEditing();
+    list_->commitEditing();
     if (TreeView* const canvas = treeView())
         canvas->settle();
+}
+
+void Document::aboutToClose()
+{
+    commit();
+    const auto part = hasOwnFile_ && treeView() ? treeView()->seenPart() : std::nullopt;
+    if (part)
+        SeenParts::keep(context().storeUuid(), *part);
 }
 
 void Document::save(const QString& path, std::function<void(const Outcome<Done>&)> saved)

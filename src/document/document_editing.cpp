@@ -11,7 +11,6 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <iterator>
 
 namespace lineara {
 
@@ -33,8 +32,7 @@ void Document::addPerson()
     Person& person = context().insertPerson();
     window_->setOnboardingVisible(false);
     treeView()->addViewForPerson(person);
-    if (list_)
-        list_->addObject(person);
+    list_->addObject(person);
     joining_.push_back(person.recordId());
     queue_->enqueue(Joining{person.recordId()});
 }
@@ -61,8 +59,7 @@ void Document::removePerson(Person& person)
     leaving_.push_back(id);
     setRemovable(false);
     treeView()->removeViewForPerson(person);
-    if (list_)
-        list_->removeObject(person);
+    list_->removeObject(person);
     queue_->enqueue(Leaving{id});
     queue_->enqueue(Processing{});
 }
@@ -115,38 +112,10 @@ void Document::link(Person& from, Person& to, const QString& type)
     queue_->enqueue(Linking{from.recordId(), to.recordId(), type});
 }
 
-void Document::rearrangeList()
-{
-    if (list_)
-        list_->rearrangeObjects();
-}
-
-void Document::syncList()
-{
-    if (!list_)
-        return;
-    std::vector<Person*> persons;
-    std::ranges::copy_if(pool().persons(), std::back_inserter(persons),
-                         [this](const Person* person) { return !isLeaving(person->recordId()); });
-    for (const RecordId id : joining_) {
-        Person* const person = context().person(id);
-        if (person && !person->pool() && !isLeaving(id))
-            persons.push_back(person);
-    }
-    list_->setObjects(persons);
-}
-
 void Document::refresh()
 {
-    rearrangeList();
+    list_->rearrangeObjects();
     treeView()->refreshHierarchy();
-}
-
-/// By now the user may be busy with something else.
-void Document::editNewName(Person& person)
-{
-    if (list_ && selection_.person == person.recordId() && !list_->isEditing())
-        list_->editNameForPerson(person);
 }
 
 void Document::showReplayed(const ReplayedChanges& changes)

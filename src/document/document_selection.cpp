@@ -21,8 +21,7 @@ void Document::selectPerson(Person& person)
     unfocusSelectionPerson();
     selection_.person = person.recordId();
     selection_.type = Selection::ofPerson();
-    if (list_)
-        list_->select(person);
+    list_->select(person);
     if (TreeView* const canvas = treeView()) {
         canvas->deselectLink();
         canvas->focus(person);
@@ -46,8 +45,7 @@ bool Document::deselectAll()
     selection_.person.reset();
     selection_.type = Selection::none();
     setRemovable(false);
-    if (list_)
-        list_->deselectAll();
+    list_->deselectAll();
     if (TreeView* const canvas = treeView())
         canvas->clearFirstResponder();
     return true;

@@ -11,6 +11,7 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QToolBar>
 #include <QToolButton>
 
 namespace lineara {
@@ -22,7 +23,7 @@ constexpr int listWidth = 320;
 QLabel* makeOnboardingView()
 {
     auto* view = new QLabel(DocumentWindow::tr("<h2>This family is still empty</h2>"
-                                               "<p>Add its first person with Edit \u2192 Add Person.</p>"));
+                                               "<p>Begin with Add Person, above.</p>"));
     view->setObjectName(QStringLiteral("onboardingView"));
     view->setAlignment(Qt::AlignCenter);
     // The hint stands where the canvas will, which is white whatever the desktop's colours are.
@@ -80,6 +81,17 @@ void DocumentWindow::showList(QWidget* list)
     panes_->setSizes({listWidth, width() - listWidth});
 }
 
+void DocumentWindow::showButtons(const QList<QAction*>& commands)
+{
+    QToolBar* const buttons = addToolBar(tr("Edit"));
+    buttons->setObjectName(QStringLiteral("editButtons"));
+    buttons->setMovable(false);
+    buttons->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    buttons->addActions(commands);
+    // A window without its buttons would have no visible way to get them back.
+    buttons->toggleViewAction()->setVisible(false);
+}
+
 void DocumentWindow::showCanvas(TreeView* canvas)
 {
     canvas_ = canvas;
@@ -120,6 +132,8 @@ void DocumentWindow::showOpeningReport(const QString& summary, const QString& de
 void DocumentWindow::closeEvent(QCloseEvent* event)
 {
     event->accept();
+    if (aboutToClose_)
+        aboutToClose_();
     if (closed_)
         closed_();
 }

@@ -58,6 +58,10 @@ EditMenu::EditMenu(QMenu& menu, const EditCommands& commands)
                        commands.linkAsChild);
     menu.addSeparator();
     find_ = add(menu, text("&Find\u2026"), QKeySequence(QKeySequence::Find), commands.find);
+    // As buttons they keep their width whatever they are about to change.
+    undo_->setIconText(text("Undo"));
+    redo_->setIconText(text("Redo"));
+    remove_->setIconText(text("Remove"));
 }
 
 void EditMenu::show(const EditState& state)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 #include <functional>
@@ -39,6 +40,9 @@ public:
     EditMenu(QMenu& menu, const EditCommands& commands);
 
     void show(const EditState& state);
+
+    /// The commands that a family is built and mended with, for showing them outside of the menu, too.
+    QList<QAction*> mainCommands() const { return {addPerson_, remove_, undo_, redo_}; }
 
 private:
     QAction* undo_;

@@ -4,6 +4,7 @@
 #include "canvas/tree_view.h"
 #include "document/document.h"
 #include "link_generations.h"
+#include "personlist/person_list.h"
 
 #include <utility>
 #include <variant>
@@ -52,7 +53,7 @@ void FamilyQueue::addSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run
     block.onMainWaiting([this, run, id] { join(*run, id); });
     if (run->isRepeated())
         return;
-    block.onMain([this] { document_.rearrangeList(); })
+    block.onMain([this] { document_.list().rearrangeObjects(); })
         .onMainWaiting([this, id] {
             if (Person* const person = document_.context().person(id))
                 document_.selectPerson(*person);

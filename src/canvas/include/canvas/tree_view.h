@@ -6,6 +6,7 @@
 #include "canvas/navigation.h"
 #include "canvas/row_glide.h"
 #include "canvas/row_spacing.h"
+#include "canvas/seen_part.h"
 #include "canvas/steady_view.h"
 #include "canvas/view_transform.h"
 #include "model/object_context.h"
@@ -125,6 +126,11 @@ public:
     CanvasPoint toCanvas(QPointF pixel) const { return view_.toCanvas(pixel); }
     /// Scrolls until the person's node is in view; while a pointer is down, once that has been let go.
     void reveal(const Person& person);
+    /// What is in view now; no value without any node.
+    std::optional<SeenPart> seenPart() const;
+    /// The first picture shows this part, whatever size the view has by then. If its person is gone, the view starts
+    /// where it would without it.
+    void startAt(const SeenPart& part);
     void scrollTo(double left, double bottom);
     /// By pixels, right and down, as far as the canvas reaches.
     void scrollBy(QPointF pixels);
@@ -192,6 +198,7 @@ private:
     void setUpViewport();
     void layOutContent();
     void showStartPlace();
+    bool showPart(const SeenPart& part);
     void zoomBy(double factor);
     void viewMoved();
     void showMovedView();
@@ -226,6 +233,7 @@ private:
     bool passRequested_ = false;
     bool contentStale_ = false;
     bool reducedMotion_ = false;
+    std::optional<SeenPart> startPart_;
     bool startPlaceOpen_ = true; // until the first picture the view keeps looking for a place to start at
     bool updatingScrollBars_ = false;
     std::unique_ptr<CanvasGestures> gestures_;

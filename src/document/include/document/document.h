@@ -20,6 +20,7 @@ class DocumentWindow;
 class EditMenu;
 class FamilyQueue;
 class PersonList;
+class PersonTableViewController;
 class SerialQueue;
 class TreeView;
 struct ReplayedChanges;
@@ -57,8 +58,10 @@ public:
     /// The canvas, or nullptr before the first processing has ended. Without it the operations below do nothing.
     TreeView* treeView() const;
 
-    /// The list beside the canvas, which must outlive the document.
+    /// Shows another list beside the canvas than the one that the document makes for itself; it must outlive the
+    /// document.
     void showList(PersonList& list);
+    PersonList& list() const { return *list_; }
 
     /// Adds a person without a name, shows it in the view and puts its name into editing.
     void addPerson();
@@ -104,9 +107,11 @@ private:
     Document(QString path, OpenedFamily family);
 
     void assembleWindow();
+    void makeList();
     void observe();
     Person* ownPerson(const Pool* family, RecordId person) const;
     void initTreeView();
+    void aboutToClose();
     void handleOnboarding();
     void showTitle();
     void commandsChanged();
@@ -126,10 +131,10 @@ private:
     void dropSelectionThatIsGone();
 
     // What the queue has done at its steps.
-    void rearrangeList();
     void syncList();
     void refresh();
     void editNewName(Person& person);
+    void editSelectedName();
     void hasJoined(RecordId person);
     void hasLeft(RecordId person);
     void deselectAfterRemoval(RecordId person);
@@ -141,7 +146,8 @@ private:
     LeafNursery nodes_;
     std::unique_ptr<DocumentWindow> window_;
     std::unique_ptr<EditMenu> editMenu_;
-    PersonList* list_ = nullptr;
+    std::unique_ptr<PersonTableViewController> personTableViewController_;
+    PersonList* list_ = nullptr; // the one above, or another in its place
     Selection selection_;
     std::vector<RecordId> joining_; // added by the user, and no members until their turn comes
     std::vector<RecordId> leaving_; // removed by the user, and in the records until their turn comes

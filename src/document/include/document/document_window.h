@@ -37,6 +37,11 @@ public:
     /// Puts the list of persons beside the canvas; the window owns it from then on.
     void showList(QWidget* list);
 
+    /// Shows the commands as buttons above the family.
+    void showButtons(const QList<QAction*>& commands);
+
+    /// Called when the window is about to close, while everything in it is still there.
+    void setAboutToClose(std::function<void()> aboutToClose) { aboutToClose_ = std::move(aboutToClose); }
     /// Called when the user closes the window.
     void setClosed(std::function<void()> closed) { closed_ = std::move(closed); }
     /// Called when the window becomes the one that the user works in.
@@ -64,6 +69,7 @@ private:
     QMenu* helpMenu_ = nullptr;
     QToolButton* details_ = nullptr;
     bool onboarding_ = false;
+    std::function<void()> aboutToClose_;
     std::function<void()> closed_;
     std::function<void()> activated_;
 };

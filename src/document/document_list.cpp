@@ -1,0 +1,64 @@
+// The list of persons beside the canvas: who is in it, and what its user asks for.
+
+#include "canvas/tree_view.h"
+#include "document/document.h"
+#include "document/document_window.h"
+#include "personlist/person_table_view_controller.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace lineara {
+
+void Document::makeList()
+{
+    personTableViewController_ = std::make_unique<PersonTableViewController>(pool());
+    list_ = personTableViewController_.get();
+    window_->showList(&list_->view());
+    personTableViewController_->setPersonChosen([this](Person& person) {
+        selectPerson(person);
+        if (TreeView* const canvas = treeView())
+            canvas->reveal(person);
+    });
+    personTableViewController_->setAboutToEdit([this] {
+        if (TreeView* const canvas = treeView())
+            canvas->settle();
+    });
+}
+
+void Document::showList(PersonList& list)
+{
+    personTableViewController_.reset();
+    list_ = &list;
+    window_->showList(&list.view());
+    syncList();
+    list.rearrangeObjects();
+}
+
+void Document::syncList()
+{
+    std::vector<Person*> persons;
+    std::ranges::copy_if(pool().persons(), std::back_inserter(persons),
+                         [this](const Person* person) { return !isLeaving(person->recordId()); });
+    for (const RecordId id : joining_) {
+        Person* const person = context().person(id);
+        if (person && !person->pool() && !isLeaving(id))
+            persons.push_back(person);
+    }
+    list_->setObjects(persons);
+}
+
+/// By now the user may be busy with something else.
+void Document::editNewName(Person& person)
+{
+    if (selection_.person == person.recordId() && !list_->isEditing())
+        list_->editNameForPerson(person);
+}
+
+void Document::editSelectedName()
+{
+    if (Person* const person = selectionPerson())
+        list_->editNameForPerson(*person);
+}
+
+} // namespace lineara
