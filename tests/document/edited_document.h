@@ -88,12 +88,20 @@ private:
     QWidget* view_ = new QWidget;
 };
 
+enum class ListOf
+{
+    Test,    ///< a recording list in place of the document's own
+    Document ///< the document's own
+};
+
 /// A document that a test edits as its user would, with the queue held where a test wants to come first.
 class EditedDocument
 {
 public:
-    EditedDocument() : EditedDocument(Document::create()) {}
-    explicit EditedDocument(const ObjectContext& family) : EditedDocument(openSaved(family)) {}
+    explicit EditedDocument(ListOf lists = ListOf::Test) : EditedDocument(Document::create(), lists) {}
+    explicit EditedDocument(const ObjectContext& family, ListOf lists = ListOf::Test)
+        : EditedDocument(openSaved(family), lists)
+    {}
 
     ~EditedDocument()
     {
@@ -102,7 +110,7 @@ public:
     }
 
     std::unique_ptr<Document> document;
-    std::unique_ptr<RecordingList> list;
+    std::unique_ptr<RecordingList> list; ///< nullptr where the document's own list is shown
 
     ObjectContext& context() const { return document->context(); }
     Pool& pool() const { return document->pool(); }
@@ -181,10 +189,12 @@ public:
     }
 
 private:
-    explicit EditedDocument(std::unique_ptr<Document> opened) : document(std::move(opened))
+    EditedDocument(std::unique_ptr<Document> opened, ListOf lists) : document(std::move(opened))
     {
         document->window().show();
         EXPECT_TRUE(lineara::settle(*document));
+        if (lists == ListOf::Document)
+            return;
         list = std::make_unique<RecordingList>();
         document->showList(*list);
         list->log.clear();
