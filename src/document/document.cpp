@@ -102,7 +102,7 @@ void Document::observe()
         if (!change.person)
             deselectAll();
         else if (Person* const person = context().person(*change.person))
-            selectPerson(*person);
+            selectInList(*person);
     }));
     subscriptions_.push_back(center.observe<LinkSelectionNotification>([this](const auto& selected) {
         if (selected.family != &pool())
@@ -139,6 +139,7 @@ void Document::initTreeView()
     window_->showCanvas(new TreeView(pool(), frame, chance_));
     if (const auto part = SeenParts::of(context().storeUuid()))
         treeView()->startAt(*part);
+    QObject::connect(treeView(), &TreeView::editNameRequested, treeView(), [this] { editSelectedName(); });
     commandsChanged();
 }
 

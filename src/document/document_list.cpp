@@ -15,11 +15,7 @@ void Document::makeList()
     personTableViewController_ = std::make_unique<PersonTableViewController>(pool());
     list_ = personTableViewController_.get();
     window_->showList(&list_->view());
-    personTableViewController_->setPersonChosen([this](Person& person) {
-        selectPerson(person);
-        if (TreeView* const canvas = treeView())
-            canvas->reveal(person);
-    });
+    personTableViewController_->setPersonChosen([this](Person& person) { leadTo(person); });
     personTableViewController_->setAboutToEdit([this] {
         if (TreeView* const canvas = treeView())
             canvas->settle();
@@ -53,6 +49,22 @@ void Document::editNewName(Person& person)
 {
     if (selection_.person == person.recordId() && !list_->isEditing())
         list_->editNameForPerson(person);
+}
+
+/// The list answers every selection with an announcement, and a click on a node must not move what is clicked.
+void Document::selectInList(Person& person)
+{
+    if (selection_.person == person.recordId())
+        selectPerson(person);
+    else
+        leadTo(person);
+}
+
+void Document::leadTo(Person& person)
+{
+    selectPerson(person);
+    if (TreeView* const canvas = treeView())
+        canvas->reveal(person);
 }
 
 void Document::editSelectedName()

@@ -135,6 +135,8 @@ private:
     void refresh();
     void editNewName(Person& person);
     void editSelectedName();
+    void selectInList(Person& person);
+    void leadTo(Person& person);
     void hasJoined(RecordId person);
     void hasLeft(RecordId person);
     void deselectAfterRemoval(RecordId person);
