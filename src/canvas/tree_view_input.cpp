@@ -181,6 +181,8 @@ void TreeView::clearFirstResponder()
 
 void TreeView::nodeMoved(const LeafView& node)
 {
+    if (!scene_.shows(node.person()))
+        return;
     scene_.nodeMoved(node);
     contentChanged();
 }

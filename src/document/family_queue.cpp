@@ -11,7 +11,13 @@
 
 namespace lineara {
 
-FamilyQueue::FamilyQueue(Document& document) : document_(document) {}
+FamilyQueue::FamilyQueue(Document& document) : document_(document)
+{
+    rollBacks_ = document.context().observe([this](const Change& change) {
+        if (std::holds_alternative<Replayed>(change) && !isReplaying_)
+            followRollBack();
+    });
+}
 
 Journal& FamilyQueue::journal()
 {

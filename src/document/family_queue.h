@@ -2,6 +2,7 @@
 
 #include "due_ledger.h"
 #include "free_heights.h"
+#include "platform/observer_list.h"
 #include "platform/serial_queue.h"
 #include "replayed_changes.h"
 #include "work_run.h"
@@ -51,6 +52,7 @@ private:
     void giveGenerations(WorkRun& run, const Linking& linking);
     void finish(const WorkRun& run, const std::function<void()>& change);
 
+    void followRollBack();
     void enqueueReplay(Direction direction);
     void replay(Direction direction);
     ReplayedChanges replayJournal(Direction direction);
@@ -63,6 +65,8 @@ private:
     Document& document_;
     DueLedger ledger_;
     FreeHeights heights_;
+    Subscription rollBacks_;
+    bool isReplaying_ = false;
     SerialQueue queue_;
 };
 

@@ -4,6 +4,8 @@
 #include "document/document.h"
 #include "family_queue.h"
 
+#include <QScopedValueRollback>
+
 #include <utility>
 
 namespace lineara {
@@ -54,11 +56,26 @@ ReplayedChanges FamilyQueue::replayJournal(Direction direction)
 {
     ReplayedChanges changes;
     const Subscription watch = document_.context().observe([&](const Change& change) { changes.add(change); });
+    const QScopedValueRollback replaying(isReplaying_, true);
     if (direction == Direction::Undo)
         journal().undo();
     else
         journal().redo();
     return changes;
+}
+
+/// A gesture that was taken back has taken along what earlier steps had led to by then.
+void FamilyQueue::followRollBack()
+{
+    if (newestStep() == StepId() || !ledger_.isDue(newestStep()))
+        return;
+    document_.pool().rebuildLists();
+    restoreHeights(heights_.at(journal().latestStep(), FreeHeights::Side::Before));
+    ReplayedChanges everything;
+    everything.members = true;
+    everything.rows = true;
+    document_.showReplayed(everything);
+    enqueueDue();
 }
 
 void FamilyQueue::restoreHeights(const FreeHeights::Heights& heights)

@@ -11,14 +11,15 @@ namespace lineara {
 
 namespace {
 
-constexpr double reach = 4; ///< of a mark beyond the node
-constexpr double cornerRadius = 10;
+constexpr double haloReach = 4; ///< beyond the node
+constexpr double haloRadius = 10;
 constexpr double haloWidth = 3;
-constexpr double ringWidth = 1.5;
+constexpr double ringReach = 3.5; ///< beyond the panel
+constexpr double ringWidth = 2;
 
-QRectF surroundings(const LeafView& node)
+QRectF haloOf(const LeafView& node)
 {
-    return toPicture(node.frame()).adjusted(-reach, -reach, reach, reach);
+    return toPicture(node.frame()).adjusted(-haloReach, -haloReach, haloReach, haloReach);
 }
 
 /// Grows with the picture, but can be seen in one of any size.
@@ -27,36 +28,45 @@ double shownWidth(const QPainter& painter, double width)
     return std::max(width, width / painter.worldTransform().m11());
 }
 
-void paintFrame(QPainter& painter, const LeafView& node, const QPen& outline, const QBrush& fill)
+void paintFrame(QPainter& painter, const QRectF& frame, double radius, const QPen& outline, const QBrush& fill)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(outline);
     painter.setBrush(fill);
-    painter.drawRoundedRect(surroundings(node), cornerRadius, cornerRadius);
+    painter.drawRoundedRect(frame, radius, radius);
     painter.restore();
+}
+
+void paintHalo(QPainter& painter, const LinkTarget& target)
+{
+    QColor fill = colours::linkFill(target.linkType);
+    fill.setAlphaF(colours::haloOpacity);
+    const QPen outline(colours::linkStroke(target.linkType), shownWidth(painter, haloWidth));
+    paintFrame(painter, haloOf(*target.node), haloRadius, outline, fill);
+}
+
+void paintRing(QPainter& painter, const LeafView& node)
+{
+    const QRectF ring = toPicture(node.infoFrame()).adjusted(-ringReach, -ringReach, ringReach, ringReach);
+    const QPen outline(colours::focusRing(), shownWidth(painter, ringWidth));
+    paintFrame(painter, ring, LeafInfoView::cornerRadius + ringReach, outline, Qt::NoBrush);
 }
 
 } // namespace
 
 void paintMarksBelow(QPainter& painter, const NodeMarks& marks)
 {
-    const auto& target = marks.linkTarget;
-    if (!target || !target->isPossible)
-        return;
-    QColor fill = colours::linkFill(target->linkType);
-    fill.setAlphaF(colours::haloOpacity);
-    paintFrame(painter, *target->node, QPen(colours::linkStroke(target->linkType), shownWidth(painter, haloWidth)),
-               fill);
+    if (marks.linkTarget && marks.linkTarget->isPossible)
+        paintHalo(painter, *marks.linkTarget);
+    if (marks.focused)
+        paintRing(painter, *marks.focused);
 }
 
 void paintMarksAbove(QPainter& painter, const NodeMarks& marks)
 {
     if (marks.linkTarget && !marks.linkTarget->isPossible)
-        paintFrame(painter, *marks.linkTarget->node, Qt::NoPen, colours::refusalVeil());
-    if (marks.focused)
-        paintFrame(painter, *marks.focused,
-                   QPen(colours::focusRing(), shownWidth(painter, ringWidth), Qt::DotLine, Qt::RoundCap), Qt::NoBrush);
+        paintFrame(painter, haloOf(*marks.linkTarget->node), haloRadius, Qt::NoPen, colours::refusalVeil());
 }
 
 } // namespace lineara

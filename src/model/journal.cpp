@@ -135,8 +135,10 @@ void Journal::rollBack()
     if (state_->taking != Taking::NewStep || state_->replaying)
         return;
     state_->taking = Taking::Nothing;
-    state_->replay([&] { state_->done.back().own.undo(state_->context); });
-    state_->dropLast();
+    state_->replay([&] {
+        state_->done.back().own.undo(state_->context);
+        state_->dropLast();
+    });
 }
 
 bool Journal::canUndo() const

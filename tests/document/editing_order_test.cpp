@@ -4,6 +4,9 @@
 
 #include <gmock/gmock.h>
 
+#include <QKeyEvent>
+#include <QMouseEvent>
+
 using namespace lineara;
 using testing::Contains;
 using testing::Each;
@@ -265,4 +268,35 @@ TEST_F(EditingOrder, WhatWasDueStaysDueIfTheUserGoesOnBeforeItsTurn)
     fresh.undo();
     EXPECT_EQ(a.generation(), 1);
     EXPECT_EQ(c.generation(), std::nullopt);
+}
+
+TEST_F(EditingOrder, ADragThatIsTakenBackLeavesWhatEarlierStepsHaveLedToMeanwhile)
+{
+    Person& first = edited.add();
+    Person& second = edited.add();
+    const QByteArray unlinked = edited.text();
+    edited.hold();
+    edited.linkUnsettled(first, second, partnerLink);
+    const auto press = [&](QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, at, edited.canvas().viewport()->mapToGlobal(at), button, buttons, Qt::NoModifier);
+        QApplication::sendEvent(edited.canvas().viewport(), &event);
+    };
+    Person& dragged = person(kid);
+    edited.canvas().reveal(dragged);
+    const auto x = dragged.x();
+    const QPointF at = edited.canvas().toViewport(dragged.leafView()->infoFrame().centre());
+    press(QEvent::MouseButtonPress, at, Qt::LeftButton, Qt::LeftButton);
+    press(QEvent::MouseMove, at + QPointF(5, 0), Qt::NoButton, Qt::LeftButton);
+    ASSERT_NE(dragged.x(), x);
+    edited.release();
+    EXPECT_EQ(first.generation(), 1);
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(&edited.canvas(), &escape);
+    edited.settle();
+    EXPECT_EQ(dragged.x(), x);
+    EXPECT_EQ(first.generation(), 1);
+    EXPECT_EQ(second.generation(), 1);
+    EXPECT_EQ(edited.journal().undoName(), u"Link Partner"_qs);
+    edited.undo();
+    EXPECT_EQ(edited.text(), unlinked);
 }

@@ -62,7 +62,7 @@ inline QColor refusalVeil()
 }
 inline QColor focusRing()
 {
-    return detail::rgb(0.2f, 0.2f, 0.3f, 0.9f);
+    return detail::rgb(0.3f, 0.36f, 0.5f, 0.85f);
 }
 
 // The panel. Its texts are dark whatever the desktop's theme, because the panel is light in every theme.

@@ -28,9 +28,10 @@ struct NodeMarks
 
 // Both draw with a painter that stands in picture coordinates, scaled and moved but not turned, and leave it as it was.
 
-/// A halo in the colour of the link around a node that can be linked. To be drawn before the nodes.
+/// A halo in the colour of the link around a node that can be linked, and a ring around the panel of the focused one,
+/// outside of the border that tells who is selected. To be drawn before the nodes.
 void paintMarksBelow(QPainter& painter, const NodeMarks& marks);
-/// A veil on a node that can't be linked, and a ring around the focused one. To be drawn after the nodes.
+/// A veil on a node that can't be linked. To be drawn after the nodes.
 void paintMarksAbove(QPainter& painter, const NodeMarks& marks);
 
 } // namespace lineara
