@@ -29,11 +29,23 @@ enum class Taking
 
 struct Journal::State
 {
+    struct Opening
+    {};
+
+    /// Where changes went before the latest step was begun.
+    struct Former
+    {
+        std::optional<Step> next = std::nullopt;
+        bool took = false; ///< into the last step of `done`
+    };
+
     ObjectContext& context;
+    ObserverList<Opening> opening;
     std::vector<Step> done;
     std::vector<Step> undone;
     std::vector<Step> replaced; ///< what a new step made impossible to redo, until it is sure to stay
     std::optional<Step> next;   ///< begun, and not yet a part of the history
+    Former former;
     std::uint64_t lastId = 0;
     Taking taking = Taking::Nothing;
     bool replaying = false;
@@ -99,14 +111,19 @@ struct Journal::State
 };
 
 Journal::Journal(ObjectContext& context)
-    : state_(new State{.context = context, .done = {}, .undone = {}, .replaced = {}, .next = {}})
+    : state_(new State{
+          .context = context, .opening = {}, .done = {}, .undone = {}, .replaced = {}, .next = {}, .former = {}})
 {}
 
 Journal::~Journal() = default;
 
 StepId Journal::begin(QString name)
 {
+    state_->opening.report({});
+    State::Former former{std::exchange(state_->next, std::nullopt),
+                         state_->taking != Taking::Nothing && !state_->lastIsEmpty()};
     state_->close();
+    state_->former = std::move(former);
     state_->next.emplace(Step{{++state_->lastId}, JournalStep(std::move(name))});
     return state_->next->id;
 }
@@ -129,16 +146,36 @@ void Journal::amend()
     state_->taking = Taking::AmendedStep;
 }
 
+Subscription Journal::beforeStep(std::function<void()> finish)
+{
+    return state_->opening.add([finish = std::move(finish)](const State::Opening&) { finish(); });
+}
+
 void Journal::rollBack()
 {
-    state_->next.reset();
-    if (state_->taking != Taking::NewStep || state_->replaying)
+    if (state_->replaying)
+        return;
+    if (std::exchange(state_->next, std::nullopt)) {
+        takeAsBefore();
+        return;
+    }
+    if (state_->taking != Taking::NewStep)
         return;
     state_->taking = Taking::Nothing;
     state_->replay([&] {
         state_->done.back().own.undo(state_->context);
         state_->dropLast();
+        takeAsBefore();
     });
+}
+
+void Journal::takeAsBefore()
+{
+    State::Former former = std::exchange(state_->former, {});
+    if (former.next)
+        state_->next = std::move(former.next);
+    else if (former.took)
+        amend();
 }
 
 bool Journal::canUndo() const
@@ -226,6 +263,7 @@ void Journal::clear()
 {
     state_->taking = Taking::Nothing;
     state_->next.reset();
+    state_->former = {};
     state_->done.clear();
     state_->undone.clear();
     state_->replaced.clear();

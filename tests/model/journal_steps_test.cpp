@@ -196,4 +196,61 @@ TEST_F(AmendedStep, IsAsItWasAfterANewStepIsRolledBack)
     EXPECT_EQ(family.text(), both);
 }
 
+TEST(JournalSteps, GoOnWhereAStepThatWasTakenBackHadInterruptedThem)
+{
+    Family family;
+    const std::string before = family.text();
+    family.journal.begin(u"First"_qs);
+    family.a.setX(1);
+    family.journal.begin(u"Taken Back"_qs);
+    family.b.setX(2);
+    family.journal.rollBack();
+    family.b.setX(3);
+    EXPECT_EQ(family.journal.undoName(), u"First"_qs);
+    family.journal.begin(u"Not Even Changing Anything"_qs);
+    family.journal.rollBack();
+    family.a.setX(4);
+    const std::string after = family.text();
+    EXPECT_EQ(family.journal.depth(), 1u);
+    family.journal.undo();
+    EXPECT_EQ(family.text(), before);
+    family.journal.redo();
+    EXPECT_EQ(family.text(), after);
+}
+
+TEST(JournalSteps, ThatHadNoChangesYetWhenTheyWereInterruptedStillGetThem)
+{
+    Family family;
+    const std::string before = family.text();
+    family.journal.begin(u"Waiting"_qs);
+    family.journal.begin(u"Taken Back"_qs);
+    family.b.setX(2);
+    family.journal.rollBack();
+    family.b.setX(3);
+    EXPECT_EQ(family.journal.undoName(), u"Waiting"_qs);
+    family.journal.undo();
+    EXPECT_EQ(family.text(), before);
+}
+
+TEST(JournalSteps, TakeInWhatHasBeenPutOffUntilTheNextOneBegins)
+{
+    Family family;
+    int putOff = 0;
+    Subscription watch = family.journal.beforeStep([&] { family.a.setX(++putOff); });
+    family.journal.begin(u"First"_qs);
+    family.b.setX(100);
+    family.journal.reserve(u"Second"_qs);
+    family.b.setX(200);
+    EXPECT_EQ(family.a.x(), 2);
+    family.journal.undo();
+    EXPECT_EQ(family.a.x(), 2);
+    EXPECT_EQ(family.b.x(), 100);
+    family.journal.undo();
+    EXPECT_NE(family.a.x(), 2);
+    EXPECT_NE(family.b.x(), 100);
+    watch = {};
+    family.journal.begin(u"Third"_qs);
+    EXPECT_EQ(putOff, 2);
+}
+
 } // namespace lineara

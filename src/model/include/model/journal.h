@@ -1,10 +1,13 @@
 #pragma once
 
+#include "platform/observer_list.h"
+
 #include <QString>
 
 #include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -46,7 +49,12 @@ public:
     /// be redone: before that, what is added now is taken back, and it is there again when they are undone once more.
     void amend();
 
-    /// Takes back the changes of the step that begin() opened and forgets it, as if it had never been begun.
+    /// Calls `finish` whenever another step is about to open and the one before still takes changes: what has been put
+    /// off, but belongs to that, is to be done now.
+    [[nodiscard]] Subscription beforeStep(std::function<void()> finish);
+
+    /// Takes back the changes of the step that begin() opened and forgets it, as if it had never been begun: further
+    /// changes belong to the step before, if they did until then.
     void rollBack();
 
     /// The step that was begun last, whether it is a part of the history or not; 0 before the first.
@@ -92,6 +100,8 @@ private:
     void note(JournalEntry&& entry);
     /// Whether note() would keep an entry now.
     bool recording() const;
+
+    void takeAsBefore();
 
     struct State;
     std::unique_ptr<State> state_;
