@@ -6,6 +6,7 @@
 #include <map>
 #include <numeric>
 #include <optional>
+#include <ranges>
 #include <utility>
 
 namespace lineara {
@@ -96,6 +97,8 @@ void KnownRows::indexPersons() const
 {
     if (!rowOfPerson_.empty())
         return;
+    const auto sizes = rows_ | std::views::transform([](const auto& row) { return row.size(); });
+    rowOfPerson_.reserve(std::reduce(sizes.begin(), sizes.end()));
     for (std::size_t row = 1; row < rows_.size(); ++row) {
         for (const RecordId person : rows_[row])
             rowOfPerson_.emplace(person, static_cast<std::int32_t>(row));

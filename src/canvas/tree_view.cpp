@@ -34,6 +34,7 @@ TreeView::TreeView(Pool& pool, QSize frame, RandomSource& random, QWidget* paren
     records_ = pool.context().observe([this](const Change& change) { follow(change); });
     dragEnds_ = NotificationCenter::defaultCenter().observe<PersonDragEndedNotification>(
         [this](const auto& ended) { personDragNotification(ended); });
+    steps_ = pool.context().journal().beforeStep([this] { settle(); });
     trimView();
     setNeedsUpdateConstraints();
     settle();
@@ -55,6 +56,7 @@ void TreeView::addViewForPerson(Person& person)
     if (isNew)
         node->setYConstant(newPersonConstant(documentVisibleRect()));
     scene_.addNode(*node);
+    edgeStale_ = true;
     contentChanged();
     if (isNew)
         reveal(person);
@@ -65,6 +67,8 @@ void TreeView::removeViewForPerson(Person& person)
     hidden_.insert(person.recordId());
     if (!scene_.shows(person))
         return;
+    // The node comes back if the person does, but the selection does not.
+    person.leafView()->unfocus();
     glide_.forget(*person.leafView());
     gestures_->forget(*person.leafView());
     scene_.removePerson(person);
@@ -127,6 +131,7 @@ void TreeView::followAttributes(const AttributesChanged& change)
         return;
     const LeafView& node = *change.person.leafView();
     scene_.nodeMoved(node);
+    edgeStale_ = true;
     contentChanged();
     if (isReplaying())
         return;
@@ -147,6 +152,7 @@ void TreeView::followPlaces(const ManyChanged& change)
     } else {
         scene_.allMoved();
     }
+    edgeStale_ = true;
     contentChanged();
     if (!isReplaying() && smallestXConstant().value_or(0) < 0)
         setNeedsUpdateConstraints();
@@ -156,6 +162,7 @@ void TreeView::followMembership(Person& person, bool joined)
 {
     // A replayed change may join persons before they have their x back, so newcomers wait for the pass.
     if (joined) {
+        membersStale_ = true;
         setNeedsUpdateConstraints();
     } else {
         removeViewForPerson(person);

@@ -24,7 +24,6 @@ bool TreeView::connect(Person& from, Person& to, const QString& type)
 {
     if (!scene_.shows(from) || !scene_.shows(to) || !pool().canLink(type, from, to))
         return false;
-    settle();
     pool().context().journal().begin(type == partnerLink ? tr("Link Partner") : tr("Link Child"));
     if (from.generation() && !to.generation())
         placeBeside(from, to);

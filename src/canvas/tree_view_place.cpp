@@ -11,11 +11,11 @@ namespace lineara {
 namespace {
 
 constexpr double readableZoom = 0.5;
-constexpr double startMargin = 60; // below the youngest, whose ancestors are what there is to see
+constexpr double revealMargin = 24; // pixels, also so that a scroll bar that comes up covers nobody
+constexpr double startMargin = 60;  // below the youngest, whose ancestors are what there is to see
 
-Frame withMargin(const Frame& nodes)
+Frame withMargin(const Frame& nodes, double margin = FamilyPicture::margin)
 {
-    constexpr double margin = FamilyPicture::margin;
     return {nodes.x - margin, nodes.y - margin, nodes.width + 2 * margin, nodes.height + 2 * margin};
 }
 
@@ -84,7 +84,9 @@ void TreeView::reveal(const Person& person)
         return;
     }
     layOutContent();
-    view_.reveal(frameAtRest(*person.leafView()));
+    const Frame frame = frameAtRest(*person.leafView());
+    if (!toPicture(view_.visible()).contains(toPicture(frame)))
+        view_.reveal(withMargin(frame, revealMargin / view_.zoom()));
     viewMoved();
 }
 

@@ -102,7 +102,8 @@ void TreeView::runRequested()
 
 void TreeView::updateConstraints()
 {
-    syncNodes();
+    if (std::exchange(membersStale_, false))
+        syncNodes();
     constrainRowsOfResized();
     for (const std::int32_t row : spacedRows_.changedRows(pool().generations()))
         constrainCollisionsForGeneration(row);
@@ -112,6 +113,8 @@ void TreeView::updateConstraints()
 
 void TreeView::correctLeftEdge()
 {
+    if (!std::exchange(edgeStale_, false))
+        return;
     if (const std::int32_t distance = leftEdgeDistance(smallestXConstant().value_or(0)); distance != 0)
         adjustBy(distance);
 }

@@ -227,10 +227,13 @@ private:
     std::unordered_set<RecordId> hidden_;   // taken off the canvas, because they are about to leave
     Subscription records_;
     Subscription dragEnds_;
+    Subscription steps_;
     QSizeF heldCanvas_{0, 0}; // while a pointer is down the canvas does not shrink below it
     QBasicTimer rest_;        // runs while the view is being moved by hand, and a moment longer
     double shownZoom_ = 1;    // as last told by zoomChanged()
     bool passRequested_ = false;
+    bool membersStale_ = false; // somebody has joined the family and may have no node yet
+    bool edgeStale_ = true;     // somebody may stand left of the canvas
     bool contentStale_ = false;
     bool reducedMotion_ = false;
     std::optional<SeenPart> startPart_;
