@@ -44,11 +44,7 @@ PersonTableViewController::PersonTableViewController(Pool& pool)
     writeLog("Initializing Person List\n");
     thumbnails_ = std::make_unique<Thumbnails>(pool.context(), [this] { showLater(); });
     model_ = new PersonTableModel(pool);
-    RowGestures rows{[this](std::optional<int> row) { rowChosen(row); },
-                     [this] {
-                         if (const auto person = shownSelection())
-                             editNameForPerson(*pool_.context().person(*person));
-                     }};
+    RowGestures rows{[this](std::optional<int> row) { rowChosen(row); }, [this] { editSelectedName(); }};
     SearchGestures searching{[this](const QString& text) { search(text); }, [this] { choosePerson(); }};
     pane_ = new PersonListPane(*model_, std::move(rows), std::move(searching));
     view_ = pane_;
@@ -137,13 +133,16 @@ void PersonTableViewController::select(Person& person)
         openRow_->close();
         return;
     }
-    if (model_->rowOf(id) < 0)
+    if (model_->rowOf(id) < 0 && !isSearching())
         pane_->searchField().clear();
     if (selected_ != id) {
         selectRowOf(id);
         announce();
     }
-    openSelected();
+    if (shownSelection())
+        openSelected();
+    else
+        openRow_->close();
 }
 
 void PersonTableViewController::deselectAll()
@@ -162,8 +161,17 @@ void PersonTableViewController::editNameForPerson(Person& person)
     if (!view_ || !model_->contains(person.recordId()))
         return;
     select(person);
+    if (openRow_->person() != person.recordId())
+        return;
     table_->reveal(model_->rowOf(person.recordId()));
     openRow_->cell()->editName();
+}
+
+void PersonTableViewController::editSelectedName()
+{
+    const auto selected = shownSelection();
+    if (Person* const person = selected ? pool_.context().person(*selected) : nullptr)
+        editNameForPerson(*person);
 }
 
 bool PersonTableViewController::isEditing() const
@@ -172,7 +180,14 @@ bool PersonTableViewController::isEditing() const
         return false;
     const QWidget* const focused = pane_->window()->focusWidget();
     const auto* const cell = openRow_->cell();
-    return focused && (focused == &pane_->searchField() || (cell && cell->isAncestorOf(focused)));
+    return isSearching() || (focused && cell && cell->isAncestorOf(focused));
+}
+
+/// An empty search field may have the keyboard without anybody having wished for it.
+bool PersonTableViewController::isSearching() const
+{
+    const QLineEdit& field = pane_->searchField();
+    return pane_->window()->focusWidget() == &field && !field.text().isEmpty();
 }
 
 void PersonTableViewController::commitEditing()
@@ -315,15 +330,21 @@ void PersonTableViewController::openSelected()
 
 void PersonTableViewController::search(const QString& text)
 {
-    const SearchWords words(text);
-    const RowsInPlace inPlace(*table_);
     found_.reset();
-    if (const auto open = openRow_->person(); open && !words.find(*pool_.context().person(*open)))
-        openRow_->forget();
-    model_->search(words, openRow_->person());
+    showFound(SearchWords(text));
     showSelectedRow();
     if (shownSelection() && !openRow_->person())
         openSelected();
+}
+
+void PersonTableViewController::showFound(const SearchWords& words)
+{
+    const RowsInPlace inPlace(*table_);
+    const auto open = openRow_->person();
+    const Person* const opened = open ? pool_.context().person(*open) : nullptr;
+    if (!opened || !words.find(*opened))
+        openRow_->forget();
+    model_->search(words, openRow_->person());
 }
 
 /// Return goes through everybody who was found, one after the other.
@@ -337,7 +358,6 @@ void PersonTableViewController::choosePerson()
         personChosen_(*person);
 }
 
-/// The selected person, if the search has left its row.
 std::optional<RecordId> PersonTableViewController::shownSelection() const
 {
     return selected_ && model_->rowOf(*selected_) >= 0 ? selected_ : std::nullopt;

@@ -97,8 +97,28 @@ TEST_F(PersonSearch, AnOpenRowThatIsFoundStaysOpenWithItsEditor)
 TEST_F(PersonSearch, SelectingWhomItHidesEndsIt)
 {
     EXPECT_EQ(found("bob"), "B");
+    shown.goBeside();
     shown.select(anna);
     EXPECT_EQ(shown.search().text(), QString());
+    EXPECT_EQ(shown.selected(), anna.recordId());
+    EXPECT_THAT(shown.heights(), ElementsAre(421, 49, 49));
+}
+
+TEST_F(PersonSearch, SelectingSomebodyTakesNothingFromWhoIsTypingIntoIt)
+{
+    shown.select(bob);
+    shown.list->findPersons();
+    EXPECT_FALSE(shown.list->isEditing());
+    QTest::keyClicks(&shown.search(), QStringLiteral("mill"));
+    EXPECT_TRUE(shown.list->isEditing());
+    shown.select(anna);
+    shown.list->editNameForPerson(anna);
+    QTest::keyClicks(&shown.search(), QStringLiteral("er"));
+    EXPECT_EQ(shown.search().text(), QStringLiteral("miller"));
+    EXPECT_THAT(shown.names(), ElementsAre(*bob.name()));
+    EXPECT_EQ(shown.selected(), std::nullopt);
+    EXPECT_THAT(shown.heights(), ElementsAre(49));
+    shown.search().clear();
     EXPECT_EQ(shown.selected(), anna.recordId());
     EXPECT_THAT(shown.heights(), ElementsAre(421, 49, 49));
 }
@@ -175,7 +195,6 @@ TEST_F(PersonSearch, PersonsThatComeBackAreShownOnlyIfTheyAreFound)
 TEST_F(PersonSearch, UndoInTheEmptyFieldIsTheWindows)
 {
     shown.list->findPersons();
-    EXPECT_TRUE(shown.list->isEditing());
     QKeyEvent asked(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
     asked.ignore();
     QApplication::sendEvent(&shown.search(), &asked);

@@ -20,6 +20,7 @@ class PersonTableModel;
 class PersonTableView;
 class Pool;
 class RefusedEntries;
+class SearchWords;
 class Thumbnails;
 
 /// The list of a family's persons, the oldest generation on top, with a search field above it. The selected row opens
@@ -45,10 +46,11 @@ public:
     void rearrangeObjects() override;
     void setObjects(const std::vector<Person*>& persons) override;
 
-    /// A search that does not find the person is ended. Who is not in the list leaves it without a selected row.
+    /// A search that does not find the person is ended, unless something is being typed into it: then the row opens
+    /// once the search is. Who is not in the list leaves it without a selected row.
     void select(Person& person) override;
     void deselectAll() override;
-    /// Selects the person's row if it is not. Nothing happens if the person is not in the list.
+    /// Selects the person's row if it is not. Nothing is edited if the row can't be shown.
     void editNameForPerson(Person& person) override;
     bool isEditing() const override;
     void commitEditing() override;
@@ -78,8 +80,12 @@ private:
     void leave(RecordId person);
     void setPic(RecordId person);
     void removePic(RecordId person);
+    void editSelectedName();
+    bool isSearching() const;
     void search(const QString& text);
+    void showFound(const SearchWords& words);
     void choosePerson();
+    /// The selected person, if the search shows it.
     std::optional<RecordId> shownSelection() const;
 
     Pool& pool_;
