@@ -76,6 +76,7 @@ void Document::assembleWindow()
     commands.redo = [this] { redo(); };
     commands.addPerson = [this] { addPerson(); };
     commands.remove = [this] { remove(); };
+    commands.editName = [this] { editSelectedName(); };
     commands.linkAsPartner = [this] { linkAsPartner(); };
     commands.linkAsChild = [this] { linkAsChild(); };
     commands.find = [this] { list_->findPersons(); };
@@ -118,7 +119,7 @@ void Document::observe()
         if (from && to)
             link(*from, *to, created.type);
     }));
-    subscriptions_.push_back(context().observe([this](const Change&) { commandsChanged(); }));
+    subscriptions_.push_back(context().observe([this](const Change&) { recordsChanged(); }));
 }
 
 Person* Document::ownPerson(const Pool* family, RecordId person) const
@@ -128,7 +129,8 @@ Person* Document::ownPerson(const Pool* family, RecordId person) const
 
 void Document::handleOnboarding()
 {
-    window_->setOnboardingVisible(pool().persons().empty());
+    // Who has just been added is seen already, but joins the pool only in turn.
+    window_->setOnboardingVisible(pool().persons().empty() && joining_.empty());
 }
 
 void Document::initTreeView()
@@ -139,6 +141,7 @@ void Document::initTreeView()
     window_->showCanvas(new TreeView(pool(), frame, chance_));
     if (const auto part = SeenParts::of(context().storeUuid()))
         treeView()->startAt(*part);
+    treeView()->setReducedMotion(reducedMotion_);
     QObject::connect(treeView(), &TreeView::editNameRequested, treeView(), [this] { editSelectedName(); });
     commandsChanged();
 }
@@ -156,24 +159,57 @@ void Document::aboutToClose()
     const auto part = hasOwnFile_ && treeView() ? treeView()->seenPart() : std::nullopt;
     if (part)
         SeenParts::keep(context().storeUuid(), *part);
+    if (auto* const delegate = ApplicationDelegate::shared())
+        delegate->setCanRemove(false);
 }
 
 void Document::save(const QString& path, std::function<void(const Outcome<Done>&)> saved)
 {
+    ++pendingSaves_;
     WorkBlock block;
     block.onMainWaiting([this, path, saved = std::move(saved)] {
+        --pendingSaves_;
         commit();
         const Outcome<Done> outcome = saveFamilyFile(context(), path);
         if (outcome) {
             path_ = path;
             hasOwnFile_ = true;
-            savedStep_ = context().journal().undoStep();
+            savedStep_ = reachedStep();
             showTitle();
             commandsChanged();
         }
         saved(outcome);
     });
     poolProcessing().enqueue(std::move(block));
+}
+
+bool Document::isModified()
+{
+    commit();
+    return reachedStep() != savedStep_;
+}
+
+StepId Document::reachedStep()
+{
+    return context().journal().undoStep().value_or(StepId());
+}
+
+void Document::recordsChanged()
+{
+    // The step that the file holds goes on: a drag, say, in which it was saved.
+    const Journal& journal = context().journal();
+    if (journal.undoStep() && journal.undoStep() == savedStep_ && !journal.replaying())
+        savedStep_.reset();
+    commandsChanged();
+}
+
+void Document::setReducedMotion(bool reduced)
+{
+    reducedMotion_ = reduced;
+    if (personTableViewController_)
+        personTableViewController_->setReducedMotion(reduced);
+    if (TreeView* const canvas = treeView())
+        canvas->setReducedMotion(reduced);
 }
 
 void Document::showTitle()
@@ -205,7 +241,7 @@ void Document::showCommands()
     state.selectionType = selection_.type;
     state.canRemove = selection_.isRemovable;
     editMenu_->show(state);
-    window_->setWindowModified(journal.undoStep() != savedStep_);
+    window_->setWindowModified(reachedStep() != savedStep_);
 }
 
 } // namespace lineara

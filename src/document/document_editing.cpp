@@ -61,7 +61,7 @@ void Document::removePerson(Person& person)
     treeView()->removeViewForPerson(person);
     list_->removeObject(person);
     queue_->enqueue(Leaving{id});
-    queue_->enqueue(Processing{});
+    queue_->enqueue(Processing{std::nullopt});
 }
 
 void Document::removeLink()
@@ -78,7 +78,7 @@ void Document::removeLink()
     if (from && to && selection_.isLink())
         removeShape(*from, *to);
     deselectAll();
-    queue_->enqueue(Processing{});
+    queue_->enqueue(Processing{to ? std::optional(to->recordId()) : std::nullopt});
 }
 
 void Document::removeShape(Person& from, Person& to)
@@ -116,6 +116,7 @@ void Document::refresh()
 {
     list_->rearrangeObjects();
     treeView()->refreshHierarchy();
+    reviseSelection();
 }
 
 void Document::showReplayed(const ReplayedChanges& changes)
@@ -125,7 +126,7 @@ void Document::showReplayed(const ReplayedChanges& changes)
     treeView()->takeRows();
     if (changes.rows)
         refresh();
-    dropSelectionThatIsGone();
+    reviseSelection();
     handleOnboarding();
     if (Person* const person = changes.concerned ? context().person(*changes.concerned) : nullptr)
         treeView()->reveal(*person);

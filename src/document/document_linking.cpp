@@ -54,6 +54,14 @@ void Document::chooseRelative(const QString& title, const QString& type)
     chooser->open();
 }
 
+/// The selected one of two who were linked; otherwise the one who comes to the other.
+Person& Document::concernedBy(Person& from, Person& to) const
+{
+    if (selectionPerson() == &from || selectionPerson() == &to)
+        return *selectionPerson();
+    return to.generation() && !from.generation() ? from : to;
+}
+
 bool Document::mayBeLinked(Person& selected, Person& other, const QString& type) const
 {
     if (isLeaving(selected.recordId()) || isLeaving(other.recordId()))

@@ -71,13 +71,19 @@ void Document::deselectAfterRemoval(RecordId person)
 {
     if (selection_.type == Selection::none() || selection_.person == person)
         deselectAll();
+    else
+        reviseSelection();
 }
 
-void Document::dropSelectionThatIsGone()
+/// What is selected may have gone, or have gone and come back.
+void Document::reviseSelection()
 {
     if (selection_.type == Selection::ofPerson()) {
-        if (!selectionPerson())
+        Person* const person = selectionPerson();
+        if (!person)
             deselectAll();
+        else if (!isLeaving(person->recordId()))
+            treeView()->focus(*person);
         return;
     }
     if (!selection_.isLink())

@@ -51,6 +51,7 @@ EditMenu::EditMenu(QMenu& menu, const EditCommands& commands)
     menu.addSeparator();
     addPerson_ = add(menu, text("&Add Person"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), commands.addPerson);
     remove_ = add(menu, removeText(Selection::none()), QKeySequence(QKeySequence::Delete), commands.remove);
+    editName_ = add(menu, text("Edit &Name"), QKeySequence(Qt::Key_F2), commands.editName);
     menu.addSeparator();
     linkAsPartner_ = add(menu, text("Link as &Partner of\u2026"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P),
                          commands.linkAsPartner);
@@ -72,6 +73,7 @@ void EditMenu::show(const EditState& state)
     remove_->setText(removeText(state.selectionType));
     remove_->setEnabled(state.canEdit && state.canRemove);
     const bool hasPerson = state.canEdit && state.canRemove && state.selectionType == Selection::ofPerson();
+    editName_->setEnabled(hasPerson);
     linkAsPartner_->setEnabled(hasPerson);
     linkAsChild_->setEnabled(hasPerson);
     find_->setEnabled(state.canEdit);

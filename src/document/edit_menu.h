@@ -18,6 +18,7 @@ struct EditCommands
     std::function<void()> redo;
     std::function<void()> addPerson;
     std::function<void()> remove;
+    std::function<void()> editName;
     std::function<void()> linkAsPartner;
     std::function<void()> linkAsChild;
     std::function<void()> find;
@@ -49,6 +50,7 @@ private:
     QAction* redo_;
     QAction* addPerson_;
     QAction* remove_;
+    QAction* editName_;
     QAction* linkAsPartner_;
     QAction* linkAsChild_;
     QAction* find_;

@@ -90,8 +90,9 @@ void FamilyQueue::addSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run
     addEngineSteps(block, run);
 }
 
-void FamilyQueue::addSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run, const Processing&)
+void FamilyQueue::addSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run, const Processing& processing)
 {
+    run->concerned = processing.concerned;
     block.onMainWaiting([this, run] {
         if (run->isWanted())
             run->engine.prepare(document_.pool());
@@ -116,8 +117,10 @@ void FamilyQueue::join(const WorkRun& run, RecordId id)
     if (!person)
         return;
     document_.pool().addPerson(*person);
-    if (run.isRepeated())
+    if (run.isRepeated()) {
         document_.syncList();
+        document_.handleOnboarding();
+    }
     ledger_.finished(run.work, run.of, newestStep());
 }
 
@@ -145,6 +148,7 @@ void FamilyQueue::giveGenerations(WorkRun& run, const Linking& linking)
     Person* const to = document_.context().person(linking.to);
     if (!from || !to)
         return;
+    run.concerned = document_.concernedBy(*from, *to).recordId();
     if (needsFullRun(*from, *to, linking.type)) {
         run.engine.prepare(document_.pool());
         return;
@@ -161,6 +165,9 @@ void FamilyQueue::finish(const WorkRun& run, const std::function<void()>& change
     change();
     heights_.add(newestStep(), FreeHeights::Side::Before, FreeHeights::changed(heights, document_.pool()));
     document_.refresh();
+    Person* const concerned = run.concerned ? document_.context().person(*run.concerned) : nullptr;
+    if (concerned && !run.isRepeated())
+        document_.treeView()->reveal(*concerned);
     ledger_.finished(run.work, run.of, newestStep());
 }
 

@@ -25,6 +25,7 @@ void FamilyQueue::enqueueReplay(Direction direction)
     document_.commit();
     WorkBlock block;
     block.onMainWaiting([this, direction, meant = journal().latestStep()] {
+        document_.commit();
         // A change that the user made after the command is nothing that the command was meant for.
         if (journal().latestStep() == meant)
             replay(direction);
@@ -34,7 +35,6 @@ void FamilyQueue::enqueueReplay(Direction direction)
 
 void FamilyQueue::replay(Direction direction)
 {
-    document_.commit();
     const auto step = direction == Direction::Undo ? journal().undoStep() : journal().redoStep();
     if (!step)
         return;

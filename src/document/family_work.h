@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <variant>
 
 namespace lineara {
@@ -30,7 +31,9 @@ struct Linking
 
 /// Everybody's generation is worked out again.
 struct Processing
-{};
+{
+    std::optional<RecordId> concerned; ///< who is to be in view afterwards
+};
 
 /// A change of the family that takes its turn on the document's queue. Persons are named by id: whoever is gone by then
 /// is left out.

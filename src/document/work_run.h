@@ -17,6 +17,7 @@ struct WorkRun
     /// when its turn comes.
     std::shared_ptr<const bool> repetitionWanted = nullptr;
     EngineRun engine = {};
+    std::optional<RecordId> concerned = std::nullopt; ///< who is to be in view once it is done
 
     bool isRepeated() const { return repetitionWanted != nullptr; }
     bool isWanted() const { return !isRepeated() || *repetitionWanted; }

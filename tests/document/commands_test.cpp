@@ -1,5 +1,6 @@
 // The commands of a document's window, given as its user gives them.
 
+#include "canvas/hand.h"
 #include "edited_document.h"
 
 #include <QAction>
@@ -10,6 +11,8 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTest>
+#include <QToolBar>
+#include <QToolButton>
 
 #include <gmock/gmock.h>
 
@@ -89,6 +92,29 @@ TEST_F(Commands, NameWhatTheyRemove)
     press(Qt::Key_Delete);
     EXPECT_THAT(edited.person(102)->partners(), SizeIs(0));
     EXPECT_FALSE(isOffered(QStringLiteral("Remove")));
+}
+
+TEST_F(Commands, StandAsButtonsAboveTheFamily)
+{
+    auto* const buttons = edited.document->window().findChild<QToolBar*>(QStringLiteral("editButtons"));
+    ASSERT_NE(buttons, nullptr);
+    const auto press = [&](const QString& text) {
+        for (auto* const button : buttons->findChildren<QToolButton*>()) {
+            if (button->isVisible() && button->text() == text)
+                QTest::mouseClick(button, Qt::LeftButton);
+        }
+        edited.settle();
+        QApplication::processEvents();
+    };
+    press(QStringLiteral("Add Person"));
+    EXPECT_THAT(edited.pool().persons(), SizeIs(6));
+    press(QStringLiteral("Remove"));
+    EXPECT_THAT(edited.pool().persons(), SizeIs(5));
+    press(QStringLiteral("Undo"));
+    press(QStringLiteral("Undo"));
+    EXPECT_FALSE(edited.journal().canUndo());
+    press(QStringLiteral("Redo"));
+    EXPECT_THAT(edited.pool().persons(), SizeIs(6));
 }
 
 TEST_F(Commands, LinkTheSelectedPersonToOneThatIsTyped)
@@ -193,6 +219,54 @@ TEST(Saving, WaitsForWhatWasQueuedBefore)
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), edited.text());
     EXPECT_TRUE(edited.journal().canUndo());
+}
+
+TEST(Saving, DuringAGlideWritesWhatComesToRest)
+{
+    const TestFiles files;
+    const QString path = files.path(QStringLiteral("saved.lineara"));
+    EditedDocument edited(*threeGenerations());
+    Person& newcomer = edited.add();
+    edited.linkUnsettled(*edited.person(106), newcomer, partnerLink);
+    edited.document->save(path, [](const Outcome<Done>&) {});
+    edited.settle();
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), edited.text());
+    EXPECT_GE(std::abs(*newcomer.x() - *edited.person(106)->x()), 100);
+}
+
+TEST(Saving, InTheMiddleOfADragLeavesTheRestOfItUnsaved)
+{
+    const TestFiles files;
+    EditedDocument edited(*threeGenerations());
+    Hand hand(edited.canvas());
+    hand.press(hand.panel(*edited.person(106)));
+    hand.dragBy({5, 0});
+    edited.document->save(files.path(QStringLiteral("saved.lineara")), [](const Outcome<Done>&) {});
+    edited.settle();
+    EXPECT_FALSE(edited.document->isModified());
+    hand.dragBy({20, 0});
+    hand.release();
+    EXPECT_TRUE(edited.document->isModified());
+    edited.undo();
+    EXPECT_TRUE(edited.document->isModified());
+}
+
+TEST(Saving, OfWhatIsUndoneAndRedoneLaterCountsAsSaved)
+{
+    const TestFiles files;
+    EditedDocument edited(*threeGenerations());
+    edited.add();
+    EXPECT_TRUE(edited.document->isModified());
+    edited.document->save(files.path(QStringLiteral("saved.lineara")), [](const Outcome<Done>&) {});
+    EXPECT_TRUE(edited.document->isSaving());
+    edited.settle();
+    EXPECT_FALSE(edited.document->isSaving());
+    edited.undo();
+    EXPECT_TRUE(edited.document->isModified());
+    edited.redo();
+    EXPECT_FALSE(edited.document->isModified());
 }
 
 TEST(Saving, AFileThatCanNotBeWrittenIsNamed)

@@ -191,6 +191,7 @@ public:
 private:
     EditedDocument(std::unique_ptr<Document> opened, ListOf lists) : document(std::move(opened))
     {
+        document->setChance(SeededRandom(1));
         document->window().show();
         EXPECT_TRUE(lineara::settle(*document));
         if (lists == ListOf::Document)

@@ -1,11 +1,13 @@
 // What the user does while work is still waiting for its turn.
 
+#include "canvas/hand.h"
 #include "edited_document.h"
 
-#include <gmock/gmock.h>
+#include <QDialog>
+#include <QTest>
+#include <QTimer>
 
-#include <QKeyEvent>
-#include <QMouseEvent>
+#include <gmock/gmock.h>
 
 using namespace lineara;
 using testing::Contains;
@@ -277,21 +279,16 @@ TEST_F(EditingOrder, ADragThatIsTakenBackLeavesWhatEarlierStepsHaveLedToMeanwhil
     const QByteArray unlinked = edited.text();
     edited.hold();
     edited.linkUnsettled(first, second, partnerLink);
-    const auto press = [&](QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::MouseButtons buttons) {
-        QMouseEvent event(type, at, edited.canvas().viewport()->mapToGlobal(at), button, buttons, Qt::NoModifier);
-        QApplication::sendEvent(edited.canvas().viewport(), &event);
-    };
     Person& dragged = person(kid);
     edited.canvas().reveal(dragged);
     const auto x = dragged.x();
-    const QPointF at = edited.canvas().toViewport(dragged.leafView()->infoFrame().centre());
-    press(QEvent::MouseButtonPress, at, Qt::LeftButton, Qt::LeftButton);
-    press(QEvent::MouseMove, at + QPointF(5, 0), Qt::NoButton, Qt::LeftButton);
+    Hand hand(edited.canvas());
+    hand.press(hand.panel(dragged));
+    hand.dragBy({5, 0});
     ASSERT_NE(dragged.x(), x);
     edited.release();
     EXPECT_EQ(first.generation(), 1);
-    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-    QApplication::sendEvent(&edited.canvas(), &escape);
+    QTest::keyClick(&edited.canvas(), Qt::Key_Escape);
     edited.settle();
     EXPECT_EQ(dragged.x(), x);
     EXPECT_EQ(first.generation(), 1);
@@ -299,4 +296,66 @@ TEST_F(EditingOrder, ADragThatIsTakenBackLeavesWhatEarlierStepsHaveLedToMeanwhil
     EXPECT_EQ(edited.journal().undoName(), u"Link Partner"_qs);
     edited.undo();
     EXPECT_EQ(edited.text(), unlinked);
+}
+
+TEST_F(EditingOrder, ANeighbourIsDraggedWhileARemovalWaitsAndTheWindowCloses)
+{
+    edited.hold();
+    edited.click(person(partner));
+    edited.document->remove();
+    Hand hand(edited.canvas());
+    hand.press(hand.panel(person(child)));
+    hand.dragBy({40, 0});
+    hand.release();
+    edited.canvas().settle();
+    EXPECT_FALSE(edited.canvas().scene().shows(person(partner)));
+    edited.document->window().close();
+    edited.document.reset();
+    EditedDocument::deliver();
+}
+
+TEST_F(EditingOrder, ARowIgnoresWhoIsAboutToLeave)
+{
+    edited.hold();
+    edited.click(person(partner));
+    edited.document->remove();
+    Hand hand(edited.canvas());
+    hand.press(hand.panel(person(child)));
+    hand.drag(edited.canvas().toViewport(person(partner).leafView()->infoFrame().centre()));
+    hand.release();
+    edited.canvas().settle();
+    const std::int32_t dropped = *person(child).x();
+    edited.release();
+    EXPECT_EQ(person(child).x(), dropped);
+    EXPECT_EQ(edited.journal().depth(), 2u);
+}
+
+TEST_F(EditingOrder, ANodeThatUndoTakesAwayIsLetGo)
+{
+    Person& added = edited.add();
+    Hand hand(edited.canvas());
+    hand.press(hand.panel(added));
+    edited.undo();
+    hand.release();
+    const std::int32_t x = *person(kid).x();
+    hand.press(hand.background(person(kid)));
+    hand.dragBy({50, 0});
+    hand.release();
+    EXPECT_EQ(person(kid).x(), x);
+}
+
+TEST_F(EditingOrder, StepsOfTheQueueComeThroughADialogThatBlocks)
+{
+    Person& newcomer = edited.add();
+    edited.linkUnsettled(person(kid), newcomer, partnerLink);
+    QDialog dialog(&edited.document->window());
+    bool done = false;
+    edited.document->whenSettled([&] {
+        done = true;
+        dialog.accept();
+    });
+    QTimer::singleShot(60'000, &dialog, &QDialog::reject);
+    dialog.exec();
+    EXPECT_TRUE(done);
+    EXPECT_EQ(newcomer.generation(), 1);
 }

@@ -1,4 +1,8 @@
+#include "canvas/placement.h"
+#include "canvas/view_driver.h"
 #include "edited_document.h"
+
+#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -230,6 +234,32 @@ TEST(Editing, RemovingNothingIsNoStepIfNothingChanges)
     edited.clickNothing();
     edited.remove();
     EXPECT_FALSE(edited.journal().canUndo());
+}
+
+TEST(Editing, WhoWasLinkedToSomebodyFarAwayIsInView)
+{
+    auto family = threeGenerations();
+    for (const std::uint64_t number : {102u, 103u, 104u, 105u})
+        family->person({number})->setX(static_cast<std::int32_t>(number - 102) * 200);
+    family->person({106})->setX(20'000);
+    EditedDocument edited(*family);
+    Person& newcomer = edited.add();
+    edited.click(newcomer);
+    edited.canvas().reveal(newcomer);
+    edited.link(*edited.person(106), newcomer, partnerLink);
+    EXPECT_GT(*newcomer.x(), 19'000);
+    EXPECT_TRUE(isInView(edited.canvas(), newcomer));
+}
+
+TEST(Editing, PersonsAreWhereTheyBelongAtOnceIfMotionIsNotWanted)
+{
+    EditedDocument edited(*threeGenerations());
+    edited.document->setReducedMotion(true);
+    Person& parent = edited.add();
+    edited.linkUnsettled(parent, *edited.person(102), offspringLink);
+    const auto isPlaced = [&] { return parent.generation().has_value(); };
+    ASSERT_TRUE(QTest::qWaitFor(isPlaced));
+    EXPECT_EQ(parent.leafView()->yConstraint()->constant, rowConstant(parent.generation()));
 }
 
 TEST(Editing, ALinkIsAskedForByNotificationOfTheOwnFamilyOnly)

@@ -1,4 +1,7 @@
-#include "edited_document.h"
+#include "canvas/view_driver.h"
+#include "listed_document.h"
+
+#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -102,6 +105,8 @@ TEST(History, AShapeFollowsItsLinkThroughUndoAndRedo)
     Person& other = edited.add();
     edited.link(one, other, partnerLink);
     EXPECT_THAT(edited.canvas().branchLayer().layers(), SizeIs(1));
+    // Two newcomers need no run of the engine, and only that makes the lists.
+    EXPECT_THAT(edited.pool().partners(), IsEmpty());
     edited.undo();
     EXPECT_THAT(edited.canvas().branchLayer().layers(), IsEmpty());
     EXPECT_THAT(one.linkLayers(), IsEmpty());
@@ -225,6 +230,104 @@ TEST(History, RedoOfAnAddedPersonDoesNotEditItsName)
     edited.list->log.clear();
     edited.redo();
     EXPECT_THAT(edited.list->log, testing::Not(testing::Contains(testing::StartsWith("edit"))));
+}
+
+TEST(History, TheOnlyPersonOfAFamilyGoesAndComesBack)
+{
+    EditedDocument edited;
+    const RecordId id = edited.add().recordId();
+    edited.click(*edited.context().person(id));
+    edited.remove();
+    edited.canvas().setNeedsUpdateConstraints();
+    edited.settle();
+    edited.undo();
+    EXPECT_THAT(edited.pool().generations()[0], testing::ElementsAre(id));
+    EXPECT_TRUE(edited.canvas().scene().shows(*edited.context().person(id)));
+    edited.add();
+    EXPECT_THAT(edited.pool().persons(), SizeIs(2));
+}
+
+TEST(History, ASelectedLinkStaysSelectedWhileOthersAreMade)
+{
+    EditedDocument edited(*threeGenerations());
+    LinkLayer& shape = *edited.canvas().branchLayer().layers().front();
+    edited.canvas().branchLayer().select(shape);
+    edited.clickLink(*shape.source(), *shape.target(), shape.linkType());
+    edited.link(*edited.person(106), *edited.person(103), partnerLink);
+    EXPECT_EQ(edited.canvas().branchLayer().selectedLink(), &shape);
+    EXPECT_TRUE(edited.document->isRemovable());
+    edited.undo();
+    EXPECT_EQ(edited.canvas().branchLayer().selectedLink(), &shape);
+}
+
+TEST(History, WhoIsLeftBehindByARemovalCountsAsUnlinked)
+{
+    EditedDocument edited;
+    Person& one = edited.add();
+    Person& other = edited.add();
+    edited.link(one, other, partnerLink);
+    edited.click(other);
+    edited.remove();
+    EXPECT_THAT(one.linkLayers(), IsEmpty());
+    edited.undo();
+    EXPECT_THAT(one.linkLayers(), SizeIs(1));
+}
+
+TEST(History, ThePersonConcernedComesIntoView)
+{
+    EditedDocument edited(*threeGenerations());
+    edited.canvas().zoomTo(4, {0, 0});
+    edited.click(*edited.person(102));
+    edited.remove();
+    edited.canvas().reveal(*edited.person(106));
+    ASSERT_FALSE(isInView(edited.canvas(), *edited.person(103)));
+    edited.undo();
+    EXPECT_TRUE(isInView(edited.canvas(), *edited.person(102)));
+}
+
+TEST(History, ANameThatComesBackMovesNoRows)
+{
+    EditedDocument edited(*threeGenerations());
+    edited.journal().begin(QStringLiteral("Edit Name"));
+    edited.person(104)->setName(QStringLiteral("Somebody with a long name"));
+    edited.settle();
+    const auto rows = edited.pool().generations();
+    const LinkLayer* const shape = edited.canvas().branchLayer().layers().front().get();
+    edited.list->log.clear();
+    edited.undo();
+    EXPECT_EQ(edited.person(104)->name(), QStringLiteral("Child"));
+    EXPECT_EQ(edited.pool().generations(), rows);
+    EXPECT_EQ(edited.canvas().branchLayer().layers().front().get(), shape);
+    EXPECT_THAT(edited.list->log, IsEmpty());
+}
+
+TEST(History, WhatIsTypedDuringAGlideIsAStepOfItsOwn)
+{
+    EditedDocument edited(*threeGenerations());
+    Person& newcomer = edited.add();
+    edited.linkUnsettled(*edited.person(106), newcomer, partnerLink);
+    const auto waitForGenerations = [&] { return newcomer.generation().has_value(); };
+    ASSERT_TRUE(QTest::qWaitFor(waitForGenerations));
+    edited.journal().begin(QStringLiteral("Edit Name"));
+    edited.person(104)->setName(QStringLiteral("Typed"));
+    edited.settle();
+    const auto places = [&] { return std::pair(newcomer.x(), edited.person(106)->x()); };
+    const auto settled = places();
+    edited.undo();
+    EXPECT_EQ(places(), settled);
+    EXPECT_EQ(edited.journal().undoName(), QStringLiteral("Link Partner"));
+}
+
+TEST(History, WhatIsTypedAfterUndoWasAskedForIsNotWhatItTakesBack)
+{
+    ListedDocument edited(*threeGenerations());
+    edited.pressRow(QStringLiteral("Kid"));
+    edited.hold();
+    edited.document->undo();
+    edited.editName();
+    edited.type(QStringLiteral("xy"));
+    edited.release();
+    EXPECT_EQ(edited.person(106)->name(), QStringLiteral("Kidxy"));
 }
 
 TEST(History, NothingToUndoIsNoMatter)

@@ -97,6 +97,16 @@ TEST(SelectionOfADocument, OtherFamiliesAndPersonsThatAreGoneAreNoConcern)
     EXPECT_EQ(edited.document->selectionPerson(), edited.person(104));
 }
 
+TEST(SelectionOfADocument, IsNothingToRemoveOnceItsWindowIsClosed)
+{
+    ApplicationDelegate delegate;
+    EditedDocument edited(*threeGenerations());
+    edited.click(*edited.person(104));
+    ASSERT_TRUE(delegate.canRemove());
+    edited.document->window().close();
+    EXPECT_FALSE(delegate.canRemove());
+}
+
 TEST(SelectionOfADocument, TheApplicationKnowsWhetherThereIsSomethingToRemove)
 {
     ApplicationDelegate delegate;

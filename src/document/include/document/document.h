@@ -63,6 +63,9 @@ public:
     void showList(PersonList& list);
     PersonList& list() const { return *list_; }
 
+    /// Lets the same additions give the same places at every run.
+    void setChance(const SeededRandom& chance) { chance_ = chance; }
+
     /// Adds a person without a name, shows it in the view and puts its name into editing.
     void addPerson();
     /// Removes the selected person with its links, or the selected link. Without a selection it works the generations
@@ -91,9 +94,18 @@ public:
     /// Brings what is being typed and what is pending on the canvas into the records.
     void commit();
 
+    /// Whether there is anything, what is being typed included, that is not in the file.
+    bool isModified();
+
+    /// Whether nodes and rows are where they belong at once, instead of moving there.
+    void setReducedMotion(bool reduced);
+
     /// Writes the family to the file, which is the document's own from then on, once everything queued before is done;
     /// `saved` is called then.
     void save(const QString& path, std::function<void(const Outcome<Done>&)> saved);
+
+    /// Whether a file is still waiting to be written.
+    bool isSaving() const { return pendingSaves_ > 0; }
 
     /// Runs `settled` once everything queued until now has been done.
     void whenSettled(std::function<void()> settled);
@@ -114,6 +126,8 @@ private:
     void aboutToClose();
     void handleOnboarding();
     void showTitle();
+    StepId reachedStep();
+    void recordsChanged();
     void commandsChanged();
     void showCommands();
 
@@ -121,6 +135,7 @@ private:
     void linkAsChild();
     void chooseRelative(const QString& title, const QString& type);
     bool mayBeLinked(Person& selected, Person& other, const QString& type) const;
+    Person& concernedBy(Person& from, Person& to) const;
     void removePerson(Person& person);
     void removeLink();
     void removeShape(Person& from, Person& to);
@@ -128,7 +143,7 @@ private:
 
     void setRemovable(bool removable);
     void unfocusSelectionPerson();
-    void dropSelectionThatIsGone();
+    void reviseSelection();
 
     // What the queue has done at its steps.
     void syncList();
@@ -154,7 +169,9 @@ private:
     std::vector<RecordId> joining_; // added by the user, and no members until their turn comes
     std::vector<RecordId> leaving_; // removed by the user, and in the records until their turn comes
     std::vector<Subscription> subscriptions_;
-    std::optional<StepId> savedStep_;
+    std::optional<StepId> savedStep_ = StepId(); // what the file holds; none where no undo or redo leads to that
+    int pendingSaves_ = 0;
+    bool reducedMotion_ = false;
     bool hasOwnFile_ = false;
     bool commandsStale_ = false;
     // Comes last: it is told to stop before anything that its blocks would use is gone.
