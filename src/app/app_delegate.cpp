@@ -1,6 +1,7 @@
 #include "app/app_delegate.h"
 
 #include "document/document_window.h"
+#include "motion_preference.h"
 #include "saving.h"
 #include "start_window.h"
 
@@ -8,6 +9,7 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDir>
+#include <QEventLoopLocker>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
@@ -40,7 +42,13 @@ QString samplePath()
 
 } // namespace
 
-AppDelegate::AppDelegate() = default;
+AppDelegate::AppDelegate()
+    : motion_(std::make_unique<MotionPreference>([this] {
+          for (const auto& document : documents_)
+              document->setReducedMotion(motion_->isReduced());
+      }))
+{}
+
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::start(const QStringList& paths)
@@ -71,15 +79,19 @@ void AppDelegate::openNew()
 void AppDelegate::show(std::unique_ptr<Document> made)
 {
     QWidget* inFront = QApplication::activeWindow();
+    const auto before = std::ranges::find_if(
+        documents_, [inFront](const auto& open) { return static_cast<QWidget*>(&open->window()) == inFront; });
+    // What is not saved yet stays open.
+    const bool isReplaced = inFront && (before == documents_.end() || !(*before)->isModified());
     documents_.push_back(std::move(made));
     Document* document = documents_.back().get();
+    document->setReducedMotion(motion_->isReduced());
     DocumentWindow& window = document->window();
     fillFileMenu(*window.fileMenu(), window, document);
     fillHelpMenu(*window.helpMenu());
     window.setClosed([this, document] { closed(document); });
     window.show();
-    // What is not saved yet stays open.
-    if (inFront && !inFront->isWindowModified())
+    if (isReplaced)
         inFront->close();
 }
 
@@ -109,10 +121,16 @@ void AppDelegate::showStartWindow()
 
 void AppDelegate::closed(Document* document)
 {
-    // The window is still handling the event that closes it.
-    QTimer::singleShot(0, qApp, [this, document] {
-        std::erase_if(documents_, [document](const auto& open) { return open.get() == document; });
-    });
+    const auto letGo = [this, document] {
+        // The window, or the document's queue, is still at work on what leads here.
+        QTimer::singleShot(0, qApp, [this, document] {
+            std::erase_if(documents_, [document](const auto& open) { return open.get() == document; });
+        });
+    };
+    if (!document->isSaving())
+        letGo();
+    else // The program goes on without a window until the file is written.
+        document->whenSettled([letGo, goOn = std::make_shared<QEventLoopLocker>()] { letGo(); });
 }
 
 void AppDelegate::fillFileMenu(QMenu& menu, QMainWindow& window, Document* document)

@@ -28,6 +28,7 @@ int main(int argc, char** argv)
     // The program takes no options: everything after its name is a file, also where it looks like one of the toolkit's.
     int programNameOnly = 1;
     QApplication application(programNameOnly, argv);
+    QApplication::setOrganizationName(QStringLiteral("lineara"));
     QApplication::setApplicationName(QStringLiteral("lineara"));
     QApplication::setApplicationDisplayName(QStringLiteral("Lineara"));
     QApplication::setApplicationVersion(QStringLiteral(LINEARA_VERSION));

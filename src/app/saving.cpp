@@ -33,8 +33,9 @@ void saveTo(Document& document, const QString& path)
     document.save(path, [&document](const Outcome<Done>& outcome) {
         if (!outcome.failed())
             return;
-        auto* const message = new QMessageBox(QMessageBox::Warning, text("Can't Save the Family"),
-                                              outcome.failure().message, QMessageBox::Ok, &document.window());
+        auto* const message =
+            new QMessageBox(QMessageBox::Warning, text("Can't Save the Family"), outcome.failure().message,
+                            QMessageBox::Ok, document.window().isVisible() ? &document.window() : nullptr);
         message->setAttribute(Qt::WA_DeleteOnClose);
         message->open();
     });

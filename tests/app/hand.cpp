@@ -69,6 +69,11 @@ void Hand::release()
     act(releasing);
 }
 
+void Hand::wheelDown(QPoint point)
+{
+    act(movingTo(point) + QStringList{QStringLiteral("click"), QStringLiteral("5")});
+}
+
 void Hand::key(const QString& keys)
 {
     act({QStringLiteral("key"), keys});

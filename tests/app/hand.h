@@ -22,6 +22,8 @@ public:
     static void press(QPoint point);
     static void pull(QPoint from, QPoint to);
     static void release();
+    /// One notch of the wheel toward the user.
+    static void wheelDown(QPoint point);
 
     /// Presses keys together, as in "ctrl+shift+n".
     static void key(const QString& keys);

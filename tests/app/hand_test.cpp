@@ -103,7 +103,21 @@ void HandTest::nameByKeys(const QString& name)
 
 void HandTest::dragToLink(std::size_t from, NodePart handle, std::size_t to)
 {
+    scrollToByMouse(to);
     Hand::drag(program_.at(from, handle), program_.at(to, NodePart::Image));
+    ASSERT_TRUE(waitUntil([&] { return program_.link(from, to) && program_.isAtRest(); })) << from << " to " << to;
+}
+
+void HandTest::scrollToByMouse(std::size_t person)
+{
+    const QWidget& viewport = *program_.canvas().viewport();
+    const int lowest = viewport.mapToGlobal(viewport.rect().bottomLeft()).y();
+    const auto height = [&] { return program_.at(person, NodePart::ChildHandle).y(); };
+    while (height() > lowest) {
+        const int before = height();
+        Hand::wheelDown(viewport.mapToGlobal(viewport.rect().center()));
+        ASSERT_TRUE(waitUntil([&] { return height() < before; }));
+    }
 }
 
 void HandTest::linkByKeys(const QString& keys, const QString& other)

@@ -38,7 +38,9 @@ protected:
     /// Types the name of the person just added.
     void nameByKeys(const QString& name);
 
+    /// Scrolls to the other person first, if that stands below what is seen.
     void dragToLink(std::size_t from, NodePart handle, std::size_t to);
+    void scrollToByMouse(std::size_t person);
     /// Presses the keys of a command that links the selected person, and picks the other in the dialog.
     void linkByKeys(const QString& keys, const QString& other);
 

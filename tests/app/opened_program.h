@@ -31,6 +31,7 @@ public:
     OpenedProgram(const OpenedProgram&) = delete;
     OpenedProgram& operator=(const OpenedProgram&) = delete;
 
+    AppDelegate& delegate() { return *delegate_; }
     QWidget& startWindow() const;
     /// The window of the one family that is open; nullptr before its canvas is there.
     DocumentWindow* familyWindow() const;

@@ -14,6 +14,7 @@ class QMenu;
 
 namespace lineara {
 
+class MotionPreference;
 class StartWindow;
 
 /// Lives for the whole run: opens and closes documents, shows the start window when there is nothing else, and gives
@@ -28,8 +29,7 @@ public:
     void start(const QStringList& paths);
 
     /// Opens a file in a window of its own and closes the window that was in front, unless that holds changes that are
-    /// not saved. A file that can't be opened is
-    /// reported to the user and changes nothing. True if it was opened.
+    /// not saved. A file that can't be opened is reported to the user and changes nothing. True if it was opened.
     bool open(const QString& path);
 
 private:
@@ -43,6 +43,7 @@ private:
     void fillFileMenu(QMenu& menu, QMainWindow& window, Document* document);
     void fillHelpMenu(QMenu& menu);
 
+    std::unique_ptr<MotionPreference> motion_;
     std::vector<std::unique_ptr<Document>> documents_;
     std::unique_ptr<StartWindow> startWindow_;
 };

@@ -1,0 +1,91 @@
+// What closing a window lets go of, and what it does not.
+
+#include "document/test_files.h"
+#include "hand.h"
+#include "opened_program.h"
+
+#include "document/document_window.h"
+
+#include <QAction>
+#include <QFile>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QTableView>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace lineara {
+
+namespace {
+
+class LettingGo : public testing::Test
+{
+protected:
+    LettingGo()
+    {
+        EXPECT_TRUE(program_.delegate().open(path_));
+        EXPECT_TRUE(waitUntil([this] { return program_.familyWindow(); }));
+        window_ = program_.familyWindow();
+        Hand::bringToFront(*window_);
+    }
+
+    QByteArray written() const
+    {
+        QFile file(path_);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+    static void choose(const QMenu& menu, const QString& name)
+    {
+        for (QAction* const action : menu.actions()) {
+            if (QString(action->text()).remove(QLatin1Char('&')) == name)
+                action->trigger();
+        }
+    }
+    QPlainTextEdit& notes() const { return *window_->findChild<QPlainTextEdit*>(); }
+    /// Types into the notes of the person in the first row.
+    void typeNotes(const QString& text)
+    {
+        auto* const table = window_->findChild<QTableView*>();
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                          table->visualRect(table->model()->index(0, 0)).center());
+        ASSERT_TRUE(waitUntil([this] { return window_->findChild<QPlainTextEdit*>(); }));
+        notes().setFocus();
+        QTest::keyClicks(&notes(), text);
+    }
+
+    const TestFiles files_;
+    const QString path_ = files_.save(QStringLiteral("family.lineara"), *threeGenerations());
+    OpenedProgram program_;
+    DocumentWindow* window_ = nullptr;
+};
+
+} // namespace
+
+TEST_F(LettingGo, AWindowThatIsClosedJustAfterSavingStillWritesTheFile)
+{
+    typeNotes(QStringLiteral("Typed before saving"));
+    choose(*window_->fileMenu(), QStringLiteral("Save"));
+    window_->close();
+    EXPECT_TRUE(waitUntil([this] { return written().contains("Typed before saving"); }));
+    EXPECT_TRUE(waitUntil([this] { return !program_.familyWindow(); }));
+}
+
+TEST_F(LettingGo, WhatIsBeingTypedKeepsItsWindowOpenWhenAnotherFamilyIsOpened)
+{
+    typeNotes(QStringLiteral("Not saved"));
+    choose(*window_->fileMenu(), QStringLiteral("New"));
+    QTest::qWait(50);
+    EXPECT_TRUE(window_->isVisible());
+    EXPECT_TRUE(waitUntil([this] { return window_->isWindowModified(); }));
+    EXPECT_EQ(notes().toPlainText(), QStringLiteral("Not saved"));
+}
+
+TEST_F(LettingGo, AFamilyWithoutChangesMakesRoomForAnother)
+{
+    choose(*window_->fileMenu(), QStringLiteral("New"));
+    EXPECT_TRUE(waitUntil([this] { return program_.familyWindow() && program_.familyWindow() != window_; }));
+}
+
+} // namespace lineara
