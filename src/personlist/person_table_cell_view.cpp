@@ -37,10 +37,19 @@ QPalette lightPalette()
     return light;
 }
 
+/// Of a row that is closing, only what is shown fades: nothing moves up where a button went.
+void keepPlace(QWidget& button)
+{
+    QSizePolicy policy = button.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    button.setSizePolicy(policy);
+}
+
 QPushButton* makePicButton()
 {
     auto* const button = new QPushButton;
     button->setObjectName(QStringLiteral("picButton"));
+    keepPlace(*button);
     button->setIconSize({thumbnailSide, thumbnailSide});
     button->setFixedSize(thumbnailSide + 8, thumbnailSide + 8);
     return button;
@@ -50,6 +59,7 @@ QPushButton* makePicRemoveButton()
 {
     auto* const button = new QPushButton(text("Remove Picture"));
     button->setObjectName(QStringLiteral("picRemoveButton"));
+    keepPlace(*button);
     return button;
 }
 
@@ -186,6 +196,7 @@ void PersonTableCellView::expand()
     birth_->closePicker();
     death_->closePicker();
     isExpanded_ = true;
+    picButton_->show();
     picRemoveButton_->show();
     update();
 }
@@ -195,6 +206,7 @@ void PersonTableCellView::collapse()
     commit();
     isExpanded_ = false;
     picRemoveButton_->hide();
+    picButton_->hide();
     update();
 }
 

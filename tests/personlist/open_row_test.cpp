@@ -93,6 +93,23 @@ TEST_F(OpenRowTest, ARowThatOpensAgainWhileItClosesEndsOpen)
     EXPECT_EQ(editors(), 1);
 }
 
+TEST_F(OpenRowTest, ARowThatClosesHasNoPictureButtonsAndNothingInItMoves)
+{
+    shown.list->select(*persons[0]);
+    waitForRest(0, 421);
+    const QPointer<PersonTableCellView> closing = shown.cell();
+    const auto part = [&](const char* name) { return closing->findChild<QWidget*>(QLatin1String(name)); };
+    const QList<QRect> before{part("name")->geometry(), part("notesTextField")->geometry()};
+    EXPECT_TRUE(part("picButton")->isVisible());
+    EXPECT_TRUE(part("picRemoveButton")->isVisible());
+    shown.list->select(*persons[1]);
+    EXPECT_FALSE(part("picButton")->isVisible());
+    EXPECT_FALSE(part("picRemoveButton")->isVisible());
+    QTest::qWait(100);
+    ASSERT_TRUE(closing);
+    EXPECT_EQ(QList<QRect>({part("name")->geometry(), part("notesTextField")->geometry()}), before);
+}
+
 TEST_F(OpenRowTest, ARowKeepsItsTopWhereItFits)
 {
     shown.press(*persons[2]);
