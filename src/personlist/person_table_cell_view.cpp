@@ -235,8 +235,8 @@ void PersonTableCellView::refresh()
 void PersonTableCellView::showPicture(const Person& person)
 {
     const auto picture = surroundings_.sources.thumbnails.of(person, devicePixelRatioF());
-    const bool hasImage = !picture || !picture->isNull();
-    picButton_->setIcon(picture ? QIcon(*picture) : QIcon());
+    const bool hasImage = picture && !picture->isNull();
+    picButton_->setIcon(hasImage ? QIcon(*picture) : QIcon());
     picButton_->setText(hasImage ? QString() : text("Set Pic"));
     picButton_->setAccessibleName(hasImage ? text("Picture") : text("Set Pic"));
     picRemoveButton_->setEnabled(person.pic());

@@ -49,6 +49,17 @@ TEST_F(PictureEditing, SetPicIsOfferedOnlyWithoutAnImage)
     EXPECT_EQ(button("picButton").icon().pixmap(66).toImage().pixelColor(30, 30), QColor(Qt::red));
 }
 
+TEST_F(PictureEditing, SetPicIsOfferedUntilTheImageIsThere)
+{
+    a.changePic(file);
+    EXPECT_TRUE(button("picButton").icon().isNull());
+    EXPECT_EQ(button("picButton").text(), QStringLiteral("Set Pic"));
+    EXPECT_EQ(button("picButton").accessibleName(), QStringLiteral("Set Pic"));
+    waitForPicture();
+    EXPECT_EQ(button("picButton").text(), QString());
+    EXPECT_EQ(button("picButton").accessibleName(), QStringLiteral("Picture"));
+}
+
 TEST_F(PictureEditing, APictureIsChosenWithoutBlockingAndIsOneStep)
 {
     button("picButton").click();
