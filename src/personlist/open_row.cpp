@@ -71,6 +71,15 @@ void OpenRow::close()
     startMotion();
 }
 
+void OpenRow::closeAtOnce()
+{
+    if (!person_)
+        return;
+    beginClosing();
+    anchor_ = QPersistentModelIndex();
+    finishMotion();
+}
+
 void OpenRow::forget()
 {
     if (!person_)
@@ -122,6 +131,11 @@ void OpenRow::startMotion()
         animation_.start();
         return;
     }
+    finishMotion();
+}
+
+void OpenRow::finishMotion()
+{
     moveTo(1);
     end();
 }

@@ -28,6 +28,8 @@ public:
     /// Opens the row of the person and closes any other. A row that is open stays as it is.
     void open(int row, RecordId person);
     void close();
+    /// Without any motion.
+    void closeAtOnce();
     /// To be called before the open row is taken out of the table.
     void forget();
 
@@ -49,6 +51,7 @@ private:
 
     void beginClosing();
     void startMotion();
+    void finishMotion();
     void anchorTo(int row);
     void moveTo(double progress);
     void end();

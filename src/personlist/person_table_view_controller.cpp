@@ -153,7 +153,7 @@ void PersonTableViewController::deselectAll()
         selectRowOf(std::nullopt);
         announce();
     }
-    openRow_->close();
+    openRow_->closeAtOnce();
 }
 
 void PersonTableViewController::editNameForPerson(Person& person)

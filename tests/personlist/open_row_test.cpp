@@ -110,6 +110,31 @@ TEST_F(OpenRowTest, ARowThatClosesHasNoPictureButtonsAndNothingInItMoves)
     EXPECT_EQ(QList<QRect>({part("name")->geometry(), part("notesTextField")->geometry()}), before);
 }
 
+TEST_F(OpenRowTest, ClosesAtOnceWhenNobodyIsSelected)
+{
+    shown.list->select(*persons[0]);
+    waitForRest(0, 421);
+    shown.list->deselectAll();
+    EXPECT_EQ(height(0), 49);
+    EXPECT_EQ(groundAt(0), QColor::fromRgbF(0.95f, 0.95f, 0.95f).rgb());
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(editors(), 0);
+}
+
+TEST_F(OpenRowTest, NobodySelectedEndsAnyMotion)
+{
+    shown.list->select(*persons[0]);
+    QTest::qWait(100);
+    shown.list->select(*persons[1]);
+    QTest::qWait(100);
+    shown.list->deselectAll();
+    for (int rounds = 0; rounds < 3; ++rounds) {
+        EXPECT_EQ(height(0), 49);
+        EXPECT_EQ(height(1), 49);
+        QTest::qWait(50);
+    }
+}
+
 TEST_F(OpenRowTest, ARowKeepsItsTopWhereItFits)
 {
     shown.press(*persons[2]);

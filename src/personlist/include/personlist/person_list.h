@@ -26,6 +26,7 @@ public:
 
     /// Selects the person's row, opens it and scrolls to it.
     virtual void select(Person& person) = 0;
+    /// The row that was selected closes at once.
     virtual void deselectAll() = 0;
     /// Puts the name field of the person's row into editing.
     virtual void editNameForPerson(Person& person) = 0;
