@@ -47,7 +47,6 @@ public:
     void openPicker();
     void closePicker();
     bool isPickerOpen() const;
-    /// Whether a press on the widget is the calendar's own, or the opener's, which closes it itself.
     /// Whether a press on the widget leaves the calendar alone: on the calendar itself, and on the opener, which closes
     /// it by itself.
     bool takesPress(const QWidget& pressed) const;
