@@ -82,7 +82,21 @@ public:
 
     void changeSomething()
     {
-        switch (below(18)) {
+        const std::size_t kind = below(18);
+        if (kind < 4)
+            changeMembers(kind);
+        else if (kind < 9)
+            changeLinks(kind - 4);
+        else
+            changeValues(kind - 9);
+    }
+
+    std::size_t below(std::size_t end) { return std::uniform_int_distribution<std::size_t>(0, end - 1)(random_); }
+
+private:
+    void changeMembers(std::size_t kind)
+    {
+        switch (kind) {
         case 0:
             context_.insertPerson({.name = u"new"_qs, .x = number()});
             break;
@@ -91,52 +105,58 @@ public:
                 context_.remove(person());
             break;
         case 2:
-        case 3:
-            offspring();
+            pool().addPerson(person());
             break;
-        case 4:
+        default:
+            pool().removePerson(person());
+        }
+    }
+
+    void changeLinks(std::size_t kind)
+    {
+        switch (kind) {
+        case 0:
             person().addPartner(person());
             break;
-        case 5:
+        case 1:
             person().removePartner(person());
             person().removeChild(person());
             break;
-        case 6:
+        case 2:
             person().disconnect();
             break;
-        case 7:
-            pool().addPerson(person());
-            break;
-        case 8:
-            pool().removePerson(person());
-            break;
-        case 9:
+        default:
+            offspring();
+        }
+    }
+
+    void changeValues(std::size_t kind)
+    {
+        switch (kind) {
+        case 0:
             person().changePic(pictures_[below(pictures_.size())]);
             break;
-        case 10:
+        case 1:
             person().removePic();
             break;
-        case 11:
+        case 2:
             setMany();
             break;
-        case 12:
-        case 13:
-            context_.shiftX(pool(), static_cast<std::int32_t>(below(3)) - 1);
-            break;
-        case 14:
+        case 3:
             pool().pushUp(person(), 1, below(2) == 0);
             break;
-        case 15:
+        case 4:
             person().setX(number());
+            break;
+        case 5:
+        case 6:
+            context_.shiftX(pool(), static_cast<std::int32_t>(below(3)) - 1);
             break;
         default:
             setValue(person());
         }
     }
 
-    std::size_t below(std::size_t end) { return std::uniform_int_distribution<std::size_t>(0, end - 1)(random_); }
-
-private:
     Person& person()
     {
         const auto persons = context_.allPersons();
