@@ -1,5 +1,6 @@
 #include "date_field.h"
 
+#include "clickable_text_field.h"
 #include "list_colours.h"
 
 #include <QApplication>
@@ -10,7 +11,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QShortcut>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -29,11 +29,9 @@ QString text(const char* source)
     return QCoreApplication::translate("DateField", source);
 }
 
-QToolButton* makeOpener(const QString& name)
+ClickableTextField* makeOpener(const QString& name)
 {
-    auto* const opener = new QToolButton;
-    opener->setText(QStringLiteral("\u25be"));
-    opener->setFocusPolicy(Qt::TabFocus);
+    auto* const opener = new ClickableTextField(QStringLiteral("\u25be"));
     opener->setToolTip(text("Choose from a calendar"));
     opener->setAccessibleName(text("%1 calendar").arg(name));
     return opener;
@@ -56,8 +54,9 @@ QLabel* makeMistakeLabel()
 
 } // namespace
 
-DateField::DateField(const QString& name, Reports reports)
-    : reports_(std::move(reports)), name_(name), opener_(makeOpener(name)), mistake_(makeMistakeLabel())
+DateField::DateField(const QString& name, const QString& pickerName, Reports reports)
+    : reports_(std::move(reports)), name_(name), pickerName_(pickerName), opener_(makeOpener(name)),
+      mistake_(makeMistakeLabel())
 {
     const std::array<QString, 3> parts{text("Day"), text("Month"), text("Year")};
     const std::array<int, 3> widths{shortWidth, shortWidth, yearWidth};
@@ -76,7 +75,7 @@ DateField::DateField(const QString& name, Reports reports)
     layout->addWidget(opener_, 0, 3);
     layout->setColumnStretch(4, 1);
     layout->addWidget(mistake_, 1, 0, 1, 5);
-    connect(opener_, &QToolButton::clicked, this, [this] { isPickerOpen() ? closePicker() : openPicker(); });
+    connect(opener_, &ClickableTextField::clicked, this, [this] { isPickerOpen() ? closePicker() : openPicker(); });
 }
 
 void DateField::showDate(const PartialDate& date)
@@ -212,6 +211,7 @@ void DateField::makePicker()
     connect(calendar_, &QCalendarWidget::clicked, this, [this](const QDate& date) { pick(date); });
     connect(calendar_, &QCalendarWidget::activated, this, [this](const QDate& date) { pick(date); });
     picker_ = new QFrame(parentWidget());
+    picker_->setObjectName(pickerName_);
     picker_->setFrameShape(QFrame::StyledPanel);
     picker_->setAutoFillBackground(true);
     picker_->setFocusProxy(calendar_);

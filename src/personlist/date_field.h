@@ -12,9 +12,10 @@ class QCalendarWidget;
 class QDate;
 class QFrame;
 class QLabel;
-class QToolButton;
 
 namespace lineara {
+
+class ClickableTextField;
 
 /// Day, month and year as three fields, with a button that opens a calendar. What can't be a date stays as it was
 /// typed, with a line below that says what is wrong.
@@ -31,8 +32,8 @@ public:
         std::function<void()> done;
     };
 
-    /// `name` is what the date is called, "Birth" for example.
-    DateField(const QString& name, Reports reports);
+    /// `name` is what the date is called, "Birth" for example, and `pickerName` the name of its calendar as an object.
+    DateField(const QString& name, const QString& pickerName, Reports reports);
 
     /// Shows a date, unless something else is being typed or was refused.
     void showDate(const PartialDate& date);
@@ -78,8 +79,9 @@ private:
 
     Reports reports_;
     QString name_;
+    QString pickerName_;
     std::array<FieldLine*, 3> lines_; // day, month, year
-    QToolButton* opener_;
+    ClickableTextField* opener_;
     QLabel* mistake_;
     QFrame* picker_ = nullptr; // made when first opened, with the calendar inside
     QCalendarWidget* calendar_ = nullptr;

@@ -5,6 +5,11 @@
 
 namespace lineara {
 
+bool isReturn(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
 bool isHistoryOfWindow(const QEvent& event, bool fieldCanUndo, bool fieldCanRedo)
 {
     if (event.type() != QEvent::ShortcutOverride)
@@ -40,7 +45,7 @@ bool FieldLine::event(QEvent* event)
 
 void FieldLine::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (isReturn(*event))
         ended_(FieldEnd::Return);
     else if (event->key() == Qt::Key_Escape)
         ended_(FieldEnd::Escape);

@@ -35,6 +35,9 @@ private:
     std::function<void(FieldEnd)> ended_;
 };
 
+/// Whether the key is one of the two that end the editing of a line.
+bool isReturn(const QKeyEvent& key);
+
 /// Whether the event asks which of a field and its window gets an undo or redo that the field can't do.
 bool isHistoryOfWindow(const QEvent& event, bool fieldCanUndo, bool fieldCanRedo);
 

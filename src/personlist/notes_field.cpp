@@ -1,5 +1,7 @@
 #include "notes_field.h"
 
+#include "multi_line_text_delegate.h"
+
 #include <QKeyEvent>
 #include <QTextDocument>
 
@@ -105,8 +107,9 @@ bool NotesField::event(QEvent* event)
 
 void NotesField::keyPressEvent(QKeyEvent* event)
 {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && event->modifiers().testFlag(Qt::ControlModifier))
+    if (delegate_ && delegate_->takeKey(*this, *event))
+        return;
+    if (isReturn(*event))
         ended_(FieldEnd::Return);
     else if (event->key() == Qt::Key_Escape)
         ended_(FieldEnd::Escape);

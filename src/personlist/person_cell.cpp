@@ -36,7 +36,7 @@ QString initial(const Person& person)
     return name.first(isPair ? 2 : 1).toUpper();
 }
 
-void paintPicture(QPainter& painter, const QRect& place, const Person& person, Thumbnails& thumbnails)
+void paintImageView(QPainter& painter, const QRect& place, const Person& person, Thumbnails& thumbnails)
 {
     QPainterPath frame;
     frame.addRoundedRect(place, 5, 5);
@@ -55,7 +55,7 @@ void paintPicture(QPainter& painter, const QRect& place, const Person& person, T
     painter.drawText(place, Qt::AlignCenter, initial(person));
 }
 
-void paintTexts(QPainter& painter, const QRect& place, const Person& person, bool hasMistake)
+void paintTextField(QPainter& painter, const QRect& place, const Person& person, bool hasMistake)
 {
     const QString era =
         hasMistake ? QCoreApplication::translate("PersonCell", "A date was not understood") : person.era();
@@ -89,10 +89,10 @@ void PersonCell::paintCompact(QPainter& painter, const QRect& row, const Person&
     painter.setRenderHint(QPainter::Antialiasing);
     const int pictureTop = row.top() + (collapsedHeight - 1 - pictureSide) / 2;
     const QRect picture(row.left() + margin, pictureTop, pictureSide, pictureSide);
-    paintPicture(painter, picture, person, sources.thumbnails);
+    paintImageView(painter, picture, person, sources.thumbnails);
     const QRect texts(picture.right() + margin, row.top(), row.right() - picture.right() - 2 * margin,
                       collapsedHeight - 1);
-    paintTexts(painter, texts, person, sources.refused.has(person.recordId()));
+    paintTextField(painter, texts, person, sources.refused.has(person.recordId()));
 }
 
 void PersonCell::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const

@@ -3,6 +3,7 @@
 #include "date_field.h"
 #include "list_colours.h"
 #include "model/object_context.h"
+#include "multi_line_text_delegate.h"
 #include "notes_field.h"
 #include "refused_dates.h"
 #include "thumbnails.h"
@@ -124,8 +125,8 @@ PersonTableCellView::PersonTableCellView(ObjectContext& context, RecordId person
     : person_(person), edit_(context, person, surroundings.aboutToEdit), surroundings_(std::move(surroundings)),
       editables_(new QWidget(this)), veil_(new Veil(*this)), picButton_(makePicButton()),
       picRemoveButton_(makePicRemoveButton()), name_(new FieldLine([this](FieldEnd end) { nameEnded(end); })),
-      birth_(makeDate(text("Birth"), text("Edit Birth"), storeBirth)),
-      death_(makeDate(text("Death"), text("Edit Death"), storeDeath)),
+      birth_(makeDate(text("Birth"), QStringLiteral("birthDatePicker"), text("Edit Birth"), storeBirth)),
+      death_(makeDate(text("Death"), QStringLiteral("deathDatePicker"), text("Edit Death"), storeDeath)),
       notesTextField_(new NotesField([this](FieldEnd end) { notesEnded(end); }))
 {
     setObjectName(QStringLiteral("personTableCellView"));
@@ -156,6 +157,7 @@ void PersonTableCellView::assemble()
     name_->setFont(nameFont);
     birth_->setObjectName(QStringLiteral("birth"));
     death_->setObjectName(QStringLiteral("death"));
+    notesTextField_->setDelegate(MultiLineTextDelegate::shared());
     notesTextField_->setObjectName(QStringLiteral("notesTextField"));
     notesTextField_->setAccessibleName(text("Notes"));
     notesTextField_->setPlaceholderText(text("Notes"));
@@ -179,7 +181,7 @@ void PersonTableCellView::assemble()
     layout->setColumnStretch(1, 1);
 }
 
-DateField* PersonTableCellView::makeDate(const QString& name, const QString& step,
+DateField* PersonTableCellView::makeDate(const QString& name, const QString& pickerName, const QString& step,
                                          void (*store)(Person&, const PartialDate&))
 {
     DateField::Reports reports;
@@ -188,7 +190,7 @@ DateField* PersonTableCellView::makeDate(const QString& name, const QString& ste
     };
     reports.left = [this] { fieldEnded(FieldEnd::Left); };
     reports.done = [this] { fieldEnded(FieldEnd::Return); };
-    return new DateField(name, std::move(reports));
+    return new DateField(name, pickerName, std::move(reports));
 }
 
 void PersonTableCellView::expand()

@@ -70,7 +70,8 @@ private:
     class Veil;
 
     void assemble();
-    DateField* makeDate(const QString& name, const QString& step, void (*store)(Person&, const PartialDate&));
+    DateField* makeDate(const QString& name, const QString& pickerName, const QString& step,
+                        void (*store)(Person&, const PartialDate&));
     void commitFields();
     void commitName();
     void commitNotes();

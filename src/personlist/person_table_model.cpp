@@ -34,7 +34,7 @@ QString shownName(const Person& person)
 
 void PersonTableModel::add(RecordId person)
 {
-    if (!content_.insert(person).second)
+    if (!persons_.insert(person).second)
         return;
     arranged_.push_back(person);
     replaceRows(rows_.size(), 0, std::span(&person, 1));
@@ -42,7 +42,7 @@ void PersonTableModel::add(RecordId person)
 
 void PersonTableModel::remove(RecordId person)
 {
-    if (content_.erase(person) == 0)
+    if (persons_.erase(person) == 0)
         return;
     std::erase(arranged_, person);
     if (const int row = rowOf(person); row >= 0)
@@ -52,7 +52,7 @@ void PersonTableModel::remove(RecordId person)
 void PersonTableModel::setPersons(const std::vector<RecordId>& persons, std::optional<RecordId> kept)
 {
     const std::unordered_set<RecordId> wanted(persons.begin(), persons.end());
-    const std::unordered_set<RecordId> before = std::exchange(content_, wanted);
+    const std::unordered_set<RecordId> before = std::exchange(persons_, wanted);
     std::erase_if(arranged_, [&](RecordId id) { return !wanted.contains(id); });
     Ids rows;
     std::ranges::copy_if(rows_, std::back_inserter(rows), [&](RecordId id) { return wanted.contains(id); });
@@ -150,7 +150,7 @@ PersonTableModel::Ids PersonTableModel::sorted() const
     std::vector<std::pair<std::int64_t, RecordId>> persons;
     persons.reserve(arranged_.size());
     for (const Person* const person : pool_.persons()) {
-        if (content_.contains(person->recordId()))
+        if (persons_.contains(person->recordId()))
             persons.emplace_back(height(person), person->recordId());
     }
     if (persons.size() < arranged_.size()) {

@@ -41,7 +41,7 @@ public:
     /// What is shown of persons has changed.
     void refresh();
 
-    bool contains(RecordId person) const { return content_.contains(person); }
+    bool contains(RecordId person) const { return persons_.contains(person); }
     /// -1 if the person is not shown.
     int rowOf(RecordId person) const;
     std::optional<RecordId> idAt(int row) const;
@@ -63,7 +63,7 @@ private:
 
     const Pool& pool_;
     Ids arranged_;                         // everybody
-    std::unordered_set<RecordId> content_; // the same
+    std::unordered_set<RecordId> persons_; // the same
     Ids rows_;                             // who is shown
     SearchWords words_;
 };

@@ -2,6 +2,7 @@
 
 #include "elements/notifications.h"
 #include "model/object_context.h"
+#include "multi_line_text_delegate.h"
 #include "open_row.h"
 #include "person_cell.h"
 #include "person_edit.h"
@@ -42,18 +43,18 @@ PersonTableViewController::PersonTableViewController(Pool& pool)
     : pool_(pool), refused_(std::make_unique<RefusedEntries>())
 {
     writeLog("Initializing Person List\n");
+    MultiLineTextDelegate::renewShared();
     thumbnails_ = std::make_unique<Thumbnails>(pool.context(), [this] { showLater(); });
-    model_ = new PersonTableModel(pool);
+    personsArrayController_ = std::make_unique<PersonTableModel>(pool);
     RowGestures rows{[this](std::optional<int> row) { rowChosen(row); }, [this] { editSelectedName(); }};
     SearchGestures searching{[this](const QString& text) { search(text); }, [this] { choosePerson(); }};
-    pane_ = new PersonListPane(*model_, std::move(rows), std::move(searching));
+    pane_ = new PersonListPane(*personsArrayController_, std::move(rows), std::move(searching));
     view_ = pane_;
-    model_->setParent(pane_);
-    table_ = &pane_->table();
-    table_->setItemDelegate(new PersonCell({*thumbnails_, *refused_}, pane_));
-    openRow_ = std::make_unique<OpenRow>(*table_, [this](RecordId person) { return makeCell(person); });
+    personTableView_ = &pane_->table();
+    personTableView_->setItemDelegate(new PersonCell({*thumbnails_, *refused_}, pane_));
+    openRow_ = std::make_unique<OpenRow>(*personTableView_, [this](RecordId person) { return makeCell(person); });
     pane_->setDisappeared([this] { commitEditing(); });
-    table_->setFocusChanged([this] {
+    personTableView_->setFocusChanged([this] {
         if (auto* const cell = openRow_->cell())
             cell->update();
     });
@@ -77,29 +78,34 @@ QWidget& PersonTableViewController::view()
     return *view_;
 }
 
+PersonTableView* PersonTableViewController::personTableView() const
+{
+    return view_ ? personTableView_ : nullptr;
+}
+
 void PersonTableViewController::addObject(Person& person)
 {
     if (!view_)
         return;
     pane_->searchField().clear();
-    model_->add(person.recordId());
+    personsArrayController_->add(person.recordId());
 }
 
 void PersonTableViewController::removeObject(Person& person)
 {
     if (!view_)
         return;
-    const RowsInPlace inPlace(*table_);
+    const RowsInPlace inPlace(*personTableView_);
     leave(person.recordId());
-    model_->remove(person.recordId());
+    personsArrayController_->remove(person.recordId());
 }
 
 void PersonTableViewController::rearrangeObjects()
 {
     if (!view_)
         return;
-    const RowsInPlace inPlace(*table_);
-    model_->rearrange();
+    const RowsInPlace inPlace(*personTableView_);
+    personsArrayController_->rearrange();
 }
 
 void PersonTableViewController::setObjects(const std::vector<Person*>& persons)
@@ -108,10 +114,10 @@ void PersonTableViewController::setObjects(const std::vector<Person*>& persons)
         return;
     std::vector<RecordId> ids;
     std::ranges::transform(persons, std::back_inserter(ids), &Person::recordId);
-    const RowsInPlace inPlace(*table_);
+    const RowsInPlace inPlace(*personTableView_);
     if (selected_ && std::ranges::find(ids, *selected_) == ids.end())
         leave(*selected_);
-    model_->setPersons(ids, openRow_->person());
+    personsArrayController_->setPersons(ids, openRow_->person());
 }
 
 /// The person's row is about to go for good, which announces nothing.
@@ -128,12 +134,12 @@ void PersonTableViewController::select(Person& person)
     if (!view_)
         return;
     const RecordId id = person.recordId();
-    if (!model_->contains(id)) {
+    if (!personsArrayController_->contains(id)) {
         selectRowOf(std::nullopt);
         openRow_->close();
         return;
     }
-    if (model_->rowOf(id) < 0 && !isSearching())
+    if (personsArrayController_->rowOf(id) < 0 && !isSearching())
         pane_->searchField().clear();
     if (selected_ != id) {
         selectRowOf(id);
@@ -158,12 +164,12 @@ void PersonTableViewController::deselectAll()
 
 void PersonTableViewController::editNameForPerson(Person& person)
 {
-    if (!view_ || !model_->contains(person.recordId()))
+    if (!view_ || !personsArrayController_->contains(person.recordId()))
         return;
     select(person);
     if (openRow_->person() != person.recordId())
         return;
-    table_->reveal(model_->rowOf(person.recordId()));
+    personTableView_->reveal(personsArrayController_->rowOf(person.recordId()));
     openRow_->cell()->editName();
 }
 
@@ -208,7 +214,7 @@ void PersonTableViewController::findPersons()
 
 int PersonTableViewController::heightOfRow(int row) const
 {
-    return view_ && selected_ && model_->idAt(row) == selected_ ? expandedHeight : collapsedHeight;
+    return view_ && selected_ && personsArrayController_->idAt(row) == selected_ ? expandedHeight : collapsedHeight;
 }
 
 void PersonTableViewController::setReducedMotion(bool reduced)
@@ -222,10 +228,10 @@ PersonTableCellView* PersonTableViewController::makeCell(RecordId person)
                                   *refused_,
                                   [this] { aboutToEdit_(); },
                                   [this, person] { chosen(person); },
-                                  [this] { table_->setFocus(); },
+                                  [this] { personTableView_->setFocus(); },
                                   [this, person] { setPic(person); },
                                   [this, person] { removePic(person); },
-                                  [this] { return table_->hasFocus(); }};
+                                  [this] { return personTableView_->hasFocus(); }};
     return new PersonTableCellView(pool_.context(), person, std::move(surroundings));
 }
 
@@ -275,7 +281,7 @@ void PersonTableViewController::showLater()
         view_,
         [this] {
             isStale_ = false;
-            model_->refresh();
+            personsArrayController_->refresh();
             if (auto* const cell = openRow_->cell())
                 cell->refresh();
         },
@@ -284,7 +290,7 @@ void PersonTableViewController::showLater()
 
 void PersonTableViewController::rowChosen(std::optional<int> row)
 {
-    chosen(row ? model_->idAt(*row) : std::nullopt);
+    chosen(row ? personsArrayController_->idAt(*row) : std::nullopt);
 }
 
 /// A choice is announced even where the row was selected already, because the document may have come to select
@@ -304,8 +310,8 @@ void PersonTableViewController::selectRowOf(std::optional<RecordId> person)
 
 void PersonTableViewController::showSelectedRow()
 {
-    const int row = selected_ ? model_->rowOf(*selected_) : -1;
-    table_->selectRow(row < 0 ? std::nullopt : std::optional(row));
+    const int row = selected_ ? personsArrayController_->rowOf(*selected_) : -1;
+    personTableView_->selectRow(row < 0 ? std::nullopt : std::optional(row));
 }
 
 /// Takes its turn among everything enqueued. By then another row may be selected, or the user may have gone on to a
@@ -320,8 +326,8 @@ void PersonTableViewController::announce()
 
 void PersonTableViewController::openSelected()
 {
-    openRow_->open(model_->rowOf(*selected_), *selected_);
-    QWidget* before = table_;
+    openRow_->open(personsArrayController_->rowOf(*selected_), *selected_);
+    QWidget* before = personTableView_;
     for (QWidget* const field : openRow_->cell()->fields()) {
         QWidget::setTabOrder(before, field);
         before = field;
@@ -339,28 +345,28 @@ void PersonTableViewController::search(const QString& text)
 
 void PersonTableViewController::showFound(const SearchWords& words)
 {
-    const RowsInPlace inPlace(*table_);
+    const RowsInPlace inPlace(*personTableView_);
     const auto open = openRow_->person();
     const Person* const opened = open ? pool_.context().person(*open) : nullptr;
     if (!opened || !words.find(*opened))
         openRow_->forget();
-    model_->search(words, openRow_->person());
+    personsArrayController_->search(words, openRow_->person());
 }
 
 /// Return goes through everybody who was found, one after the other.
 void PersonTableViewController::choosePerson()
 {
-    if (model_->rowCount() == 0)
+    if (personsArrayController_->rowCount() == 0)
         return;
-    const int next = found_ ? model_->rowOf(*found_) + 1 : 0;
-    found_ = model_->idAt(next % model_->rowCount());
+    const int next = found_ ? personsArrayController_->rowOf(*found_) + 1 : 0;
+    found_ = personsArrayController_->idAt(next % personsArrayController_->rowCount());
     if (Person* const person = pool_.context().person(*found_))
         personChosen_(*person);
 }
 
 std::optional<RecordId> PersonTableViewController::shownSelection() const
 {
-    return selected_ && model_->rowOf(*selected_) >= 0 ? selected_ : std::nullopt;
+    return selected_ && personsArrayController_->rowOf(*selected_) >= 0 ? selected_ : std::nullopt;
 }
 
 } // namespace lineara

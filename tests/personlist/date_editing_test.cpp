@@ -174,6 +174,43 @@ TEST_F(DateEditing, TheCalendarOpensOnDemandAtTheDate)
     EXPECT_EQ(calendar(), nullptr);
 }
 
+TEST_F(DateEditing, TheOpenerActsAtThePressAndStartsNoEditing)
+{
+    shown.goBeside();
+    QTest::mousePress(&opener(), Qt::LeftButton);
+    ASSERT_NE(calendar(), nullptr);
+    EXPECT_EQ(QApplication::focusWidget(), calendar()->focusProxy() ? calendar()->focusProxy() : calendar());
+    QTest::mouseRelease(&opener(), Qt::LeftButton);
+    EXPECT_NE(calendar(), nullptr);
+    QTest::mousePress(&opener(), Qt::RightButton);
+    EXPECT_NE(calendar(), nullptr);
+    QTest::mousePress(&opener(), Qt::LeftButton);
+    EXPECT_EQ(calendar(), nullptr);
+}
+
+TEST_F(DateEditing, TheOpenerActsInAWindowThatIsNotActive)
+{
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    QTest::mousePress(shown.window.windowHandle(), Qt::LeftButton, {},
+                      opener().mapTo(&shown.window, opener().rect().center()));
+    EXPECT_NE(calendar(), nullptr);
+}
+
+TEST_F(DateEditing, ARowThatOpensHasNoCalendarOpen)
+{
+    for (const char* const name : {"birth", "death"})
+        QTest::mouseClick(date(name).findChild<QToolButton*>(), Qt::LeftButton);
+    QTest::keyClick(&opener(), Qt::Key_Space);
+    EXPECT_TRUE(date("birthDatePicker").isVisible());
+    EXPECT_TRUE(date("deathDatePicker").isVisible());
+    shown.cell()->expand();
+    EXPECT_FALSE(date("birthDatePicker").isVisible());
+    EXPECT_FALSE(date("deathDatePicker").isVisible());
+}
+
 TEST_F(DateEditing, APressInTheCellClosesTheCalendar)
 {
     QTest::mouseClick(&opener(), Qt::LeftButton);

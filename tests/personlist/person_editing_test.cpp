@@ -2,6 +2,7 @@
 
 #include "shown_list.h"
 
+#include "multi_line_text_delegate.h"
 #include "notes_field.h"
 
 #include <QInputMethodEvent>
@@ -251,6 +252,49 @@ TEST_F(PersonEditing, ReturnBreaksTheLineInNotesAndControlReturnKeepsThem)
     EXPECT_EQ(a.additional(), QStringLiteral("a\nb\nc"));
     EXPECT_TRUE(shown.table().hasFocus());
     expectStep("Edit Notes");
+}
+
+TEST_F(PersonEditing, NotesTakeTheirLineBreaksFromTheOneDelegateThatEveryNewListRenews)
+{
+    const auto delegate = [this] { return static_cast<NotesField&>(notes()).delegate(); };
+    const MultiLineTextDelegate* const before = delegate();
+    EXPECT_EQ(before, MultiLineTextDelegate::shared().get());
+    const PersonTableViewController another(*shown.pool);
+    EXPECT_NE(MultiLineTextDelegate::shared().get(), before);
+    type(notes(), "1");
+    QTest::keyClick(&notes(), Qt::Key_Enter);
+    QTest::keyClicks(&notes(), QStringLiteral("2"));
+    EXPECT_EQ(notes().toPlainText(), QStringLiteral("1\n2"));
+    shown.select(b);
+    EXPECT_EQ(delegate(), MultiLineTextDelegate::shared().get());
+}
+
+TEST(NotesField, WithoutADelegateReturnEndsTheEditing)
+{
+    std::vector<FieldEnd> ends;
+    NotesField field([&](FieldEnd end) { ends.push_back(end); });
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_THAT(ends, testing::ElementsAre(FieldEnd::Return));
+    EXPECT_EQ(field.toPlainText(), QString());
+}
+
+TEST(MultiLineTextDelegate, TakesReturnAndNothingElse)
+{
+    QPlainTextEdit field(QStringLiteral("ab"));
+    field.moveCursor(QTextCursor::End);
+    field.moveCursor(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
+    const auto delegate = MultiLineTextDelegate::shared();
+    const auto takes = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        return delegate->takeKey(field, QKeyEvent(QEvent::KeyPress, key, modifiers));
+    };
+    EXPECT_FALSE(takes(Qt::Key_Escape));
+    EXPECT_FALSE(takes(Qt::Key_Tab));
+    EXPECT_FALSE(takes(Qt::Key_A));
+    EXPECT_FALSE(takes(Qt::Key_Return, Qt::ControlModifier));
+    EXPECT_EQ(field.toPlainText(), QStringLiteral("ab"));
+    EXPECT_TRUE(takes(Qt::Key_Return));
+    EXPECT_EQ(field.toPlainText(), QStringLiteral("a\n"));
+    EXPECT_EQ(field.textCursor().position(), 2);
 }
 
 TEST_F(PersonEditing, NotesThatAreOnlyVisitedStayAsTheyAre)

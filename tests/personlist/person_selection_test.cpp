@@ -270,6 +270,7 @@ TEST(PersonListLife, TheViewMayGoFirst)
     shown.list->setReducedMotion(false);
     shown.press(a);
     delete &shown.list->view();
+    EXPECT_EQ(shown.list->personTableView(), nullptr);
     shown.list->select(a);
     shown.list->deselectAll();
     shown.list->rearrangeObjects();

@@ -56,8 +56,8 @@ public:
         return person;
     }
 
-    PersonTableView& table() const { return *list->view().findChild<PersonTableView*>(); }
-    PersonTableModel& model() const { return static_cast<PersonTableModel&>(*table().model()); }
+    PersonTableView& table() const { return *list->personTableView(); }
+    PersonTableModel& model() const { return list->personsArrayController(); }
     QLineEdit& search() const { return *list->view().findChild<QLineEdit*>(QStringLiteral("searchField")); }
 
     QStringList names() const

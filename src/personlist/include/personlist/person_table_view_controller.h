@@ -39,6 +39,10 @@ public:
 
     /// Whoever takes the view over may destroy it first; the operations do nothing from then on.
     QWidget& view() override;
+    /// Nullptr once the view is gone.
+    PersonTableView* personTableView() const;
+    /// Who stands in the list, arranged as the rows of the table.
+    PersonTableModel& personsArrayController() const { return *personsArrayController_; }
 
     /// Ends a search, so that the newcomer is seen.
     void addObject(Person& person) override;
@@ -89,13 +93,13 @@ private:
     std::optional<RecordId> shownSelection() const;
 
     Pool& pool_;
+    std::unique_ptr<PersonTableModel> personsArrayController_;
     std::unique_ptr<Thumbnails> thumbnails_;
     std::unique_ptr<RefusedEntries> refused_;
     QPointer<QWidget> view_;
     // Parts of the view, which go with it.
     PersonListPane* pane_ = nullptr;
-    PersonTableModel* model_ = nullptr;
-    PersonTableView* table_ = nullptr;
+    PersonTableView* personTableView_ = nullptr;
     std::unique_ptr<OpenRow> openRow_;
     std::optional<RecordId> selected_; // may be hidden by a search
     std::optional<RecordId> found_;    // whom the search has come to
