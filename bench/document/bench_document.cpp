@@ -1,15 +1,17 @@
 // Prints what going back and forth through the history of a large family costs: replaying the records of a step, the
-// picture that follows, and the memory of many steps. Families of 3,000, 10,000 and 100,000 persons, or of the sizes
-// given as arguments. Milliseconds; a window of 1400 x 900 pixels.
+// picture that follows, and the memory of many steps; and what a key costs where a person is chosen. Families of 3,000,
+// 10,000 and 100,000 persons, or of the sizes given as arguments. Milliseconds; a window of 1400 x 900 pixels.
 
 #include "canvas/tree_view.h"
 #include "document/document.h"
 #include "document/document_window.h"
+#include "person_chooser.h"
 #include "platform/serial_queue.h"
 #include "store/family_file.h"
 #include "store/made_family.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -106,6 +108,31 @@ Person& member(const Document& document, std::size_t number)
     return *document.pool().persons()[number];
 }
 
+/// Each key of a name that is typed to choose whom to link a person to, up to the picture of who is found.
+void printChoosing(Document& document)
+{
+    Person& linked = member(document, 0);
+    const auto isAllowed = [&](Person& other) {
+        return document.pool().canLink(QStringLiteral("offspring"), linked, other);
+    };
+    PersonChooser chooser(document.window(), QString(), document.pool(), isAllowed, [](Person&) {});
+    chooser.setAttribute(Qt::WA_DeleteOnClose, false);
+    chooser.show();
+    auto* const search = chooser.findChild<QLineEdit*>();
+    const QString name = member(document, document.pool().persons().size() / 2).name().value_or(QString());
+    Times keys;
+    for (int round = 0; round < rounds; ++round) {
+        for (qsizetype letters = 0; letters <= name.size(); ++letters) {
+            keys.all.push_back(millisecondsOf([&] {
+                search->setText(name.first(letters));
+                chooser.repaint();
+                QApplication::processEvents();
+            }));
+        }
+    }
+    keys.print("a key where a person is chosen");
+}
+
 /// Everybody is moved in turn to one side and the other, each time as a step of its own.
 void printManySteps(ObjectContext& family)
 {
@@ -125,6 +152,8 @@ void measure(std::size_t persons)
     const auto document = openMadeFamily(persons);
     std::printf("%zu persons, %.0f MB\n", persons, megabytesInUse());
     Journal& journal = document->context().journal();
+
+    printChoosing(*document);
 
     journal.begin(QStringLiteral("Edit Name"));
     member(*document, 0).setName(QStringLiteral("Anna"));

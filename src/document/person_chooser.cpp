@@ -1,6 +1,7 @@
 #include "person_chooser.h"
 
 #include "model/object_context.h"
+#include "personlist/search_words.h"
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
@@ -16,13 +17,9 @@ namespace lineara {
 
 namespace {
 
-/// Letters without accents and case, so that "muller" finds "Müller".
-QString folded(const QString& text)
-{
-    QString letters = text.normalized(QString::NormalizationForm_KD);
-    letters.removeIf([](QChar letter) { return letter.isMark(); });
-    return letters.toCaseFolded();
-}
+/// More than any screen shows. To look for somebody who is allowed through all of a large family would keep the keys
+/// waiting.
+constexpr int rowsLookedAt = 100;
 
 QString label(const Person& person)
 {
@@ -37,17 +34,15 @@ QString label(const Person& person)
 ChoosablePersons::ChoosablePersons(const Pool& pool, std::function<bool(Person&)> isAllowed)
     : pool_(pool), isAllowed_(std::move(isAllowed))
 {
-    filter(QString());
+    filter(SearchWords());
 }
 
-void ChoosablePersons::filter(const QString& words)
+void ChoosablePersons::filter(const SearchWords& words)
 {
-    const QStringList wanted = folded(words).split(QLatin1Char(' '), Qt::SkipEmptyParts);
     beginResetModel();
     rows_.clear();
     for (const Person* const person : pool_.persons()) {
-        const QString text = wanted.isEmpty() ? QString() : folded(label(*person));
-        if (std::ranges::all_of(wanted, [&](const QString& word) { return text.contains(word); }))
+        if (words.find(*person))
             rows_.push_back(person->recordId());
     }
     endResetModel();
@@ -63,10 +58,11 @@ Person* ChoosablePersons::personAt(int row) const
 
 int ChoosablePersons::firstAllowed() const
 {
+    const int end = std::min(rowCount(), rowsLookedAt);
     int row = 0;
-    while (row < rowCount() && !personAt(row))
+    while (row < end && !personAt(row))
         ++row;
-    return row < rowCount() ? row : -1;
+    return row < end ? row : -1;
 }
 
 int ChoosablePersons::rowCount(const QModelIndex& parent) const
@@ -96,7 +92,7 @@ PersonChooser::PersonChooser(QWidget& owner, const QString& title, const Pool& p
     setObjectName(QStringLiteral("personChooser"));
     setWindowTitle(title);
     resize(420, 480);
-    search_->setPlaceholderText(QCoreApplication::translate("PersonChooser", "Part of the name"));
+    search_->setPlaceholderText(QCoreApplication::translate("PersonChooser", "Search name, years or notes"));
     search_->installEventFilter(this);
     list_->setModel(&persons_);
     list_->setUniformItemSizes(true);
@@ -127,7 +123,7 @@ bool PersonChooser::eventFilter(QObject* watched, QEvent* event)
 
 void PersonChooser::filter(const QString& words)
 {
-    persons_.filter(words);
+    persons_.filter(SearchWords(words));
     if (const int row = persons_.firstAllowed(); row >= 0)
         list_->setCurrentIndex(persons_.index(row));
     showWhetherAllowed();

@@ -16,18 +16,20 @@ namespace lineara {
 
 class Person;
 class Pool;
+class SearchWords;
 
-/// The members of a family whose name or life span holds every word of a text, in the family's order. Members that are
-/// not allowed are shown, but can't be picked. Persons that go meanwhile leave an empty row.
+/// The members of a family whom a search finds, in the family's order. Members that are not allowed are shown, but
+/// can't be picked; who is allowed is asked only for rows that are looked at. Persons that go meanwhile leave an empty
+/// row.
 class ChoosablePersons : public QAbstractListModel
 {
 public:
     ChoosablePersons(const Pool& pool, std::function<bool(Person&)> isAllowed);
 
-    void filter(const QString& words);
+    void filter(const SearchWords& words);
     /// Nullptr if the person is gone or not allowed.
     Person* personAt(int row) const;
-    /// -1 if there is none.
+    /// Among the first hundred rows; -1 if there is none.
     int firstAllowed() const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -40,7 +42,7 @@ private:
     std::vector<RecordId> rows_;
 };
 
-/// Asks for one person of a family: type a part of the name, pick with the arrow keys, Return.
+/// Asks for one person of a family: type a part of what is known of the person, pick with the arrow keys, Return.
 class PersonChooser : public QDialog
 {
 public:
