@@ -1,13 +1,31 @@
 // The document and its list: one selection, and nothing typed that is lost.
 
+#include "canvas/hand.h"
 #include "listed_document.h"
 
 #include <gmock/gmock.h>
 
 using namespace lineara;
+using testing::ElementsAre;
 using testing::SizeIs;
 
 namespace {
+
+/// Counts what is painted anywhere in the program.
+class PaintCounter : public QObject
+{
+public:
+    PaintCounter() { QApplication::instance()->installEventFilter(this); }
+
+    int painted = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        painted += event->type() == QEvent::Paint;
+        return false;
+    }
+};
 
 class OwnList : public testing::Test
 {
@@ -92,6 +110,10 @@ TEST_F(OwnList, AClickOnNothingBeforeANewPersonComesToRest)
     edited.release();
     EditedDocument::deliver();
     EXPECT_LE(announced, 10);
+    const int before = announced;
+    for (int round = 0; round < 20; ++round)
+        EditedDocument::deliver();
+    EXPECT_EQ(announced, before);
     const bool isSelected = edited.document->selectionPerson() != nullptr;
     EXPECT_EQ(edited.table().selectionModel()->hasSelection(), isSelected);
 }
@@ -106,6 +128,65 @@ TEST_F(OwnList, TwoClicksAtOnceEndWithTheSecond)
     EXPECT_LE(announced, 2);
     EXPECT_EQ(edited.document->selectionPerson(), edited.person(106));
     EXPECT_EQ(edited.selectedName(), QStringLiteral("Kid"));
+}
+
+TEST_F(OwnList, TwoClicksAtOnceComeToRest)
+{
+    // Longer than rows move.
+    constexpr int milliseconds = 700;
+    const int flashTime = QApplication::cursorFlashTime();
+    QApplication::setCursorFlashTime(0);
+    watchAnnouncements();
+    enqueueClick(102);
+    enqueueClick(106);
+    EditedDocument::deliver();
+    edited.editName();
+    edited.nameField()->setCursorPosition(1);
+    QTest::qWait(milliseconds);
+    EXPECT_LE(announced, 2);
+    const int before = announced;
+    const PaintCounter counter;
+    QTest::qWait(milliseconds);
+    EXPECT_EQ(announced, before);
+    EXPECT_EQ(counter.painted, 0);
+    EXPECT_EQ(edited.document->selectionPerson(), edited.person(106));
+    EXPECT_EQ(edited.nameField()->text(), QStringLiteral("Kid"));
+    EXPECT_EQ(edited.nameField()->cursorPosition(), 1);
+    EXPECT_EQ(QApplication::focusWidget(), edited.nameField());
+    QApplication::setCursorFlashTime(flashTime);
+}
+
+TEST_F(OwnList, ANodeThatIsPressedLeavesWhatIsTypedToWhomItWasTypedFor)
+{
+    edited.pressRow(QStringLiteral("Partner"));
+    edited.editName();
+    edited.type(QStringLiteral("s"));
+    Announcements heard(edited.pool());
+    const auto selections = NotificationCenter::defaultCenter().observe<selectionChangeNotification>(
+        [&](const auto& change) { heard.log.push_back(change.person == RecordId{102} ? "selection" : "another"); });
+    edited.canvas().reveal(person(102));
+    Hand hand(edited.canvas());
+    hand.click(hand.panel(person(102)));
+    EditedDocument::deliver();
+    EXPECT_THAT(heard.log, ElementsAre("PersonDragEnded", "PersonClicked", "selection"));
+    EXPECT_EQ(person(105).name(), QStringLiteral("Partners"));
+    EXPECT_EQ(person(102).name(), QStringLiteral("Grandma"));
+    EXPECT_EQ(edited.document->selectionPerson(), edited.person(102));
+    EXPECT_EQ(edited.selectedName(), QStringLiteral("Grandma"));
+}
+
+TEST_F(OwnList, NotesTypedWhileAPersonIsAddedStayWithWhomTheyAreTypedFor)
+{
+    edited.pressRow(QStringLiteral("Partner"));
+    edited.hold();
+    const RecordId newcomer = edited.addUnsettled();
+    edited.notes()->setFocus();
+    edited.type(QStringLiteral("Plays the flute."));
+    edited.release();
+    edited.document->commit();
+    EXPECT_EQ(person(105).additional(), QStringLiteral("Plays the flute."));
+    ASSERT_NE(edited.context().person(newcomer), nullptr);
+    EXPECT_EQ(edited.context().person(newcomer)->additional(), std::nullopt);
 }
 
 TEST_F(OwnList, TheRowOfAPersonIsChosenAgainAfterALink)
