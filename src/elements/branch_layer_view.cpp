@@ -66,19 +66,23 @@ bool shows(const LinkLayer& layer, const LinkRecord& record, bool isPartner)
            layer.source()->recordId() == record.source && layer.target()->recordId() == record.target;
 }
 
-LinkLayer* existingLayer(const ObjectContext& context, const LinkRecord& record, bool isPartner)
+/// The shape of a link between them, of several the one that was made first, or nullptr.
+LinkLayer* firstLayer(const Person& source, const Person& target, bool isPartner)
+{
+    // Both ends list the shape; the end with fewer links is searched, which keeps large families linear.
+    const bool sourceIsShorter = source.linkLayers().size() < target.linkLayers().size();
+    const auto& candidates = sourceIsShorter ? source.linkLayers() : target.linkLayers();
+    const auto found = std::ranges::find_if(candidates, [&](const LinkLayer* layer) {
+        return layer->isPartnerLink() == isPartner && joins(*layer, &source, &target);
+    });
+    return found != candidates.end() ? *found : nullptr;
+}
+
+LinkLayer* firstLayer(const ObjectContext& context, const LinkRecord& record, bool isPartner)
 {
     const Person* const source = context.person(record.source);
     const Person* const target = context.person(record.target);
-    if (!source || !target)
-        return nullptr;
-    // Both ends list the shape; the end with fewer links is searched, which keeps large families linear.
-    const bool sourceIsShorter = source->linkLayers().size() < target->linkLayers().size();
-    const auto& candidates = sourceIsShorter ? source->linkLayers() : target->linkLayers();
-    const auto found = std::ranges::find_if(candidates, [&](const LinkLayer* layer) {
-        return layer->isPartnerLink() == isPartner && joins(*layer, source, target);
-    });
-    return found != candidates.end() ? *found : nullptr;
+    return source && target ? firstLayer(*source, *target, isPartner) : nullptr;
 }
 
 std::optional<LinkSelectionNotification::Link> selectionOf(const LinkLayer* layer)
@@ -177,9 +181,11 @@ void BranchLayerView::markWanted(const std::vector<LinkRecord>& records, const Q
     // The shapes stand in the order of the records but for the latest changes.
     std::size_t next = 0;
     for (const LinkRecord& record : records) {
-        LinkLayer* layer = next < layers_.size() ? layers_[next].get() : nullptr;
-        if (!layer || !shows(*layer, record, isPartner))
-            layer = existingLayer(pool_->context(), record, isPartner);
+        const LinkLayer* const expected = next < layers_.size() ? layers_[next].get() : nullptr;
+        // Even the expected one may have a double that was made earlier.
+        LinkLayer* const layer = expected && shows(*expected, record, isPartner)
+                                     ? firstLayer(*expected->source(), *expected->target(), isPartner)
+                                     : firstLayer(pool_->context(), record, isPartner);
         if (layer) {
             layer->isWanted_ = true;
             next = layer->index_ + std::size_t{1};

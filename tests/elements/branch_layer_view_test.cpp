@@ -153,6 +153,27 @@ TEST_F(BranchLayerViewTest, SyncLeavesExactlyOneShapeForEveryLink)
     EXPECT_FALSE(view.syncWithRecords(noneHidden));
 }
 
+TEST_F(BranchLayerViewTest, SyncKeepsTheFirstOfDoublesWithItsSelection)
+{
+    // Persons in the order of the links that are expected: cleo and dan, then eve and fay.
+    Person& eve = family.addAt({100, 500});
+    Person& fay = family.addAt({300, 500});
+    BranchLayerView view(family.pool);
+    const LinkRecord doubled{eve.recordId(), fay.recordId()};
+    LinkLayer& first = view.addLink(doubled, u"partner"_qs);
+    LinkLayer& between = view.addLink({cleo.recordId(), dan.recordId()}, u"partner"_qs);
+    view.addLink(doubled, u"partner"_qs);
+    view.select(first);
+    cleo.addPartner(dan);
+    eve.addPartner(fay);
+    EXPECT_TRUE(view.syncWithRecords(noneHidden));
+    EXPECT_THAT(shapes(view), ElementsAre(&first, &between));
+    EXPECT_THAT(eve.linkLayers(), ElementsAre(&first));
+    EXPECT_THAT(fay.linkLayers(), ElementsAre(&first));
+    EXPECT_EQ(view.selectedLink(), &first);
+    EXPECT_EQ(first.strokeColor(), colours::selectedStroke());
+}
+
 TEST_F(BranchLayerViewTest, SyncTellsParentFromChildAndPartnerFromBoth)
 {
     ann.addChild(cleo);
