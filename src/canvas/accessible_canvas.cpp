@@ -45,7 +45,7 @@ QAccessibleInterface* AccessibleCanvas::nodeOf(RecordId person) const
 QAccessibleInterface* AccessibleCanvas::childAt(int x, int y) const
 {
     const QPoint pixel = canvas().viewport()->mapFromGlobal(QPoint(x, y));
-    const LeafView* const node = canvas().hit(canvas().toCanvas(QPointF(pixel))).node;
+    const LeafView* const node = canvas().hitNode(canvas().toCanvas(QPointF(pixel))).node;
     return node && canvas().viewport()->rect().contains(pixel) ? nodeOf(node->person().recordId()) : nullptr;
 }
 

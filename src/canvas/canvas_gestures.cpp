@@ -130,7 +130,7 @@ void CanvasGestures::letGo()
 
 void CanvasGestures::hover()
 {
-    const CanvasHit found = pointer_ ? canvas_.hit(canvas_.toCanvas(*pointer_)) : CanvasHit{};
+    const CanvasHit found = pointer_ ? canvas_.hitNode(canvas_.toCanvas(*pointer_)) : CanvasHit{};
     if (hover_.moveTo(handleOf(found)))
         canvas_.viewport()->update();
 }

@@ -112,19 +112,24 @@ std::size_t FamilyScene::countNodes(const QRectF& area) const
     return count;
 }
 
-CanvasHit FamilyScene::hit(CanvasPoint point) const
+CanvasHit FamilyScene::hitNode(CanvasPoint point) const
 {
     CanvasHit found;
-    const QRectF spot(toPicture(point), QSizeF(0, 0));
-    visitNodes(spot, [&](LeafView& node) {
+    visitNodes(QRectF(toPicture(point), QSizeF(0, 0)), [&](LeafView& node) {
         if (node.frame().contains(point))
             found.node = &node;
     });
-    if (found.node) {
+    if (found.node)
         found.part = found.node->partAt(point);
+    return found;
+}
+
+CanvasHit FamilyScene::hit(CanvasPoint point) const
+{
+    CanvasHit found = hitNode(point);
+    if (found.node)
         return found;
-    }
-    visitLinks(spot, [&](LinkLayer& link) {
+    visitLinks(QRectF(toPicture(point), QSizeF(0, 0)), [&](LinkLayer& link) {
         if (link.contains(point))
             found.link = &link;
     });

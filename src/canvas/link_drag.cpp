@@ -52,7 +52,7 @@ void LinkDrag::forget(const LeafView& node)
 LeafView* LinkDrag::nodeUnder(QPointF pointer) const
 {
     const QRectF view(canvas_.viewport()->rect());
-    return view.contains(pointer) ? canvas_.hit(canvas_.toCanvas(pointer)).node : nullptr;
+    return view.contains(pointer) ? canvas_.hitNode(canvas_.toCanvas(pointer)).node : nullptr;
 }
 
 } // namespace lineara

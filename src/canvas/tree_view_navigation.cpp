@@ -228,7 +228,7 @@ void TreeView::updateCursor()
 
 void TreeView::showToolTip(const QHelpEvent& event)
 {
-    const CanvasHit found = hit(toCanvas(QPointF(event.pos())));
+    const CanvasHit found = hitNode(toCanvas(QPointF(event.pos())));
     const std::optional<NodeHint> hint = found.node && found.part ? hintOf(*found.node, *found.part) : std::nullopt;
     if (hint)
         QToolTip::showText(event.globalPos(), hint->text, viewport(), pixelsOf(view_, hint->frame));

@@ -129,6 +129,19 @@ TEST_F(PickedLink, UnderANodesBackgroundIsOutOfReach)
     EXPECT_EQ(view->branchLayer().selectedLink(), nullptr);
 }
 
+TEST_F(PickedLink, HasNoOutlineMadeByAPointerThatPasses)
+{
+    parent.addPartner(partner);
+    show();
+    const QPointF place = on(link(0));
+    link(0).dropPath();
+    hand->hover(place);
+    EXPECT_FALSE(link(0).hasPath());
+    hand->press(place);
+    EXPECT_TRUE(link(0).hasPath());
+    hand->release();
+}
+
 TEST_F(PickedLink, IsPickedByTheSecondPressOfADoubleClick)
 {
     parent.addPartner(partner);

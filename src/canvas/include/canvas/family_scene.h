@@ -64,6 +64,8 @@ public:
     const std::optional<Frame>& bounds() const;
 
     CanvasHit hit(CanvasPoint point) const;
+    /// The same without links, whose outlines it makes none of.
+    CanvasHit hitNode(CanvasPoint point) const;
 
     /// Calls `visit` with each shape that may meet an area in picture coordinates, lowest first.
     template<class Visit>

@@ -138,6 +138,8 @@ public:
 
     /// What lies topmost at a point.
     CanvasHit hit(CanvasPoint point) const { return scene_.hit(point); }
+    /// The same as if there were no links, for what is asked at every movement of the pointer.
+    CanvasHit hitNode(CanvasPoint point) const { return scene_.hitNode(point); }
 
 public Q_SLOTS:
     void zoomIn();
