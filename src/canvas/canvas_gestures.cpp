@@ -130,7 +130,8 @@ void CanvasGestures::letGo()
 
 void CanvasGestures::hover()
 {
-    const CanvasHit found = pointer_ ? canvas_.hitNode(canvas_.toCanvas(*pointer_)) : CanvasHit{};
+    const bool isLooking = pointer_ && canvas_.isActiveWindow();
+    const CanvasHit found = isLooking ? canvas_.hitNode(canvas_.toCanvas(*pointer_)) : CanvasHit{};
     if (hover_.moveTo(handleOf(found)))
         canvas_.viewport()->update();
 }
@@ -141,6 +142,12 @@ void CanvasGestures::leave()
         return;
     pointer_.reset();
     hover();
+}
+
+void CanvasGestures::activationChanged()
+{
+    if (!isHolding())
+        hover();
 }
 
 void CanvasGestures::scrolledByHand()

@@ -32,6 +32,8 @@ public:
     void release(QPointF pixel);
     /// The pointer has left the view.
     void leave();
+    /// The window has become the active one, or is so no longer. Handles light up in the active one only.
+    void activationChanged();
     /// Ends a gesture as if it had never been begun, wherever the pointer is let go. False if there is none.
     bool cancel();
 

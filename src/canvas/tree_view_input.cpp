@@ -46,7 +46,13 @@ bool isBorrowed(Qt::FocusReason reason)
 bool TreeView::event(QEvent* event)
 {
     switch (event->type()) {
+    case QEvent::WindowActivate:
+        gestures_->activationChanged();
+        break;
     case QEvent::WindowDeactivate:
+        pointerLost();
+        gestures_->activationChanged();
+        break;
     case QEvent::Hide:
         pointerLost();
         break;

@@ -340,6 +340,21 @@ TEST_F(DraggedLink, LiesBelowTheNodes)
 class HoveredHandle : public DraggedLink
 {
 protected:
+    void show()
+    {
+        DraggedLink::show();
+        activate(*view);
+    }
+    void showWide()
+    {
+        DraggedLink::showWide();
+        activate(*view);
+    }
+    static void activate(QWidget& window)
+    {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
     bool isOrange(const ConnectorView& handle) const { return handle.circleFill() == colours::handleHover(); }
 };
 
@@ -400,6 +415,22 @@ TEST_F(HoveredHandle, IsFoundAnewWhenTheCanvasMovesBeneathThePointer)
     EXPECT_FALSE(isOrange(ann.leafView()->partnerHandle()));
     view->scrollTo(0, 0);
     EXPECT_TRUE(isOrange(ann.leafView()->partnerHandle()));
+}
+
+TEST_F(HoveredHandle, LightsUpInTheActiveWindowOnly)
+{
+    show();
+    const ConnectorView& handle = ann.leafView()->partnerHandle();
+    hand->hover(hand->partnerHandle(ann));
+    QWidget other;
+    other.show();
+    activate(other);
+    EXPECT_FALSE(isOrange(handle));
+    hand->hover(hand->panel(ann));
+    hand->hover(hand->partnerHandle(ann));
+    EXPECT_FALSE(isOrange(handle));
+    activate(*view);
+    EXPECT_TRUE(isOrange(handle));
 }
 
 TEST_F(HoveredHandle, MayDisappearWithItsNode)
