@@ -55,6 +55,8 @@ void CanvasGestures::press(QPointF pixel)
 
 void CanvasGestures::pressOn(const CanvasHit& found)
 {
+    if (!found.node || found.part)
+        canvas_.setFocus(Qt::MouseFocusReason);
     if (!found.node) {
         canvas_.branchLayer().mouseDown(canvas_.toCanvas(*pointer_), *this);
     } else if (ConnectorView* const handle = handleOf(found)) {

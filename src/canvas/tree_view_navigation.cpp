@@ -57,7 +57,8 @@ QRect pixelsOf(const ViewTransform& view, const Frame& frame)
 void TreeView::setUpViewport()
 {
     setFrameShape(QFrame::NoFrame);
-    setFocusPolicy(Qt::StrongFocus);
+    // Which presses take the keyboard depends on what they hit.
+    setFocusPolicy(Qt::TabFocus);
     viewport()->setMouseTracking(true);
     installCanvasAccessibility();
     // The canvas is white in every theme, and paints every pixel itself.

@@ -219,6 +219,40 @@ TEST_F(KeyboardFocus, IsNotTakenFromAFieldByAnythingButAPress)
     EXPECT_TRUE(view->hasFocus());
 }
 
+TEST_F(KeyboardFocus, IsTakenByALeftPressOnAPartAHandleALinkAndEmptyCanvas)
+{
+    show();
+    for (const QPointF& place :
+         {hand->panel(child), hand->picture(child), hand->partnerHandle(child), on(link(0)), QPointF(5, 5)}) {
+        field->setFocus();
+        QTest::mousePress(view->viewport(), Qt::LeftButton, {}, place.toPoint());
+        EXPECT_TRUE(view->hasFocus());
+        QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, place.toPoint());
+    }
+}
+
+TEST_F(KeyboardFocus, StaysInAFieldAtAPressOnABackgroundOrWithAnotherButton)
+{
+    show();
+    field->setFocus();
+    const auto press = [&](Qt::MouseButton button, QPointF place) {
+        QTest::mousePress(view->viewport(), button, {}, place.toPoint());
+        EXPECT_TRUE(field->hasFocus());
+        QTest::mouseRelease(view->viewport(), button, {}, place.toPoint());
+        EXPECT_TRUE(field->hasFocus());
+    };
+    const CanvasPoint corner = view->toCanvas(hand->background(child).toPoint());
+    ASSERT_EQ(view->hit(corner).node, child.leafView());
+    ASSERT_FALSE(view->hit(corner).part);
+    press(Qt::LeftButton, hand->background(child));
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        press(button, hand->panel(child));
+        press(button, {5, 5});
+    }
+    QTest::keyClick(field, Qt::Key_Backtab);
+    EXPECT_TRUE(view->hasFocus());
+}
+
 TEST_F(KeyboardFocus, IsSeenAtTheNodeForAsLongAsItIsOnTheCanvas)
 {
     show();
