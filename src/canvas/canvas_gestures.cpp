@@ -252,8 +252,9 @@ void CanvasGestures::willMove(LeafView&)
     node_.ensureStep();
 }
 
-void CanvasGestures::wasPulled(LeafView& node)
+void CanvasGestures::wasPulled(LeafView& node, double before)
 {
+    node_.pulledFrom(before);
     canvas_.nodeMoved(node);
 }
 

@@ -73,7 +73,7 @@ private:
     const Pool& pool() const override;
     void makeFirstResponder(BranchLayerView& layer) override;
     void willMove(LeafView& node) override;
-    void wasPulled(LeafView& node) override;
+    void wasPulled(LeafView& node, double before) override;
     void setNeedsUpdateConstraints() override;
     void autoscroll() override;
 

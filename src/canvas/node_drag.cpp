@@ -1,6 +1,8 @@
 #include "node_drag.h"
 
+#include "canvas/placement.h"
 #include "canvas/tree_view.h"
+#include "model/person.h"
 
 #include <utility>
 
@@ -10,7 +12,7 @@ void NodeDrag::press(LeafView& node)
 {
     node_ = &node;
     step_.reset();
-    heightBefore_ = node.yConstraint()->constant;
+    heightBefore_.reset();
 }
 
 void NodeDrag::drag(CanvasPoint point, ElementHost& host)
@@ -32,8 +34,17 @@ void NodeDrag::cancel()
     LeafView::stopDragging();
     if (hasNewestStep())
         canvas_.pool().context().journal().rollBack();
-    node.setYConstant(heightBefore_);
+    goBackToHeight(node);
     canvas_.nodeMoved(node);
+}
+
+/// Who has a generation by now belongs in its row, wherever the pull began.
+void NodeDrag::goBackToHeight(LeafView& node) const
+{
+    if (!heightBefore_)
+        return;
+    const auto generation = node.person().generation();
+    node.setYConstant(generation ? rowConstant(generation) : *heightBefore_);
 }
 
 void NodeDrag::drop()
@@ -46,6 +57,12 @@ void NodeDrag::ensureStep()
 {
     if (!hasNewestStep())
         step_ = canvas_.pool().context().journal().begin(TreeView::tr("Move Person"));
+}
+
+void NodeDrag::pulledFrom(double height)
+{
+    if (!heightBefore_)
+        heightBefore_ = height;
 }
 
 /// Somebody else may have begun a step since.

@@ -30,14 +30,17 @@ public:
 
     /// To be called ahead of each change of the person's x.
     void ensureStep();
+    /// To be called after each pull up or down, with the vertical constant ahead of it.
+    void pulledFrom(double height);
 
 private:
     bool hasNewestStep() const;
+    void goBackToHeight(LeafView& node) const;
 
     TreeView& canvas_;
     LeafView* node_ = nullptr;
     std::optional<StepId> step_;
-    double heightBefore_ = 0; // vertical constant
+    std::optional<double> heightBefore_; // vertical constant ahead of the first pull
 };
 
 } // namespace lineara

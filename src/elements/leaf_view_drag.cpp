@@ -58,12 +58,13 @@ void LeafView::pull(double rise, ElementHost& host)
     if (!yConstraint_)
         return;
     constexpr double sign = isFlipped() ? 1.0 : -1.0;
-    const double moved = yConstraint_->constant + rise * sign;
+    const double before = yConstraint_->constant;
+    const double moved = before + rise * sign;
     const double kept = isFlipped() ? std::max(moved, 0.0) : std::min(moved, 0.0);
-    if (kept == yConstraint_->constant)
+    if (kept == before)
         return;
     setYConstant(kept);
-    host.wasPulled(*this);
+    host.wasPulled(*this, before);
 }
 
 void LeafView::moveSideways(double distance, ElementHost& host)

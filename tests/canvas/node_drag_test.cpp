@@ -269,6 +269,40 @@ TEST_F(DraggedNode, GoesBackOnEscapeWithEverybodyWhoWasShifted)
     EXPECT_THAT(announced.log, IsEmpty());
 }
 
+TEST_F(DraggedNode, TakenOnItsWayToARowEndsThereOnEscape)
+{
+    Person& ann = family.add(200);
+    Person& bob = family.add(500);
+    show();
+    ann.addPartner(bob);
+    family.pool.process();
+    view->refreshHierarchy();
+    const double row = rowConstant(ann.generation());
+    ASSERT_NE(ShownFamily::yConstant(ann), row);
+    hand->press(hand->panel(ann));
+    hand->dragBy({30, 0});
+    QTest::keyClick(view, Qt::Key_Escape);
+    EXPECT_EQ(ShownFamily::yConstant(ann), row);
+    EXPECT_EQ(ann.x(), 200);
+}
+
+TEST_F(DraggedNode, StaysOnEscapeInTheRowThatItWasGivenMeanwhile)
+{
+    for (const double pull : {0.0, -40.0}) {
+        Person& ann = family.add(200);
+        show();
+        hand->press(hand->panel(ann));
+        hand->dragBy({0, pull});
+        ann.setGeneration(2);
+        family.pool.arrangeGenerations();
+        view->refreshHierarchy();
+        view->settle();
+        QTest::keyClick(view, Qt::Key_Escape);
+        EXPECT_EQ(ShownFamily::yConstant(ann), rowConstant(2)) << pull;
+        family.context.remove(ann);
+    }
+}
+
 TEST_F(DraggedNode, CancelLeavesEarlierStepsAlone)
 {
     Person& ann = family.add(200);

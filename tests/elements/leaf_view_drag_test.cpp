@@ -104,8 +104,10 @@ TEST_F(NodeDragging, LinkedPersonStaysInItsRow)
 TEST_F(NodeDragging, AnnouncesEachKindOfMovementOnlyWhereThereIsOne)
 {
     press({100, 50});
+    const double before = height();
     drag({100, 60});
     EXPECT_THAT(host.log, ElementsAre("was pulled", "autoscroll"));
+    EXPECT_EQ(host.heightBefore, before);
     host.log.clear();
     drag({105, 60});
     EXPECT_THAT(host.log, ElementsAre("will move", "autoscroll"));

@@ -33,11 +33,16 @@ public:
     void makeFirstResponder(LeafView&) override { log.push_back("node is first responder"); }
     void makeFirstResponder(BranchLayerView&) override { log.push_back("layer is first responder"); }
     void willMove(LeafView&) override { log.push_back("will move"); }
-    void wasPulled(LeafView&) override { log.push_back("was pulled"); }
+    void wasPulled(LeafView&, double before) override
+    {
+        log.push_back("was pulled");
+        heightBefore = before;
+    }
     void setNeedsUpdateConstraints() override { log.push_back("needs update"); }
     void autoscroll() override { log.push_back("autoscroll"); }
 
     std::vector<std::string> log;
+    double heightBefore = 0;               ///< vertical constant ahead of the last pull
     const ConnectorView* handle = nullptr; ///< of the last notification that named one
     const Pool* family = nullptr;          ///< of the last notification that is looked at
 

@@ -17,8 +17,8 @@ public:
 
     /// A drag is about to change the x of the node's person.
     virtual void willMove(LeafView& node) = 0;
-    /// A drag has changed the node's height.
-    virtual void wasPulled(LeafView& node) = 0;
+    /// A drag has changed the node's height; its vertical constant was `before`.
+    virtual void wasPulled(LeafView& node, double before) = 0;
     virtual void setNeedsUpdateConstraints() = 0;
     /// Scrolls on for as long as the pointer is dragged at an edge of the view.
     virtual void autoscroll() = 0;
