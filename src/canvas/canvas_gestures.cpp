@@ -64,12 +64,20 @@ void CanvasGestures::pressOn(const CanvasHit& found)
         handle_ = handle;
         held_ = Held::Handle;
     } else {
-        found.node->mouseDown(dragPoint(), found.part);
-        if (found.part) {
-            node_.press(*found.node);
-            held_ = Held::Node;
-        }
+        pressOn(*found.node, found.part);
     }
+}
+
+void CanvasGestures::pressOn(LeafView& node, std::optional<NodePart> part)
+{
+    if (part) {
+        node_.press(node);
+        held_ = Held::Node;
+        // What is pending may shift the family, and with it the view beneath the pointer, or take the node away.
+        canvas_.settle();
+    }
+    if (!part || held_ == Held::Node)
+        node.mouseDown(dragPoint(), part);
 }
 
 void CanvasGestures::move(QPointF pixel, Qt::MouseButtons buttons)
@@ -87,8 +95,7 @@ void CanvasGestures::drag()
 {
     if (held_ != Held::Node && held_ != Held::Handle)
         return;
-    if (!std::exchange(isDragging_, true) && held_ == Held::Node)
-        canvas_.settle();
+    isDragging_ = true;
     if (held_ == Held::Node)
         node_.drag(dragPoint(), *this);
     else

@@ -16,6 +16,7 @@
 namespace lineara {
 
 struct CanvasHit;
+enum class NodePart : std::uint8_t;
 
 /// What the pointer does on a canvas, apart from moving the view: hovers over handles, picks links, drags nodes, and
 /// drags links from handles. Only the left button counts. All points are in pixels of the viewport.
@@ -78,6 +79,7 @@ private:
     void autoscroll() override;
 
     void pressOn(const CanvasHit& found);
+    void pressOn(LeafView& node, std::optional<NodePart> part);
     void drag();
     void hover();
     void letGo();

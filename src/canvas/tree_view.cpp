@@ -143,7 +143,9 @@ void TreeView::followAttributes(const AttributesChanged& change)
 
 void TreeView::followPlaces(const ManyChanged& change)
 {
-    steady_.followShift(change.shift);
+    steady_.followShift(change.shift, isReplaying() ? ShiftCause::Replay : shiftCause_);
+    if (gestures_->isHoldingNode())
+        gestures_->viewMoved();
     if (change.persons.size() * fewAmongMany < scene_.personLayer().nodes().size()) {
         for (const Person* const person : change.persons) {
             if (scene_.shows(*person))

@@ -73,11 +73,9 @@ void TreeView::mousePressEvent(QMouseEvent* event)
 {
     if (gestures_->isHolding() && event->button() != Qt::LeftButton)
         return;
-    setPointerHold(PointerHold::Canvas);
     if (!navigation_.press(*event) && event->button() == Qt::LeftButton)
         gestures_->press(event->position());
-    if (gestures_->isHoldingNode())
-        setPointerHold(PointerHold::Node);
+    setPointerHold(gestures_->isHoldingNode() ? PointerHold::Node : PointerHold::Canvas);
     updateCursor();
 }
 

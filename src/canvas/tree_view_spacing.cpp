@@ -6,6 +6,8 @@
 #include "elements/notifications.h"
 #include "layout/row_solver.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 #include <iterator>
 #include <set>
@@ -69,7 +71,7 @@ void TreeView::personDragNotification(const PersonDragEndedNotification& ended)
     if (!person)
         return;
     // What the drag itself has led to comes first, as long as the pointer holds the node.
-    correctLeftEdge();
+    correctLeftEdge(ShiftCause::Drag);
     reconstrainCollisionsForPerson(*person);
 }
 
@@ -91,7 +93,8 @@ void TreeView::runRequested()
 {
     for (int round = 0; round < mostRounds && passRequested_; ++round) {
         passRequested_ = false;
-        updateConstraints();
+        // Who is found left of the canvas first has been dragged there, and later on has been pushed there by a row.
+        updateConstraints(round == 0 ? ShiftCause::Drag : ShiftCause::Layout);
         spacing_.layOut(scene_);
         clearCollisionConstraints();
     }
@@ -100,7 +103,7 @@ void TreeView::runRequested()
         layOutContent();
 }
 
-void TreeView::updateConstraints()
+void TreeView::updateConstraints(ShiftCause cause)
 {
     if (std::exchange(membersStale_, false))
         syncNodes();
@@ -108,13 +111,14 @@ void TreeView::updateConstraints()
     for (const std::int32_t row : spacedRows_.changedRows(pool().generations()))
         constrainCollisionsForGeneration(row);
     takeRows();
-    correctLeftEdge();
+    correctLeftEdge(cause);
 }
 
-void TreeView::correctLeftEdge()
+void TreeView::correctLeftEdge(ShiftCause cause)
 {
     if (!std::exchange(edgeStale_, false))
         return;
+    const QScopedValueRollback because(shiftCause_, cause);
     if (const std::int32_t distance = leftEdgeDistance(smallestXConstant().value_or(0)); distance != 0)
         adjustBy(distance);
 }

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace lineara {
 
@@ -45,11 +46,11 @@ void LeafView::mouseDragged(CanvasPoint point, ElementHost& host)
 {
     if (!dragging().isOn)
         return;
-    const CanvasPoint last = dragging().lastPoint;
+    // Whatever the movement leads to may move the canvas beneath the pointer, which changes the point again.
+    const CanvasPoint last = std::exchange(dragging().lastPoint, point);
     if (person_->linkLayers().empty())
         pull(point.y - last.y, host);
     moveSideways(point.x - last.x, host);
-    dragging().lastPoint = point;
     host.autoscroll();
 }
 
@@ -69,13 +70,14 @@ void LeafView::pull(double rise, ElementHost& host)
 
 void LeafView::moveSideways(double distance, ElementHost& host)
 {
-    const std::int32_t from = person_->x().value_or(0);
-    const std::int32_t to = cutToWholePoints(distance + from);
-    if (to == from)
+    const auto from = [this] { return person_->x().value_or(0); };
+    const auto to = [&] { return cutToWholePoints(distance + from()); };
+    if (to() == from())
         return;
+    // Ahead of the change everything that is pending comes to its end, which may shift the whole family.
     host.willMove(*this);
-    person_->setX(to);
-    if (to < 0)
+    person_->setX(to());
+    if (from() < 0)
         host.setNeedsUpdateConstraints();
 }
 

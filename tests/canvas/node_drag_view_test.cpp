@@ -101,5 +101,100 @@ TEST_F(DraggedNode, IsDrawnQuicklyWhileItMovesAndWellOnceItIsLetGo)
     EXPECT_EQ(pictureOf(*view), atRest);
 }
 
+/// A row without room at the left edge, whose spacing shifts everybody, and another row above it.
+class ShiftedBeneathTheHand : public DraggedNode
+{
+protected:
+    ShiftedBeneathTheHand()
+    {
+        for (Person* const person : {&first, &second, &third})
+            person->setName(QStringLiteral("Wilhelmina Charlotte Amalia of Saxe-Meiningen"));
+        view = &family.show();
+        view->zoomTo(1, {0, 0});
+        view->scrollTo(0, 0);
+        hand.emplace(*view);
+    }
+    /// Has the first pushed so many points to the left, as soon as the row is spaced.
+    void crowdTheRowBy(int points)
+    {
+        third.setX(*second.x() - points);
+        view->reconstrainCollisionsForPerson(third);
+    }
+
+    Person& first = family.add(0, 1);
+    Person& second = family.add(152, 1);
+    Person& third = family.add(304, 1);
+    Person& dragged = family.add(500, 2);
+    Person& bystander = family.add(700, 2);
+};
+
+TEST_F(ShiftedBeneathTheHand, StaysUnderItWhenASpacingIsDueAtThePress)
+{
+    crowdTheRowBy(12);
+    const QPointF node = family.pixelOf(dragged);
+    const QPointF other = family.pixelOf(bystander);
+    hand->press(hand->panel(dragged));
+    hand->dragBy({1, 0});
+    EXPECT_EQ(dragged.x(), 513);
+    EXPECT_EQ(family.pixelOf(dragged), node + QPointF(1, 0));
+    EXPECT_EQ(family.pixelOf(bystander), other);
+    hand->release();
+}
+
+TEST_F(ShiftedBeneathTheHand, StaysUnderItWhenASpacingIsDueAtTheFirstMovement)
+{
+    journal().begin(QStringLiteral("Edit Name"));
+    bystander.setName(QStringLiteral("Bea"));
+    const QPointF node = family.pixelOf(dragged);
+    const QPointF other = family.pixelOf(bystander);
+    hand->press(hand->panel(dragged));
+    crowdTheRowBy(12);
+    hand->dragBy({1, 0});
+    EXPECT_EQ(bystander.x(), 712);
+    EXPECT_EQ(family.pixelOf(dragged), node + QPointF(1, 0));
+    EXPECT_EQ(family.pixelOf(bystander), other);
+    hand->dragBy({5, 0});
+    EXPECT_EQ(family.pixelOf(dragged), node + QPointF(6, 0));
+    hand->release();
+}
+
+TEST_F(ShiftedBeneathTheHand, StaysUnderItWhenASpacingComesDuringTheDrag)
+{
+    const QPointF node = family.pixelOf(dragged);
+    const QPointF other = family.pixelOf(bystander);
+    hand->press(hand->panel(dragged));
+    hand->dragBy({1, 0});
+    crowdTheRowBy(12);
+    view->settle();
+    EXPECT_EQ(bystander.x(), 712);
+    EXPECT_EQ(family.pixelOf(dragged), node + QPointF(1, 0));
+    EXPECT_EQ(family.pixelOf(bystander), other);
+    hand->dragBy({5, 0});
+    EXPECT_EQ(family.pixelOf(dragged), node + QPointF(6, 0));
+    hand->release();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(family.pixelOf(dragged), node + QPointF(6, 0));
+    EXPECT_EQ(family.pixelOf(bystander), other);
+}
+
+TEST_F(ShiftedBeneathTheHand, IsBackWhereItWasOnTheScreenOnEscape)
+{
+    dragged.setX(0);
+    const QPointF node = family.pixelOf(dragged);
+    const QPointF other = family.pixelOf(bystander);
+    hand->press(hand->panel(dragged));
+    hand->dragBy({-30, 0});
+    view->settle();
+    EXPECT_EQ(family.pixelOf(bystander), other + QPointF(30, 0));
+    crowdTheRowBy(52);
+    view->settle();
+    EXPECT_EQ(bystander.x(), 752);
+    EXPECT_EQ(family.pixelOf(bystander), other + QPointF(30, 0));
+    QTest::keyClick(view, Qt::Key_Escape);
+    EXPECT_EQ(bystander.x(), 700);
+    EXPECT_EQ(family.pixelOf(dragged), node);
+    EXPECT_EQ(family.pixelOf(bystander), other);
+}
+
 } // namespace
 } // namespace lineara

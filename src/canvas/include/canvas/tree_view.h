@@ -172,9 +172,9 @@ protected:
 
 private:
     void trimView();
-    void updateConstraints();
+    void updateConstraints(ShiftCause cause);
     void constrainRowsOfResized();
-    void correctLeftEdge();
+    void correctLeftEdge(ShiftCause cause);
     void runRequested();
     std::optional<double> smallestXConstant() const;
     void personDragNotification(const PersonDragEndedNotification& ended);
@@ -237,6 +237,7 @@ private:
     bool membersStale_ = false; // somebody has joined the family and may have no node yet
     bool edgeStale_ = true;     // somebody may stand left of the canvas
     bool contentStale_ = false;
+    ShiftCause shiftCause_ = ShiftCause::Layout;
     bool reducedMotion_ = false;
     std::optional<SeenPart> startPart_;
     bool startPlaceOpen_ = true; // until the first picture the view keeps looking for a place to start at
