@@ -112,6 +112,7 @@ void TreeView::updateConstraints(ShiftCause cause)
         constrainCollisionsForGeneration(row);
     takeRows();
     correctLeftEdge(cause);
+    personLayer().updateConstraints();
 }
 
 void TreeView::correctLeftEdge(ShiftCause cause)

@@ -100,6 +100,23 @@ TEST_F(Spaced, RowIsSolvedWithoutALeftBoundAndEverybodyIsShiftedByTheSame)
     EXPECT_THAT(places(), ElementsAre(0, 152, 304, 647));
 }
 
+TEST_F(Spaced, EveryPassLeavesAPairOfLeastSizesAtEveryNode)
+{
+    Person& early = addWide(0, 1);
+    TreeView& view = family.show();
+    const auto before = early.leafView()->minimumSizePairs();
+    Person& late = addWide(200, 1);
+    view.addViewForPerson(late);
+    view.settle();
+    const auto sinceThen = early.leafView()->minimumSizePairs() - before;
+    for (int pass = 0; pass < 10; ++pass) {
+        view.setNeedsUpdateConstraints();
+        view.settle();
+    }
+    EXPECT_EQ(early.leafView()->minimumSizePairs(), before + sinceThen + 10);
+    EXPECT_EQ(late.leafView()->minimumSizePairs(), sinceThen + 10);
+}
+
 TEST_F(Spaced, KeepsTheOrderOfARow)
 {
     addWide(300, 1);

@@ -96,5 +96,32 @@ TEST_F(PersonLayerViewTest, MarksEndWithTheirNode)
     EXPECT_FALSE(layer.marks().linkTarget);
 }
 
+TEST(PersonLayerView, PassesCountForNodesFromWhenTheyCameUntilTheyGo)
+{
+    tests::Family family;
+    LeafView& early = *family.add().leafView();
+    LeafView& late = *family.add().leafView();
+    {
+        PersonLayerView layer{family.pool};
+        layer.addNode(early);
+        layer.updateConstraints();
+        layer.addNode(late);
+        EXPECT_EQ(late.minimumSizePairs(), 0u);
+        for (int pass = 0; pass < 10; ++pass)
+            layer.updateConstraints();
+        EXPECT_EQ(early.minimumSizePairs(), 11u);
+        EXPECT_EQ(late.minimumSizePairs(), 10u);
+        late.updateConstraints();
+        layer.removeNode(late);
+        layer.updateConstraints();
+        EXPECT_EQ(early.minimumSizePairs(), 12u);
+        EXPECT_EQ(late.minimumSizePairs(), 11u);
+        layer.addNode(late);
+        layer.updateConstraints();
+    }
+    EXPECT_EQ(early.minimumSizePairs(), 13u);
+    EXPECT_EQ(late.minimumSizePairs(), 12u);
+}
+
 } // namespace
 } // namespace lineara

@@ -90,9 +90,10 @@ public:
     /// The canvas has moved beneath a pointer that rests: it is here now, and has not dragged anything.
     static void setLastDragPoint(CanvasPoint point);
 
-    /// One pass over the node's own constraints adds a pair "at least 10 wide, at least 10 high"; earlier pairs stay.
+    /// One pass over the node's own constraints adds a pair "at least 10 wide, at least 10 high"; earlier pairs stay. A
+    /// pass of the layer that shows the node is one of each of its nodes.
     void updateConstraints() { ++minimumSizePairs_; }
-    std::uint32_t minimumSizePairs() const { return minimumSizePairs_; }
+    std::uint32_t minimumSizePairs() const { return minimumSizePairs_ + (layerPasses_ ? *layerPasses_ : 0); }
 
     /// Place among the nodes of the person layer that shows it, lowest first.
     std::uint32_t index() const { return index_; }
@@ -110,7 +111,8 @@ private:
     LeafInfoView infoView_;
     ConnectorView partnerHandle_;
     ConnectorView childHandle_;
-    std::uint32_t minimumSizePairs_ = 0;
+    const std::uint32_t* layerPasses_ = nullptr; // of the layer that shows the node
+    std::uint32_t minimumSizePairs_ = 0;         // less the layer's passes of before; wraps around
     std::uint32_t index_ = 0;
 };
 

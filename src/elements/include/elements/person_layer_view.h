@@ -7,6 +7,7 @@
 #include <QColor>
 #include <QString>
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -23,8 +24,8 @@ struct RubberBand
     friend bool operator==(const RubberBand&, const RubberBand&) = default;
 };
 
-/// The layer of nodes, above the link shapes, with the rubber band. Looks at its nodes; the LeafNursery owns them.
-/// Main thread only.
+/// The layer of nodes, above the link shapes, with the rubber band. Looks at its nodes; the LeafNursery owns them and
+/// must outlive the layer. Main thread only.
 class PersonLayerView
 {
 public:
@@ -33,6 +34,7 @@ public:
     static constexpr double connectionGap = 15.0; ///< points left out after each dash
 
     explicit PersonLayerView(Pool& pool) : pool_(&pool) {}
+    ~PersonLayerView();
     PersonLayerView(const PersonLayerView&) = delete;
     PersonLayerView& operator=(const PersonLayerView&) = delete;
 
@@ -48,6 +50,9 @@ public:
     /// The topmost node whose frame holds the point, or nullptr.
     LeafView* nodeAt(CanvasPoint point) const;
 
+    /// One pass over the constraints of all nodes shown, at the cost of one.
+    void updateConstraints() { ++passes_; }
+
     /// Replaces the rubber band by one straight line in the colour of the type.
     void drawConnection(const QString& type, CanvasPoint from, CanvasPoint to);
     void clearConnection() { connection_.reset(); }
@@ -59,10 +64,13 @@ public:
     const NodeMarks& marks() const { return marks_; }
 
 private:
+    void letGo(LeafView& node) const;
+
     Pool* pool_;
     std::vector<LeafView*> nodes_;
     std::optional<RubberBand> connection_;
     NodeMarks marks_;
+    std::uint32_t passes_ = 0;
 };
 
 } // namespace lineara
