@@ -51,7 +51,7 @@ Frame LeafView::imageFrame() const
 {
     using namespace node_layout;
     const Frame node = frame();
-    const double shown = std::min(imageView_.widthConstraint().constant, node.width);
+    const double shown = std::min(std::ceil(imageView_.widthConstraint().constant), node.width);
     return {node.x + (node.width - shown) / 2, node.y + pictureBottom, shown, pictureHeight};
 }
 

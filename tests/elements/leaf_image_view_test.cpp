@@ -115,6 +115,16 @@ TEST_F(LeafImageViewTest, GreatestWidthOfANodeBeatsAnEndlessPicture)
     EXPECT_EQ(node.imageFrame().width, node_layout::greatestNodeWidth);
 }
 
+TEST_F(LeafImageViewTest, SlotIsWholePointsWideWhileTheConstraintIsExact)
+{
+    ann.setName(u"Al"_qs);
+    setPicture(png(1000, 667));
+    EXPECT_DOUBLE_EQ(view.widthConstraint().constant, 72.0 * 1000 / 667);
+    EXPECT_NEAR(view.widthConstraint().constant, 107.946, 0.001);
+    EXPECT_EQ(node.imageFrame().width, 108);
+    EXPECT_EQ(node.width(), 108);
+}
+
 TEST_F(LeafImageViewTest, PictureOfOnePointWidthIsShown)
 {
     setPicture(png(1, 10000));

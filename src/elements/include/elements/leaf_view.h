@@ -54,6 +54,7 @@ public:
     Frame frame() const;
     /// Whole points, from the texts and the picture; at most node_layout::greatestNodeWidth.
     int width() const;
+    /// As wide as the picture asks for, in whole points, or as the node.
     Frame imageFrame() const;
     Frame infoFrame() const;
     /// The topmost part at a point; no value on the node's own background and outside of it.
