@@ -139,6 +139,32 @@ TEST_F(Spaced, AWidePictureMakesRoomInItsRow)
     EXPECT_TRUE(isAtRest(family.pool));
 }
 
+TEST_F(Spaced, AWidePictureBesideTwoNeighboursIsUndoneToTheSamePlaces)
+{
+    Person& person = family.add(0, 1, QStringLiteral("Al"));
+    const int pitch = person.leafView()->width() + 10;
+    family.add(pitch, 1, QStringLiteral("Al"));
+    family.add(2 * pitch, 1, QStringLiteral("Al"));
+    TreeView& view = family.show();
+    ASSERT_TRUE(isAtRest(family.pool));
+    const auto before = places();
+    ASSERT_THAT(before, ElementsAre(0, pitch, 2 * pitch));
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("wide.png"));
+    ASSERT_TRUE(QImage(400, 100, QImage::Format_RGB32).save(file));
+    family.context.journal().begin(QStringLiteral("Change Picture"));
+    person.changePic(file);
+    view.settle();
+    EXPECT_EQ(person.leafView()->width(), node_layout::greatestNodeWidth);
+    EXPECT_TRUE(isAtRest(family.pool));
+    EXPECT_NE(places(), before);
+    family.context.journal().undo();
+    view.settle();
+    EXPECT_EQ(places(), before);
+    EXPECT_TRUE(isAtRest(family.pool));
+    EXPECT_FALSE(family.context.journal().canUndo());
+}
+
 TEST_F(Spaced, AThousandRenamesInARowAreOneChangeOfPlaces)
 {
     for (int person = 0; person < 1000; ++person)

@@ -61,6 +61,29 @@ TEST_F(Connecting, PlacesWhoHasNoRowBesideWhoHas)
     EXPECT_EQ(anchor.x(), 400);
 }
 
+TEST_F(Connecting, TakesTheLowestRowForARowLikeAnyOther)
+{
+    Person& anchor = family.add(400, 0);
+    Person& newcomer = family.add(150);
+    TreeView& view = family.show();
+    ASSERT_TRUE(view.connect(newcomer, anchor, partnerLink.toString()));
+    EXPECT_EQ(newcomer.x(), 379);
+    EXPECT_EQ(anchor.x(), 400);
+}
+
+TEST_F(Connecting, LeavesTheirPlacesToThoseWhoBothHaveARowOrNeitherDoes)
+{
+    std::vector<std::pair<Person*, Person*>> couples;
+    for (const std::optional<std::int32_t> row : {std::optional<std::int32_t>(), std::optional(0), std::optional(1)})
+        couples.emplace_back(&family.add(400, row), &family.add(150, row));
+    TreeView& view = family.show();
+    for (const auto& [left, right] : couples) {
+        ASSERT_TRUE(view.connect(*left, *right, partnerLink.toString()));
+        EXPECT_EQ(left->x(), 400);
+        EXPECT_EQ(right->x(), 150);
+    }
+}
+
 TEST_F(Connecting, IsOneStepWithThePlace)
 {
     Person& anchor = family.add(400, 1);
