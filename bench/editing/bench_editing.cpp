@@ -82,7 +82,8 @@ bool isInReach(const TreeView& canvas, const Couple& couple)
 
 /// Milliseconds from the release to the end of the first picture after the canvas began to follow; the frames of the
 /// glide are added to `glide`. No value if the drop was refused.
-std::optional<double> linkOnce(FrameClock& clock, EditedFamily& family, const Couple& couple, std::vector<double>& glide)
+std::optional<double> linkOnce(FrameClock& clock, EditedFamily& family, const Couple& couple,
+                               std::vector<double>& glide)
 {
     TreeView& canvas = family.canvas();
     const QPointF handle = canvas.toViewport(couple.from->leafView()->partnerHandle().frame().centre());

@@ -29,6 +29,7 @@ bool TreeView::connect(Person& from, Person& to, const QString& type)
         placeBeside(from, to);
     else if (to.generation() && !from.generation())
         placeBeside(to, from);
+    drawInHaste();
     addLink({from.recordId(), to.recordId()}, type);
     NotificationCenter::defaultCenter().post(createLinkNotification{&pool(), from.recordId(), to.recordId(), type});
     return true;

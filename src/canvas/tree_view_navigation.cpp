@@ -192,10 +192,16 @@ bool TreeView::viewportEvent(QEvent* event)
     }
 }
 
+/// What is about to change again soon is drawn fast for now, and well once it rests.
+void TreeView::drawInHaste()
+{
+    rest_.start(restMilliseconds, this);
+}
+
 bool TreeView::movedByHand(bool moved)
 {
     if (moved) {
-        rest_.start(restMilliseconds, this);
+        drawInHaste();
         showMovedView();
         gestures_->scrolledByHand();
     }

@@ -10,6 +10,7 @@ namespace lineara {
 
 void TreeView::refreshHierarchy()
 {
+    drawInHaste();
     syncNodes();
     scene_.syncLinks([this](const Person& person) { return isHidden(person); });
     followCommonShift();
@@ -76,6 +77,7 @@ void TreeView::glideEnded()
 {
     setNeedsUpdateConstraints();
     // The last picture of the glide was drawn in haste.
+    rest_.stop();
     viewport()->update();
 }
 

@@ -204,6 +204,7 @@ private:
     void zoomBy(double factor);
     void viewMoved();
     void showMovedView();
+    void drawInHaste();
     bool movedByHand(bool moved);
     bool moves() const;
     void pointerLost();

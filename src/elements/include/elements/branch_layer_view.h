@@ -43,8 +43,8 @@ public:
     void removeLayer(LinkLayer& layer);
     void removeLayersOf(Person& person);
     /// Brings the shapes in line with the links of the pool's members: exactly one for each. Shapes that are there
-    /// already stay, of doubles the one that was made first; surplus ones go, missing ones come on top, laid out. Links of hidden persons have no shape. True
-    /// if any came or went.
+    /// already stay, of doubles the one that was made first; surplus ones go, missing ones come on top, laid out. Links
+    /// of hidden persons have no shape. True if any came or went.
     bool syncWithRecords(const std::function<bool(const Person&)>& isHidden);
 
     LinkLayer* selectedLink() const { return selectedLink_; }
