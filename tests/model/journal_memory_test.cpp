@@ -10,7 +10,8 @@
 #include <vector>
 
 #ifdef LINEARA_SANITIZED
-#include <sanitizer/allocator_interface.h>
+// A part of the sanitizers' runtime that the compiler ships no header for.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #else
 #include <malloc.h>
 #endif
