@@ -24,7 +24,7 @@ class CanvasGestures final : private ElementHost
 {
 public:
     explicit CanvasGestures(TreeView& canvas);
-    ~CanvasGestures();
+    virtual ~CanvasGestures();
     CanvasGestures(const CanvasGestures&) = delete;
     CanvasGestures& operator=(const CanvasGestures&) = delete;
 

@@ -71,10 +71,12 @@ bool KnownRows::isKnown(const std::vector<RecordId>& row) const
 std::vector<bool> KnownRows::stoodInRow(std::int32_t row, std::span<const RecordId> persons) const
 {
     const auto index = static_cast<std::size_t>(row);
+    std::vector<bool> stood(persons.size(), true);
     if (index < rows_.size() && std::ranges::equal(rows_[index], persons))
-        return std::vector(persons.size(), true);
+        return stood;
     indexPersons();
     std::vector<std::int32_t> origins;
+    origins.reserve(persons.size());
     std::map<std::int32_t, std::size_t> shares;
     for (const RecordId person : persons) {
         const auto known = rowOfPerson_.find(person);
@@ -87,9 +89,8 @@ std::vector<bool> KnownRows::stoodInRow(std::int32_t row, std::span<const Record
         if (share.second > continued.second || (share.second == continued.second && share.first == row))
             continued = share;
     }
-    std::vector<bool> stood;
-    for (const std::int32_t origin : origins)
-        stood.push_back(origin != 0 && origin == continued.first);
+    std::transform(origins.begin(), origins.end(), stood.begin(),
+                   [&](std::int32_t origin) { return origin != 0 && origin == continued.first; });
     return stood;
 }
 

@@ -24,6 +24,7 @@ constexpr int mostRounds = 3;
 std::vector<std::int32_t> placesOf(const std::vector<RecordId>& persons, const ObjectContext& context)
 {
     std::vector<std::int32_t> places;
+    places.reserve(persons.size());
     for (const RecordId person : persons)
         places.push_back(context.person(person)->x().value_or(0));
     return places;

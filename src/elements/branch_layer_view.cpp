@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <compare>
 
 namespace lineara {
 
@@ -41,7 +42,7 @@ RecordedLinks recordedLinks(const Pool& pool, const IsHidden& isHidden)
         if (isHidden(*person))
             continue;
         for (const Person* const partner : person->partners()) {
-            if (compareAsText(person->recordId(), partner->recordId()) < 0 && !isHidden(*partner))
+            if (std::is_lt(compareAsText(person->recordId(), partner->recordId())) && !isHidden(*partner))
                 links.partners.push_back({person->recordId(), partner->recordId()});
         }
         for (const Person* const child : person->children()) {

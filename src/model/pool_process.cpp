@@ -4,6 +4,7 @@
 #include "platform/log.h"
 #include "visit.h"
 
+#include <compare>
 #include <string>
 #include <utility>
 
@@ -214,7 +215,7 @@ void Pool::rebuildLists()
     offspring_.clear();
     for (const Person* const person : persons_) {
         for (const Person* const partner : person->partners()) {
-            if (compareAsText(person->recordId(), partner->recordId()) < 0)
+            if (std::is_lt(compareAsText(person->recordId(), partner->recordId())))
                 partners_.push_back({person->recordId(), partner->recordId()});
         }
         for (const Person* const child : person->children())

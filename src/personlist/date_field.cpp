@@ -54,8 +54,8 @@ QLabel* makeMistakeLabel()
 
 } // namespace
 
-DateField::DateField(const QString& name, const QString& pickerName, Reports reports)
-    : reports_(std::move(reports)), name_(name), pickerName_(pickerName), opener_(makeOpener(name)),
+DateField::DateField(const QString& name, QString pickerName, Reports reports)
+    : reports_(std::move(reports)), name_(name), pickerName_(std::move(pickerName)), opener_(makeOpener(name)),
       mistake_(makeMistakeLabel())
 {
     const std::array<QString, 3> parts{text("Day"), text("Month"), text("Year")};

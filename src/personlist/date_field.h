@@ -33,7 +33,7 @@ public:
     };
 
     /// `name` is what the date is called, "Birth" for example, and `pickerName` the name of its calendar as an object.
-    DateField(const QString& name, const QString& pickerName, Reports reports);
+    DateField(const QString& name, QString pickerName, Reports reports);
 
     /// Shows a date, unless something else is being typed or was refused.
     void showDate(const PartialDate& date);
@@ -42,7 +42,7 @@ public:
 
     /// What was typed and can't be a date, or no value.
     std::optional<DateTexts> refused() const;
-    void showRefused(const DateTexts& texts);
+    void showRefused(const DateTexts& refused);
 
     /// Both do nothing while the calendar is as they would have it.
     void openPicker();
@@ -80,7 +80,7 @@ private:
     Reports reports_;
     QString name_;
     QString pickerName_;
-    std::array<FieldLine*, 3> lines_; // day, month, year
+    std::array<FieldLine*, 3> lines_{}; // day, month, year
     ClickableTextField* opener_;
     QLabel* mistake_;
     QFrame* picker_ = nullptr; // made when first opened, with the calendar inside

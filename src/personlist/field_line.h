@@ -24,7 +24,7 @@ public:
     /// What was typed counts as settled; the cursor stays.
     void settle();
     /// Shows another text, which counts as settled.
-    void showText(const QString& text);
+    void showText(const QString& shown);
 
 protected:
     bool event(QEvent* event) override;

@@ -134,16 +134,20 @@ std::optional<int> PersonTableView::rowAfter(int key) const
     }
 }
 
-void PersonTableView::focusInEvent(QFocusEvent* event)
+// What the toolkit would do makes a row the current one.
+void PersonTableView::focusInEvent(QFocusEvent* /*event*/)
 {
-    QAbstractScrollArea::focusInEvent(event);
-    viewport()->update();
-    focusChanged_();
+    showFocus();
 }
 
-void PersonTableView::focusOutEvent(QFocusEvent* event)
+void PersonTableView::focusOutEvent(QFocusEvent* /*event*/)
 {
-    QAbstractScrollArea::focusOutEvent(event);
+    showFocus();
+}
+
+void PersonTableView::showFocus()
+{
+    update();
     viewport()->update();
     focusChanged_();
 }

@@ -52,6 +52,7 @@ protected:
 
 private:
     std::optional<int> rowAfter(int key) const;
+    void showFocus();
 
     RowGestures gestures_;
     std::function<void()> focusChanged_ = [] {};

@@ -48,9 +48,10 @@ PersonTableViewController::PersonTableViewController(Pool& pool)
     personsArrayController_ = std::make_unique<PersonTableModel>(pool);
     RowGestures rows{[this](std::optional<int> row) { rowChosen(row); }, [this] { editSelectedName(); }};
     SearchGestures searching{[this](const QString& text) { search(text); }, [this] { choosePerson(); }};
-    pane_ = new PersonListPane(*personsArrayController_, std::move(rows), std::move(searching));
-    view_ = pane_;
-    personTableView_ = &pane_->table();
+    auto* const pane = new PersonListPane(*personsArrayController_, std::move(rows), std::move(searching));
+    pane_ = pane;
+    view_ = pane;
+    personTableView_ = &pane->table();
     personTableView_->setItemDelegate(new PersonCell({*thumbnails_, *refused_}, pane_));
     openRow_ = std::make_unique<OpenRow>(*personTableView_, [this](RecordId person) { return makeCell(person); });
     pane_->setDisappeared([this] { commitEditing(); });

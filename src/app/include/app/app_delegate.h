@@ -34,7 +34,7 @@ public:
 
 private:
     void openNew();
-    void show(std::unique_ptr<Document> document);
+    void show(std::unique_ptr<Document> made);
     void chooseAndOpen();
     void openSample();
     void showStartWindow();
