@@ -18,6 +18,9 @@ namespace lineara::bench {
 namespace {
 
 constexpr int rounds = 21;
+// From the first picture of a refresh on. A glide takes 250 ms from the refresh; its last frame comes to rest, too.
+constexpr std::chrono::milliseconds glideTime(215);
+constexpr std::chrono::milliseconds restTime(600);
 
 double quantile(std::vector<double> times, double share)
 {
@@ -80,10 +83,15 @@ bool isInReach(const TreeView& canvas, const Couple& couple)
     return isInView(from.partnerHandle().frame().centre()) && isInView(to.imageFrame().centre());
 }
 
-/// Milliseconds from the release to the end of the first picture after the canvas began to follow; the frames of the
-/// glide are added to `glide`. No value if the drop was refused.
-std::optional<double> linkOnce(FrameClock& clock, EditedFamily& family, const Couple& couple,
-                               std::vector<double>& glide)
+struct Frames
+{
+    std::vector<double> gliding;
+    std::vector<double> comingToRest; // rows are spaced anew, and the picture is drawn well
+};
+
+/// Milliseconds from the release to the end of the first picture after the canvas began to follow; what is drawn from
+/// then on is added to `frames`. No value if the drop was refused.
+std::optional<double> linkOnce(FrameClock& clock, EditedFamily& family, const Couple& couple, Frames& frames)
 {
     TreeView& canvas = family.canvas();
     const QPointF handle = canvas.toViewport(couple.from->leafView()->partnerHandle().frame().centre());
@@ -102,9 +110,13 @@ std::optional<double> linkOnce(FrameClock& clock, EditedFamily& family, const Co
     EditedFamily::waitUntil(
         [&] { return family.lastRefresh() > start && clock.lastPaint() && *clock.lastPaint() > family.lastRefresh(); });
     const auto end = *clock.lastPaint();
-    clock.watch(*canvas.viewport());
-    family.waitUntil([&, until = end + std::chrono::milliseconds(600)] { return FrameClock::Clock::now() > until; });
-    glide.insert(glide.end(), clock.frames().begin(), clock.frames().end());
+    const auto collect = [&](std::chrono::milliseconds untilAfter, std::vector<double>& into) {
+        clock.watch(*canvas.viewport());
+        family.waitUntil([until = end + untilAfter] { return FrameClock::Clock::now() > until; });
+        into.insert(into.end(), clock.frames().begin(), clock.frames().end());
+    };
+    collect(glideTime, frames.gliding);
+    collect(restTime, frames.comingToRest);
     return std::chrono::duration<double, std::milli>(end - start).count();
 }
 
@@ -112,12 +124,12 @@ std::optional<double> linkOnce(FrameClock& clock, EditedFamily& family, const Co
 void measureLinks(FrameClock& clock, EditedFamily& family, int rowsApart)
 {
     std::vector<double> waits;
-    std::vector<double> glide;
+    Frames frames;
     for (const Couple& couple : couplesToLink(family, rowsApart)) {
         showBoth(family.canvas(), couple);
         if (!isInReach(family.canvas(), couple))
             continue;
-        const auto wait = linkOnce(clock, family, couple, glide);
+        const auto wait = linkOnce(clock, family, couple, frames);
         if (!wait)
             continue;
         waits.push_back(*wait);
@@ -126,8 +138,10 @@ void measureLinks(FrameClock& clock, EditedFamily& family, int rowsApart)
         family.settle();
     }
     print(rowsApart == 0 ? "link in one row" : "link across rows", waits);
-    if (rowsApart != 0)
-        print("gliding", glide);
+    if (rowsApart != 0) {
+        print("gliding", frames.gliding);
+        print("coming to rest", frames.comingToRest);
+    }
 }
 
 Person* withSixLinks(const Pool& pool)

@@ -50,7 +50,7 @@ void CanvasGestures::press(QPointF pixel)
     pointer_ = pixel;
     held_ = Held::Elsewhere;
     pressOn(canvas_.hit(canvas_.toCanvas(pixel)));
-    canvas_.viewport()->update();
+    canvas_.redraw();
 }
 
 void CanvasGestures::pressOn(const CanvasHit& found)
@@ -100,7 +100,7 @@ void CanvasGestures::drag()
         node_.drag(dragPoint(), *this);
     else
         handle_->mouseDragged(*this);
-    canvas_.viewport()->update();
+    canvas_.redraw();
 }
 
 void CanvasGestures::release(QPointF pixel)
@@ -134,7 +134,7 @@ void CanvasGestures::letGo()
     held_ = Held::Nothing;
     isDragging_ = false;
     autoscroll_.stop();
-    canvas_.viewport()->update();
+    canvas_.redraw();
 }
 
 void CanvasGestures::hover()
@@ -142,7 +142,7 @@ void CanvasGestures::hover()
     const bool isLooking = pointer_ && canvas_.isActiveWindow();
     const CanvasHit found = isLooking ? canvas_.hitNode(canvas_.toCanvas(*pointer_)) : CanvasHit{};
     if (hover_.moveTo(handleOf(found)))
-        canvas_.viewport()->update();
+        canvas_.redraw();
 }
 
 void CanvasGestures::leave()
@@ -245,7 +245,7 @@ void CanvasGestures::focusChanged()
     if (focused && focused != canvas_.personLayer().marks().focused)
         announceFocus(canvas_, *focused);
     canvas_.personLayer().markFocused(focused);
-    canvas_.viewport()->update();
+    canvas_.redraw();
 }
 
 void CanvasGestures::resignFocus()

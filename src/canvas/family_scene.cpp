@@ -9,24 +9,6 @@
 
 namespace lineara {
 
-namespace {
-
-void include(std::optional<Frame>& bounds, const Frame& frame)
-{
-    if (!bounds) {
-        bounds = frame;
-        return;
-    }
-    const double right = std::max(bounds->x + bounds->width, frame.x + frame.width);
-    const double top = std::max(bounds->y + bounds->height, frame.y + frame.height);
-    bounds->x = std::min(bounds->x, frame.x);
-    bounds->y = std::min(bounds->y, frame.y);
-    bounds->width = right - bounds->x;
-    bounds->height = top - bounds->y;
-}
-
-} // namespace
-
 void FamilyScene::addAllInRows()
 {
     for (Person* const person : pool().persons()) {
@@ -49,7 +31,7 @@ void FamilyScene::removePerson(Person& person)
         personLayer_.removeNode(*person.leafView());
     branchLayer_.removeLayersOf(person);
     linksRenumbered();
-    boundsStale_ = true;
+    bounds_.allMoved();
 }
 
 LinkLayer& FamilyScene::addLink(const LinkRecord& record, const QString& type)
@@ -84,25 +66,19 @@ void FamilyScene::nodeMoved(const LeafView& node)
     }
     if (!boxesStale_)
         nodeBoxes_.set(node.index(), toPicture(node.frame()));
-    boundsStale_ = true;
+    bounds_.moved(node.index());
 }
 
 void FamilyScene::allMoved()
 {
     linksStale_ = true;
     boxesStale_ = true;
-    boundsStale_ = true;
+    bounds_.allMoved();
 }
 
-const std::optional<Frame>& FamilyScene::bounds() const
+std::optional<Frame> FamilyScene::bounds() const
 {
-    if (boundsStale_) {
-        bounds_.reset();
-        for (const LeafView* const node : personLayer_.nodes())
-            include(bounds_, node->frame());
-        boundsStale_ = false;
-    }
-    return bounds_;
+    return bounds_.of(personLayer_.nodes());
 }
 
 std::size_t FamilyScene::countNodes(const QRectF& area) const

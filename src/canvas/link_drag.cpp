@@ -9,7 +9,7 @@ void LinkDrag::connectionDrag(const connectionDragNotification& drag, QPointF po
     const CanvasPoint start = drag.fromView ? drag.fromView->frame().centre() : CanvasPoint{};
     canvas_.personLayer().drawConnection(drag.type, start, canvas_.toCanvas(pointer));
     enter(nodeUnder(pointer), drag);
-    canvas_.viewport()->update();
+    canvas_.redraw();
 }
 
 /// Asks the rules once for each node entered: they may have to walk the whole family.
@@ -39,7 +39,7 @@ void LinkDrag::clear()
     entered_ = nullptr;
     canvas_.personLayer().markLinkTarget(std::nullopt);
     canvas_.personLayer().clearConnection();
-    canvas_.viewport()->update();
+    canvas_.redraw();
 }
 
 void LinkDrag::forget(const LeafView& node)

@@ -85,14 +85,14 @@ void TreeView::forgetPerson(Person& person)
 
 LinkLayer& TreeView::addLink(const LinkRecord& record, const QString& type)
 {
-    viewport()->update();
+    redraw();
     return scene_.addLink(record, type);
 }
 
 void TreeView::removeLink(LinkLayer& link)
 {
     scene_.removeLink(link);
-    viewport()->update();
+    redraw();
 }
 
 void TreeView::syncNodes()
@@ -174,10 +174,25 @@ void TreeView::followMembership(Person& person, bool joined)
 
 void TreeView::contentChanged()
 {
-    viewport()->update();
+    redraw();
     if (std::exchange(contentStale_, true))
         return;
     QMetaObject::invokeMethod(this, &TreeView::runRequested, Qt::QueuedConnection);
+}
+
+void TreeView::redraw()
+{
+    if (std::exchange(redrawRequested_, true))
+        return;
+    QMetaObject::invokeMethod(this, &TreeView::drawRequested, Qt::QueuedConnection);
+}
+
+/// Nothing is drawn that the refresh which is about to follow will draw again.
+void TreeView::drawRequested()
+{
+    redrawRequested_ = false;
+    if (!followUp_.isActive())
+        viewport()->update();
 }
 
 void TreeView::paintEvent(QPaintEvent* event)

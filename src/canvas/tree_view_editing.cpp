@@ -18,6 +18,10 @@ void placeBeside(const Person& anchor, Person& newcomer)
     newcomer.setX(truncated(isLeft ? ofAnchor - besideRelative : ofAnchor + besideRelative));
 }
 
+// How long a new link waits for the refresh before it is drawn where its ends stand now. Small families are refreshed
+// by then and are drawn once instead of twice.
+constexpr int followUpMilliseconds = 30;
+
 } // namespace
 
 bool TreeView::connect(Person& from, Person& to, const QString& type)
@@ -30,6 +34,7 @@ bool TreeView::connect(Person& from, Person& to, const QString& type)
     else if (to.generation() && !from.generation())
         placeBeside(to, from);
     drawInHaste();
+    followUp_.start(followUpMilliseconds, this);
     addLink({from.recordId(), to.recordId()}, type);
     NotificationCenter::defaultCenter().post(createLinkNotification{&pool(), from.recordId(), to.recordId(), type});
     return true;
@@ -40,19 +45,19 @@ void TreeView::focus(Person& person)
     person.leafView()->focus();
     if (scene_.shows(person))
         gestures_->focusOn(*person.leafView());
-    viewport()->update();
+    redraw();
 }
 
 void TreeView::unfocus(Person& person)
 {
     person.leafView()->unfocus();
-    viewport()->update();
+    redraw();
 }
 
 void TreeView::deselectLink()
 {
     branchLayer().deselectSelected();
-    viewport()->update();
+    redraw();
 }
 
 } // namespace lineara

@@ -140,7 +140,7 @@ void TreeView::viewMoved()
 void TreeView::showMovedView()
 {
     updateScrollBars();
-    viewport()->update();
+    redraw();
     if (std::exchange(shownZoom_, view_.zoom()) != view_.zoom())
         Q_EMIT zoomChanged(view_.zoom());
 }
@@ -210,12 +210,13 @@ bool TreeView::movedByHand(bool moved)
 
 void TreeView::timerEvent(QTimerEvent* event)
 {
-    if (event->timerId() != rest_.timerId()) {
-        QAbstractScrollArea::timerEvent(event);
-        return;
-    }
-    rest_.stop();
-    viewport()->update();
+    if (event->timerId() == rest_.timerId())
+        rest_.stop();
+    else if (event->timerId() == followUp_.timerId())
+        followUp_.stop();
+    else
+        return QAbstractScrollArea::timerEvent(event);
+    redraw();
 }
 
 void TreeView::wheelEvent(QWheelEvent* event)

@@ -47,9 +47,10 @@ void TreeView::startAt(const SeenPart& part)
 
 void TreeView::showStartPlace()
 {
-    if (!scene_.bounds() || (startPart_ && showPart(*startPart_)))
+    const auto nodes = scene_.bounds();
+    if (!nodes || (startPart_ && showPart(*startPart_)))
         return;
-    const Frame all = withMargin(*scene_.bounds());
+    const Frame all = withMargin(*nodes);
     const double zoom = std::min(1.0, view_.zoomToFit(all));
     if (zoom >= readableZoom) {
         view_.centre(all, zoom);
@@ -92,9 +93,10 @@ void TreeView::reveal(const Person& person)
 
 void TreeView::fit()
 {
-    if (!scene_.bounds())
+    const auto nodes = scene_.bounds();
+    if (!nodes)
         return;
-    const Frame all = withMargin(*scene_.bounds());
+    const Frame all = withMargin(*nodes);
     view_.centre(all, std::min(1.0, view_.zoomToFit(all)));
     viewMoved();
 }

@@ -10,6 +10,7 @@ namespace lineara {
 
 void TreeView::refreshHierarchy()
 {
+    followUp_.stop();
     drawInHaste();
     syncNodes();
     scene_.syncLinks([this](const Person& person) { return isHidden(person); });
@@ -78,7 +79,7 @@ void TreeView::glideEnded()
     setNeedsUpdateConstraints();
     // The last picture of the glide was drawn in haste.
     rest_.stop();
-    viewport()->update();
+    redraw();
 }
 
 Frame TreeView::frameAtRest(const LeafView& node) const
@@ -105,7 +106,7 @@ void TreeView::setPointerHold(PointerHold hold)
     }
     heldCanvas_ = {0, 0};
     layOutContent();
-    viewport()->update();
+    redraw();
     const auto awaited = std::exchange(awaitedReveal_, std::nullopt);
     if (const Person* const person = awaited ? pool().context().person(*awaited) : nullptr)
         reveal(*person);

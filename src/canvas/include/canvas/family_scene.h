@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas/cull_boxes.h"
+#include "canvas/node_bounds.h"
 #include "elements/branch_layer_view.h"
 #include "elements/person_layer_view.h"
 
@@ -61,7 +62,7 @@ public:
     void allMoved();
 
     /// The smallest frame around all nodes; no value without any.
-    const std::optional<Frame>& bounds() const;
+    std::optional<Frame> bounds() const;
 
     CanvasHit hit(CanvasPoint point) const;
     /// The same without links, whose outlines it makes none of.
@@ -100,8 +101,7 @@ private:
     mutable CullBoxes linkBoxes_;
     mutable bool boxesStale_ = true;
     mutable bool linksStale_ = false; // everybody moved; the shapes follow when they are next looked at
-    mutable std::optional<Frame> bounds_;
-    mutable bool boundsStale_ = true;
+    mutable NodeBounds bounds_;
     std::vector<std::uint32_t> linksWithPaths_; // as of the last picture
 };
 

@@ -136,6 +136,9 @@ public:
     void scrollBy(QPointF pixels);
     void zoomTo(double zoom, QPointF anchor);
 
+    /// To be called when anything to be seen has changed: it is drawn as soon as the current event has been handled.
+    void redraw();
+
     /// What lies topmost at a point.
     CanvasHit hit(CanvasPoint point) const { return scene_.hit(point); }
     /// The same as if there were no links, for what is asked at every movement of the pointer.
@@ -205,6 +208,7 @@ private:
     void viewMoved();
     void showMovedView();
     void drawInHaste();
+    void drawRequested();
     bool movedByHand(bool moved);
     bool moves() const;
     void pointerLost();
@@ -233,7 +237,9 @@ private:
     Subscription steps_;
     QSizeF heldCanvas_{0, 0}; // while a pointer is down the canvas does not shrink below it
     QBasicTimer rest_;        // runs while the view is being moved by hand, and a moment longer
+    QBasicTimer followUp_;    // runs from a new link to the refresh that follows from it, at most a moment
     double shownZoom_ = 1;    // as last told by zoomChanged()
+    bool redrawRequested_ = false;
     bool passRequested_ = false;
     bool membersStale_ = false; // somebody has joined the family and may have no node yet
     bool edgeStale_ = true;     // somebody may stand left of the canvas
