@@ -46,11 +46,22 @@ std::optional<Segment> clipped(const Segment& line, QSize size)
     return Segment{line.from + share.begin * way, line.from + share.end * way};
 }
 
-/// The colour with all four parts times `share` / 255.
-QRgb scaled(QRgb colour, int share)
+/// The colour with all four parts times `share` / 255, rounded. Two parts at a time, each with eight bits of room above
+/// it: three quarters of the time of a filled shape is spent here.
+QRgb scaled(QRgb colour, std::uint32_t share)
 {
-    const auto part = [&](int value) { return (value * share + 127) / 255; };
-    return qRgba(part(qRed(colour)), part(qGreen(colour)), part(qBlue(colour)), part(qAlpha(colour)));
+    constexpr std::uint32_t lowParts = 0x00ff00ff;
+    const auto divided = [](std::uint32_t parts) {
+        parts += 0x00800080;
+        return (parts + (parts >> 8 & lowParts)) >> 8 & lowParts;
+    };
+    return divided((colour & lowParts) * share) | divided((colour >> 8 & lowParts) * share) << 8;
+}
+
+/// What a colour lets through, of 255.
+std::uint32_t restOf(QRgb colour)
+{
+    return 255U - static_cast<std::uint32_t>(qAlpha(colour));
 }
 
 /// The first of `count` pixels whose middle lies at `place` or behind it; `count` if there is none.
@@ -70,7 +81,7 @@ PlainRaster::PlainRaster(QSize size, QRgb ground)
 
 QRgb PlainRaster::onGround(QRgb colour) const
 {
-    return colour + scaled(ground_, 255 - qAlpha(colour));
+    return colour + scaled(ground_, restOf(colour));
 }
 
 void PlainRaster::line(QPointF from, QPointF to, QRgb colour)
@@ -102,9 +113,8 @@ void PlainRaster::fill(std::span<const QPointF> outline, QRgb colour)
     QPointF from = outline.back();
     for (const QPointF& to : outline)
         addCrossings(std::exchange(from, to), to, firstRow);
-    const Paint paint{colour, onGround(colour)};
     for (std::size_t at = 0; at < rows; ++at)
-        fillRow(firstRow + static_cast<int>(at), crossings_[at], paint);
+        fillRow(firstRow + static_cast<int>(at), crossings_[at], colour);
 }
 
 void PlainRaster::addCrossings(QPointF from, QPointF to, int firstRow)
@@ -122,7 +132,7 @@ void PlainRaster::addCrossings(QPointF from, QPointF to, int firstRow)
         crossings_[static_cast<std::size_t>(y - firstRow)].push_back({x, winding});
 }
 
-void PlainRaster::fillRow(int y, std::vector<Crossing>& crossings, const Paint& paint)
+void PlainRaster::fillRow(int y, std::vector<Crossing>& crossings, QRgb colour)
 {
     if (crossings.size() == 2) {
         if (crossings[1].x < crossings[0].x)
@@ -130,7 +140,7 @@ void PlainRaster::fillRow(int y, std::vector<Crossing>& crossings, const Paint& 
     } else {
         std::ranges::sort(crossings, {}, &Crossing::x);
     }
-    const int rest = 255 - qAlpha(paint.colour);
+    const std::uint32_t rest = restOf(colour);
     QRgb* const pixels = row(y);
     int winding = 0;
     for (std::size_t at = 0; at + 1 < crossings.size(); ++at) {
@@ -139,7 +149,7 @@ void PlainRaster::fillRow(int y, std::vector<Crossing>& crossings, const Paint& 
             continue;
         QRgb* const end = pixels + firstMiddleFrom(crossings[at + 1].x, image_.width());
         for (QRgb* pixel = pixels + firstMiddleFrom(crossings[at].x, image_.width()); pixel < end; ++pixel)
-            *pixel = *pixel == ground_ ? paint.onGround : paint.colour + scaled(*pixel, rest);
+            *pixel = colour + scaled(*pixel, rest);
     }
     crossings.clear();
 }

@@ -37,16 +37,10 @@ private:
         int winding; ///< 1 downwards, -1 upwards
     };
 
-    struct Paint
-    {
-        QRgb colour;
-        QRgb onGround;
-    };
-
     QRgb* row(int y) { return pixels_ + y * stride_; }
     QRgb onGround(QRgb colour) const;
     void addCrossings(QPointF from, QPointF to, int firstRow);
-    void fillRow(int y, std::vector<Crossing>& crossings, const Paint& paint);
+    void fillRow(int y, std::vector<Crossing>& crossings, QRgb colour);
 
     QRgb ground_;
     QImage image_;

@@ -11,7 +11,6 @@ namespace lineara {
 void TreeView::refreshHierarchy()
 {
     followUp_.stop();
-    drawInHaste();
     syncNodes();
     scene_.syncLinks([this](const Person& person) { return isHidden(person); });
     followCommonShift();
@@ -20,6 +19,7 @@ void TreeView::refreshHierarchy()
     contentChanged();
     if (!glide_.isRunning())
         settle();
+    drawInHaste();
 }
 
 /// Where all rows have moved alike, the view moves with them, and nodes that glide do so from where they are on the

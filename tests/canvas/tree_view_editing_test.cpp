@@ -5,10 +5,29 @@
 #include "platform/notification_center.h"
 #include "shown_family.h"
 
+#include <QTest>
+
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
 
 namespace lineara {
 namespace {
+
+class PaintCount : public QObject
+{
+public:
+    explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+    int paints = 0;
+};
 
 class Connecting : public testing::Test
 {
@@ -43,6 +62,36 @@ TEST_F(Connecting, ShowsTheShapeAndAsksForTheRecord)
     EXPECT_TRUE(parent.children().empty());
     EXPECT_EQ(parent.x(), 200);
     EXPECT_EQ(child.x(), 400);
+}
+
+TEST_F(Connecting, IsDrawnOnceWithTheRefreshThatFollows)
+{
+    Person& parent = family.add(200, 2);
+    std::vector<Person*> children;
+    for (int child = 0; child < 20; ++child)
+        children.push_back(&family.add(400, 1));
+    TreeView& view = family.show();
+    PaintCount count(*view.viewport());
+    // A machine that is busy elsewhere may let the refresh come too late, but not every time.
+    const bool isDrawnOnce = std::ranges::any_of(children, [&](Person* child) {
+        view.connect(parent, *child, offspringLink.toString());
+        count.paints = 0;
+        QTest::qWait(10);
+        const bool hasWaited = count.paints == 0;
+        view.refreshHierarchy();
+        return QTest::qWaitFor([&] { return count.paints > 0; }) && hasWaited;
+    });
+    EXPECT_TRUE(isDrawnOnce);
+}
+
+TEST_F(Connecting, IsDrawnSoonEvenIfTheRefreshTakesLong)
+{
+    Person& parent = family.add(200, 2);
+    Person& child = family.add(400, 1);
+    TreeView& view = family.show();
+    PaintCount count(*view.viewport());
+    view.connect(parent, child, offspringLink.toString());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return count.paints > 0; }));
 }
 
 TEST_F(Connecting, PlacesWhoHasNoRowBesideWhoHas)
