@@ -15,8 +15,10 @@ if(LINEARA_SANITIZERS)
     # With checks woven in, the compiler takes sound code for uninitialised; the builds without them keep the warning.
     target_compile_options(lineara_flags INTERFACE -Wno-maybe-uninitialized)
     target_link_options(lineara_flags INTERFACE -fsanitize=${LINEARA_SANITIZERS})
+    # Checked code is built often and run little: optimising less makes its build a third shorter.
+    set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O1 -g1")
     # Long random comparisons run fewer rounds where every memory access is checked.
-    target_compile_definitions(lineara_flags INTERFACE LINEARA_SANITIZED)
+    target_compile_definitions(lineara_flags INTERFACE LINEARA_SANITIZED _GLIBCXX_ASSERTIONS)
 endif()
 
 # lineara_room(NAME SOURCES ... USES ...): one static library per folder below src/, with its own include root.
@@ -33,7 +35,7 @@ endfunction()
 set(LINEARA_TEST_ENVIRONMENT
     QT_QPA_PLATFORM=offscreen
     QT_LOGGING_RULES=qt.qpa.*=false
-    ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1
+    ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1:suppressions=${CMAKE_SOURCE_DIR}/cmake/asan.supp
     UBSAN_OPTIONS=print_stacktrace=1
     TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp:halt_on_error=1:second_deadlock_stack=1
 )
