@@ -2,13 +2,10 @@
 
 #include "model/object_context.h"
 
-#include <utility>
-
 namespace lineara {
 
-PersonEdit::PersonEdit(ObjectContext& context, RecordId person, std::function<void()> aboutToEdit)
-    : context_(context), person_(person), aboutToEdit_(std::move(aboutToEdit)),
-      replays_(context.observe([this](const Change& change) {
+PersonEdit::PersonEdit(ObjectContext& context, RecordId person)
+    : context_(context), person_(person), replays_(context.observe([this](const Change& change) {
           if (std::holds_alternative<Replayed>(change))
               endVisit();
       }))
@@ -26,7 +23,6 @@ void PersonEdit::change(const QString& stepName, const std::function<void(Person
     Journal& journal = context_.journal();
     // Another step may have been begun since the visit's own.
     if (step_ != journal.latestStep() || stepName_ != stepName) {
-        aboutToEdit_();
         step_ = journal.begin(stepName);
         stepName_ = stepName;
     }

@@ -19,8 +19,8 @@ class Person;
 class PersonEdit
 {
 public:
-    /// `aboutToEdit` is called before a step is opened. The context must outlive the edit.
-    PersonEdit(ObjectContext& context, RecordId person, std::function<void()> aboutToEdit);
+    /// The context must outlive the edit.
+    PersonEdit(ObjectContext& context, RecordId person);
 
     /// Nullptr if the record is gone.
     Person* person() const;
@@ -34,7 +34,6 @@ public:
 private:
     ObjectContext& context_;
     RecordId person_;
-    std::function<void()> aboutToEdit_;
     std::optional<StepId> step_; // of the visit, once something was changed
     QString stepName_;
     Subscription replays_;

@@ -122,9 +122,9 @@ private:
 };
 
 PersonTableCellView::PersonTableCellView(ObjectContext& context, RecordId person, CellSurroundings surroundings)
-    : person_(person), edit_(context, person, surroundings.aboutToEdit), surroundings_(std::move(surroundings)),
-      editables_(new QWidget(this)), veil_(new Veil(*this)), picButton_(makePicButton()),
-      picRemoveButton_(makePicRemoveButton()), name_(new FieldLine([this](FieldEnd end) { nameEnded(end); })),
+    : person_(person), edit_(context, person), surroundings_(std::move(surroundings)), editables_(new QWidget(this)),
+      veil_(new Veil(*this)), picButton_(makePicButton()), picRemoveButton_(makePicRemoveButton()),
+      name_(new FieldLine([this](FieldEnd end) { nameEnded(end); })),
       birth_(makeDate(text("Birth"), QStringLiteral("birthDatePicker"), text("Edit Birth"), storeBirth)),
       death_(makeDate(text("Death"), QStringLiteral("deathDatePicker"), text("Edit Death"), storeDeath)),
       notesTextField_(new NotesField([this](FieldEnd end) { notesEnded(end); }))

@@ -25,7 +25,6 @@ struct CellSurroundings
 {
     CellSources sources;
     RefusedEntries& refused;
-    std::function<void()> aboutToEdit;
     /// The cell was pressed somewhere.
     std::function<void()> pressed;
     /// A field was left by Return or Escape.

@@ -185,22 +185,6 @@ TEST_F(PersonEditing, AnEmptiedNameIsAbsent)
     EXPECT_EQ(a.name(), std::nullopt);
 }
 
-TEST_F(PersonEditing, WhatWasDueEarlierIsDoneBeforeTheStepBegins)
-{
-    std::vector<std::size_t> depths;
-    shown.list->setAboutToEdit([&] {
-        journal().begin(QStringLiteral("Earlier"));
-        b.setX(5);
-        depths.push_back(journal().depth());
-    });
-    type(name(), "Anna");
-    QTest::keyClick(&name(), Qt::Key_Return);
-    EXPECT_THAT(depths, testing::ElementsAre(1u));
-    expectStep("Edit Name", 2);
-    journal().undo();
-    EXPECT_EQ(b.x(), 5);
-}
-
 TEST_F(PersonEditing, AFieldRefreshesUnlessSomethingIsTypedIntoIt)
 {
     type(name(), "typed");
