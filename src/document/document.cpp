@@ -77,6 +77,8 @@ void Document::assembleWindow()
     commands.addPerson = [this] { addPerson(); };
     commands.remove = [this] { remove(); };
     commands.editName = [this] { editSelectedName(); };
+    commands.setPicture = [this] { chooseSelectedPicture(); };
+    commands.removePicture = [this] { removeSelectedPicture(); };
     commands.linkAsPartner = [this] { linkAsPartner(); };
     commands.linkAsChild = [this] { linkAsChild(); };
     commands.find = [this] { list_->findPersons(); };
@@ -240,6 +242,8 @@ void Document::showCommands()
         state.redoName = journal.redoName();
     state.selectionType = selection_.type;
     state.canRemove = selection_.isRemovable;
+    const Person* const person = selectionPerson();
+    state.hasPicture = person && person->image();
     editMenu_->show(state);
     window_->setWindowModified(reachedStep() != savedStep_);
 }

@@ -16,10 +16,6 @@ void Document::makeList()
     list_ = personTableViewController_.get();
     window_->showList(&list_->view());
     personTableViewController_->setPersonChosen([this](Person& person) { leadTo(person); });
-    personTableViewController_->setAboutToEdit([this] {
-        if (TreeView* const canvas = treeView())
-            canvas->settle();
-    });
 }
 
 void Document::showList(PersonList& list)
@@ -65,6 +61,18 @@ void Document::leadTo(Person& person)
     selectPerson(person);
     if (TreeView* const canvas = treeView())
         canvas->reveal(person);
+}
+
+void Document::chooseSelectedPicture()
+{
+    if (Person* const person = selectionPerson())
+        list_->choosePicture(*person);
+}
+
+void Document::removeSelectedPicture()
+{
+    if (Person* const person = selectionPerson())
+        list_->removePicture(*person);
 }
 
 void Document::editSelectedName()

@@ -52,6 +52,10 @@ EditMenu::EditMenu(QMenu& menu, const EditCommands& commands)
     addPerson_ = add(menu, text("&Add Person"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), commands.addPerson);
     remove_ = add(menu, removeText(Selection::none()), QKeySequence(QKeySequence::Delete), commands.remove);
     editName_ = add(menu, text("Edit &Name"), QKeySequence(Qt::Key_F2), commands.editName);
+    setPicture_ =
+        add(menu, text("Set Pic&ture\u2026"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I), commands.setPicture);
+    removePicture_ =
+        add(menu, text("Re&move Picture"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_I), commands.removePicture);
     menu.addSeparator();
     linkAsPartner_ = add(menu, text("Link as &Partner of\u2026"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P),
                          commands.linkAsPartner);
@@ -74,6 +78,8 @@ void EditMenu::show(const EditState& state)
     remove_->setEnabled(state.canEdit && state.canRemove);
     const bool hasPerson = state.canEdit && state.canRemove && state.selectionType == Selection::ofPerson();
     editName_->setEnabled(hasPerson);
+    setPicture_->setEnabled(hasPerson);
+    removePicture_->setEnabled(hasPerson && state.hasPicture);
     linkAsPartner_->setEnabled(hasPerson);
     linkAsChild_->setEnabled(hasPerson);
     find_->setEnabled(state.canEdit);

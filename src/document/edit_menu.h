@@ -19,6 +19,8 @@ struct EditCommands
     std::function<void()> addPerson;
     std::function<void()> remove;
     std::function<void()> editName;
+    std::function<void()> setPicture;
+    std::function<void()> removePicture;
     std::function<void()> linkAsPartner;
     std::function<void()> linkAsChild;
     std::function<void()> find;
@@ -32,6 +34,7 @@ struct EditState
     std::optional<QString> redoName;
     QString selectionType;
     bool canRemove = false;
+    bool hasPicture = false; ///< the selected person has one
 };
 
 /// The Edit menu of a family's window: texts that say what a command will do to what, and its shortcuts.
@@ -51,6 +54,8 @@ private:
     QAction* addPerson_;
     QAction* remove_;
     QAction* editName_;
+    QAction* setPicture_;
+    QAction* removePicture_;
     QAction* linkAsPartner_;
     QAction* linkAsChild_;
     QAction* find_;

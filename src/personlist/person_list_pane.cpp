@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
 
@@ -25,23 +26,45 @@ QLineEdit* makeSearchField()
     return field;
 }
 
+QLabel* makeHint()
+{
+    auto* const hint = new QLabel(QCoreApplication::translate("PersonList", "No person found"));
+    hint->setObjectName(QStringLiteral("nobodyFound"));
+    hint->setAlignment(Qt::AlignCenter);
+    hint->setForegroundRole(QPalette::PlaceholderText);
+    hint->hide();
+    return hint;
+}
+
 } // namespace
 
 PersonListPane::PersonListPane(PersonTableModel& model, RowGestures rows, SearchGestures searching)
-    : search_(makeSearchField()), table_(new PersonTableView(model, std::move(rows))), searching_(std::move(searching))
+    : search_(makeSearchField()), nobodyFound_(makeHint()), table_(new PersonTableView(model, std::move(rows))),
+      searching_(std::move(searching))
 {
     setObjectName(QStringLiteral("personList"));
     setMinimumWidth(280);
     auto* const above = new QVBoxLayout;
     above->setContentsMargins(8, 8, 8, 8);
     above->addWidget(search_);
+    above->addWidget(nobodyFound_);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addLayout(above);
     layout->addWidget(table_);
-    connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) { searching_.typed(text); });
+    connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
+        searching_.typed(text);
+        tellWhetherFound();
+    });
+    for (const auto rowsChanged : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(&model, rowsChanged, this, &PersonListPane::tellWhetherFound);
     search_->installEventFilter(this);
+}
+
+void PersonListPane::tellWhetherFound()
+{
+    nobodyFound_->setVisible(!search_->text().isEmpty() && table_->model()->rowCount() == 0);
 }
 
 bool PersonListPane::eventFilter(QObject* watched, QEvent* event)

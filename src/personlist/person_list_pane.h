@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class QLabel;
 class QLineEdit;
 
 namespace lineara {
@@ -37,8 +38,10 @@ protected:
 
 private:
     bool takeSearchKey(QKeyEvent& key);
+    void tellWhetherFound();
 
     QLineEdit* search_;
+    QLabel* nobodyFound_;
     PersonTableView* table_;
     SearchGestures searching_;
     std::function<void()> disappeared_ = [] {};

@@ -213,6 +213,17 @@ void PersonTableViewController::findPersons()
     pane_->searchField().selectAll();
 }
 
+void PersonTableViewController::choosePicture(Person& person)
+{
+    if (view_)
+        setPic(person.recordId());
+}
+
+void PersonTableViewController::removePicture(Person& person)
+{
+    removePic(person.recordId());
+}
+
 int PersonTableViewController::heightOfRow(int row) const
 {
     return view_ && selected_ && personsArrayController_->idAt(row) == selected_ ? expandedHeight : collapsedHeight;
@@ -227,7 +238,6 @@ PersonTableCellView* PersonTableViewController::makeCell(RecordId person)
 {
     CellSurroundings surroundings{{*thumbnails_, *refused_},
                                   *refused_,
-                                  [this] { aboutToEdit_(); },
                                   [this, person] { chosen(person); },
                                   [this] { personTableView_->setFocus(); },
                                   [this, person] { setPic(person); },
@@ -245,7 +255,7 @@ void PersonTableViewController::setPic(RecordId person)
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setNameFilters({pictureFilter(), QCoreApplication::translate("PersonList", "All files (*)")});
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog, [this, person](const QString& file) {
-        PersonEdit(pool_.context(), person, aboutToEdit_)
+        PersonEdit(pool_.context(), person)
             .change(QCoreApplication::translate("PersonList", "Set Picture"),
                     [&](Person& shown) { shown.changePic(file); });
     });
@@ -255,7 +265,7 @@ void PersonTableViewController::setPic(RecordId person)
 void PersonTableViewController::removePic(RecordId person)
 {
     commitEditing();
-    PersonEdit(pool_.context(), person, aboutToEdit_)
+    PersonEdit(pool_.context(), person)
         .change(QCoreApplication::translate("PersonList", "Remove Picture"), [](Person& shown) { shown.removePic(); });
 }
 

@@ -94,6 +94,24 @@ TEST_F(Commands, NameWhatTheyRemove)
     EXPECT_FALSE(isOffered(QStringLiteral("Remove")));
 }
 
+TEST_F(Commands, OfferThePictureOfWhoIsSelected)
+{
+    EXPECT_FALSE(isOffered(QStringLiteral("Set Picture\u2026")));
+    edited.click(*edited.person(104));
+    EXPECT_TRUE(isOffered(QStringLiteral("Set Picture\u2026")));
+    EXPECT_FALSE(isOffered(QStringLiteral("Remove Picture")));
+    press(Qt::Key_I, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_THAT(edited.list->log, testing::Contains("choose picture"));
+    const TestFiles files;
+    edited.journal().begin(QStringLiteral("Set Picture"));
+    edited.person(104)->changePic(files.picture(QStringLiteral("a.png"), {20, 20}));
+    edited.settle();
+    EXPECT_TRUE(isOffered(QStringLiteral("Remove Picture")));
+    press(Qt::Key_I, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_THAT(edited.list->log, testing::Contains("remove picture"));
+    EXPECT_FALSE(isOffered(QStringLiteral("Remove Picture")));
+}
+
 TEST_F(Commands, StandAsButtonsAboveTheFamily)
 {
     auto* const buttons = edited.document->window().findChild<QToolBar*>(QStringLiteral("editButtons"));

@@ -71,6 +71,12 @@ public:
     bool isEditing() const override { return editing; }
     void commitEditing() override {}
     void findPersons() override { note("find"); }
+    void choosePicture(Person&) override { note("choose picture"); }
+    void removePicture(Person& person) override
+    {
+        note("remove picture");
+        person.removePic();
+    }
 
     std::vector<std::string> log;
     std::vector<RecordId> rows;

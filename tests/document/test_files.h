@@ -5,6 +5,7 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QImage>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -23,6 +24,15 @@ public:
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
         return file.fileName();
+    }
+
+    /// A picture of one colour.
+    QString picture(const QString& name, QSize size) const
+    {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::darkGreen);
+        EXPECT_TRUE(image.save(path(name)));
+        return path(name);
     }
 
     QString save(const QString& name, const ObjectContext& family) const

@@ -63,6 +63,21 @@ TEST_F(PersonSearch, AccentsAndCaseDoNotMatter)
     EXPECT_EQ(folded(QString::fromUtf8("ŁÓDŹ Ærøskøbing İzmir")), QStringLiteral("lodz aeroskobing izmir"));
 }
 
+TEST_F(PersonSearch, SaysSoIfItFindsNobody)
+{
+    const auto says = [&] {
+        return shown.list->view().findChild<QWidget*>(QStringLiteral("nobodyFound"))->isVisible();
+    };
+    EXPECT_FALSE(says());
+    EXPECT_EQ(found("zz"), "");
+    EXPECT_TRUE(says());
+    EXPECT_EQ(found("bob"), "B");
+    EXPECT_FALSE(says());
+    found("zz");
+    found("");
+    EXPECT_FALSE(says());
+}
+
 TEST_F(PersonSearch, ChangesNeitherTheSelectionNorTheKeyboard)
 {
     shown.select(anna);

@@ -150,6 +150,8 @@ private:
     void refresh();
     void editNewName(Person& person);
     void editSelectedName();
+    void chooseSelectedPicture();
+    void removeSelectedPicture();
     void selectInList(Person& person);
     void leadTo(Person& person);
     void hasJoined(RecordId person);

@@ -36,6 +36,9 @@ public:
     virtual void commitEditing() = 0;
     /// Puts the search field into editing.
     virtual void findPersons() = 0;
+    /// Lets the user choose a file as the person's picture.
+    virtual void choosePicture(Person& person) = 0;
+    virtual void removePicture(Person& person) = 0;
 };
 
 } // namespace lineara

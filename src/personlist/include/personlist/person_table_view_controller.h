@@ -59,15 +59,14 @@ public:
     bool isEditing() const override;
     void commitEditing() override;
     void findPersons() override;
+    void choosePicture(Person& person) override;
+    void removePicture(Person& person) override;
 
     /// 421 points for the selected row, 49 for any other.
     int heightOfRow(int row) const;
 
     /// Called when the user has searched for a person and presses Return.
     void setPersonChosen(std::function<void(Person&)> chosen) { personChosen_ = std::move(chosen); }
-    /// Called before the first change of a step of the history: the moment for changes that are pending and belong to
-    /// an earlier one.
-    void setAboutToEdit(std::function<void()> aboutToEdit) { aboutToEdit_ = std::move(aboutToEdit); }
     /// With reduced motion, rows open and close at once.
     void setReducedMotion(bool reduced);
 
@@ -106,7 +105,6 @@ private:
     int linksSelected_ = 0;            // how often the user selected a link
     bool isStale_ = false;
     std::function<void(Person&)> personChosen_ = [](Person&) {};
-    std::function<void()> aboutToEdit_ = [] {};
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
     Subscription changes_;
     Subscription linkSelections_;
