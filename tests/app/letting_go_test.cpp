@@ -15,6 +15,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <random>
+
 namespace lineara {
 
 namespace {
@@ -61,6 +64,12 @@ protected:
     DocumentWindow* window_ = nullptr;
 };
 
+#ifdef LINEARA_SANITIZED
+constexpr int closings = 10;
+#else
+constexpr int closings = 60;
+#endif
+
 } // namespace
 
 TEST_F(LettingGo, AWindowThatIsClosedJustAfterSavingStillWritesTheFile)
@@ -80,6 +89,27 @@ TEST_F(LettingGo, WhatIsBeingTypedKeepsItsWindowOpenWhenAnotherFamilyIsOpened)
     EXPECT_TRUE(window_->isVisible());
     EXPECT_TRUE(waitUntil([this] { return window_->isWindowModified(); }));
     EXPECT_EQ(notes().toPlainText(), QStringLiteral("Not saved"));
+}
+
+TEST_F(LettingGo, AWindowMayBeClosedAtAnyMoment)
+{
+    std::mt19937 random(3);
+    const std::array gestures{QStringLiteral("Add Person"), QStringLiteral("Remove Person"), QStringLiteral("Undo"),
+                              QStringLiteral("Find\u2026"), QStringLiteral("Save")};
+    for (int round = 0; round < closings; ++round) {
+        typeNotes(QString::number(round));
+        for (auto gesture = random() % 3; gesture > 0; --gesture)
+            choose(random() % 4 == 0 ? *window_->fileMenu() : *window_->editMenu(),
+                   gestures[random() % gestures.size()]);
+        for (auto event = random() % 12; event > 0; --event)
+            QApplication::processEvents();
+        window_->close();
+        ASSERT_TRUE(waitUntil([this] { return !program_.familyWindow(); })) << round;
+        ASSERT_TRUE(program_.delegate().open(path_)) << round;
+        ASSERT_TRUE(waitUntil([this] { return program_.familyWindow(); })) << round;
+        window_ = program_.familyWindow();
+        Hand::bringToFront(*window_);
+    }
 }
 
 TEST_F(LettingGo, AFamilyWithoutChangesMakesRoomForAnother)

@@ -22,6 +22,12 @@ public:
     /// Fields of the selected row; nullptr if none is.
     QLineEdit* nameField() const { return field<QLineEdit>(QStringLiteral("name")); }
     QPlainTextEdit* notes() const { return field<QPlainTextEdit>(); }
+    /// Day, month and year of the "birth" or "death"; nullptr if no row is selected.
+    QLineEdit* dateField(const QString& date, qsizetype part) const
+    {
+        const auto* const fields = field<QWidget>(date);
+        return fields ? fields->findChildren<QLineEdit*>()[part] : nullptr;
+    }
 
     QStringList names() const
     {

@@ -42,12 +42,16 @@ private:
     void doAnything()
     {
         static constexpr Gesture choice[] = {
-            &RestlessUser::add,          &RestlessUser::add,      &RestlessUser::drawLink, &RestlessUser::drawLink,
-            &RestlessUser::drawLink,     &RestlessUser::link,     &RestlessUser::link,     &RestlessUser::clickPerson,
-            &RestlessUser::clickPerson,  &RestlessUser::pickLink, &RestlessUser::dragNode, &RestlessUser::dragNode,
-            &RestlessUser::pressRow,     &RestlessUser::typeName, &RestlessUser::search,   &RestlessUser::endSearch,
-            &RestlessUser::clickNothing, &RestlessUser::moveView, &RestlessUser::remove,   &RestlessUser::remove,
-            &RestlessUser::undo,         &RestlessUser::undo,     &RestlessUser::redo,
+            &RestlessUser::add,           &RestlessUser::add,          &RestlessUser::drawLink,
+            &RestlessUser::drawLink,      &RestlessUser::drawLink,     &RestlessUser::link,
+            &RestlessUser::link,          &RestlessUser::clickPerson,  &RestlessUser::clickPerson,
+            &RestlessUser::pickLink,      &RestlessUser::dragNode,     &RestlessUser::dragNode,
+            &RestlessUser::pressRow,      &RestlessUser::typeName,     &RestlessUser::search,
+            &RestlessUser::endSearch,     &RestlessUser::clickNothing, &RestlessUser::moveView,
+            &RestlessUser::remove,        &RestlessUser::remove,       &RestlessUser::undo,
+            &RestlessUser::undo,          &RestlessUser::redo,         &RestlessUser::typeNotes,
+            &RestlessUser::typeDate,      &RestlessUser::typeDate,     &RestlessUser::setPicture,
+            &RestlessUser::removePicture,
         };
         (this->*choice[random_() % std::size(choice)])();
     }
@@ -176,6 +180,41 @@ private:
         if (chance(2))
             edited_.press(Qt::Key_Return);
     }
+    void typeNotes()
+    {
+        if (!edited_.notes())
+            return;
+        edited_.notes()->setFocus();
+        edited_.type(QString::number(random_() % 1000));
+        if (chance(2))
+            edited_.press(Qt::Key_Return);
+    }
+    /// Not every number makes a date.
+    void typeDate()
+    {
+        const auto part = static_cast<qsizetype>(random_() % 3);
+        QLineEdit* const field = edited_.dateField(chance(2) ? QStringLiteral("birth") : QStringLiteral("death"), part);
+        if (!field)
+            return;
+        field->setFocus();
+        edited_.type(QString::number(random_() % 40));
+        if (chance(2))
+            edited_.press(Qt::Key_Return);
+    }
+    void removePicture()
+    {
+        if (Person* const person = edited_.document->selectionPerson())
+            edited_.document->list().removePicture(*person);
+    }
+    void setPicture()
+    {
+        Person* const person = edited_.document->selectionPerson();
+        if (!person)
+            return;
+        edited_.document->commit();
+        edited_.journal().begin(QStringLiteral("Set Picture"));
+        person->changePic(picture_);
+    }
     void search()
     {
         edited_.document->list().findPersons();
@@ -210,6 +249,8 @@ private:
     }
 
     std::mt19937 random_;
+    const TestFiles files_;
+    const QString picture_ = files_.picture(QStringLiteral("wide.png"), {90, 45});
     ListedDocument edited_;
     RestChecks checks_{edited_};
     Hand hand_{edited_.canvas()};
