@@ -31,6 +31,7 @@ QLabel* makeHint()
     auto* const hint = new QLabel(QCoreApplication::translate("PersonList", "No person found"));
     hint->setObjectName(QStringLiteral("nobodyFound"));
     hint->setAlignment(Qt::AlignCenter);
+    hint->setContentsMargins(0, 12, 0, 12);
     hint->setForegroundRole(QPalette::PlaceholderText);
     hint->hide();
     return hint;
