@@ -2,6 +2,7 @@
 // with everybody in view, and memory for each person. Families of 1,000, 10,000 and 100,000 persons, or of the sizes
 // given as arguments. Milliseconds; a view of 1400 x 900 pixels.
 
+#include "bench_window.h"
 #include "canvas/placement.h"
 #include "canvas/tree_view.h"
 #include "elements/leaf_nursery.h"
@@ -15,7 +16,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <functional>
 #include <optional>
 #include <thread>
@@ -158,14 +158,8 @@ void measure(std::uint32_t persons)
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    lineara::bench::drawIntoMemory();
     const QApplication application(argc, argv);
-    std::vector<std::uint32_t> sizes;
-    for (int argument = 1; argument < argc; ++argument)
-        sizes.push_back(static_cast<std::uint32_t>(std::strtoul(argv[argument], nullptr, 10)));
-    if (sizes.empty())
-        sizes = {1'000, 10'000, 100'000};
-    for (const std::uint32_t persons : sizes)
+    for (const std::uint32_t persons : lineara::bench::familySizes(argc, argv, {1'000, 10'000, 100'000}))
         lineara::bench::measure(persons);
 }

@@ -2,6 +2,7 @@
 // that finds somebody in another row, and one after everybody was shifted; and the spacing of a row of 2,500 from which
 // everybody has to move. Milliseconds, medians.
 
+#include "bench_window.h"
 #include "canvas/placement.h"
 #include "canvas/tree_view.h"
 #include "elements/leaf_nursery.h"
@@ -138,8 +139,7 @@ void measureRow()
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    lineara::bench::drawIntoMemory();
     const QApplication application(argc, argv);
     lineara::bench::measurePasses();
     lineara::bench::measureRow();

@@ -2,6 +2,7 @@
 // picture that follows, and the memory of many steps; and what a key costs where a person is chosen. Families of 3,000,
 // 10,000 and 100,000 persons, or of the sizes given as arguments. Milliseconds; a window of 1400 x 900 pixels.
 
+#include "bench_window.h"
 #include "canvas/tree_view.h"
 #include "document/document.h"
 #include "document/document_window.h"
@@ -17,7 +18,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -186,14 +186,8 @@ void measure(std::size_t persons)
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    lineara::bench::drawIntoMemory();
     const QApplication application(argc, argv);
-    std::vector<std::size_t> sizes;
-    for (int argument = 1; argument < argc; ++argument)
-        sizes.push_back(std::strtoul(argv[argument], nullptr, 10));
-    if (sizes.empty())
-        sizes = {3'000, 10'000, 100'000};
-    for (const std::size_t persons : sizes)
+    for (const std::uint32_t persons : lineara::bench::familySizes(argc, argv, {3'000, 10'000, 100'000}))
         lineara::bench::measure(persons);
 }

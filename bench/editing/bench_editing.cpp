@@ -3,13 +3,14 @@
 // of 3,000, 10,000 and 100,000 persons, or of the sizes given as arguments. Milliseconds; a canvas of about 1400 x 900
 // pixels.
 
+#include "bench_window.h"
 #include "canvas/tree_view.h"
 #include "edited_family.h"
 #include "elements/leaf_view.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <optional>
 #include <vector>
 
@@ -190,14 +191,8 @@ void measure(FrameClock& clock, std::uint32_t persons)
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    lineara::bench::drawIntoMemory();
     lineara::bench::FrameClock clock(argc, argv);
-    std::vector<std::uint32_t> sizes;
-    for (int argument = 1; argument < argc; ++argument)
-        sizes.push_back(static_cast<std::uint32_t>(std::strtoul(argv[argument], nullptr, 10)));
-    if (sizes.empty())
-        sizes = {3'000, 10'000, 100'000};
-    for (const std::uint32_t persons : sizes)
+    for (const std::uint32_t persons : lineara::bench::familySizes(argc, argv, {3'000, 10'000, 100'000}))
         lineara::bench::measure(clock, persons);
 }

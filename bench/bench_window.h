@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <cstdint>
+#include <cstdlib>
+#include <vector>
+
+namespace lineara::bench {
+
+/// Windows are drawn into memory unless the caller has chosen a screen. To be called before there is an application.
+inline void drawIntoMemory()
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+/// Sizes of families, in persons: those given on the command line, else the usual ones.
+inline std::vector<std::uint32_t> familySizes(int argc, char** argv, std::vector<std::uint32_t> usual)
+{
+    if (argc > 1)
+        usual.clear();
+    for (int argument = 1; argument < argc; ++argument)
+        usual.push_back(static_cast<std::uint32_t>(std::strtoul(argv[argument], nullptr, 10)));
+    return usual;
+}
+
+} // namespace lineara::bench
