@@ -26,10 +26,7 @@ Frame literalBounds(const FamilyScene& scene)
 class NodeBoundsTest : public testing::Test
 {
 protected:
-    void addShown(std::int32_t x)
-    {
-        scene.addNode(*family.add(x, 1).leafView());
-    }
+    void addShown(std::int32_t x) { scene.addNode(*family.add(x, 1).leafView()); }
 
     ShownFamily family;
     FamilyScene scene{family.pool};
