@@ -16,6 +16,16 @@ namespace lineara {
 class ShownFamily
 {
 public:
+    ShownFamily() = default;
+    /// What is still announced finds nobody, instead of the next test's family in the same place.
+    ~ShownFamily()
+    {
+        view.reset();
+        QCoreApplication::processEvents();
+    }
+    ShownFamily(const ShownFamily&) = delete;
+    ShownFamily& operator=(const ShownFamily&) = delete;
+
     ObjectContext context{QUuid::createUuidV5(QUuid(), QStringLiteral("shown family"))};
     SeededRandom random{1};
     LeafNursery nursery{context};
