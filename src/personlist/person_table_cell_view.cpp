@@ -131,8 +131,8 @@ PersonTableCellView::PersonTableCellView(ObjectContext& context, RecordId person
 {
     setObjectName(QStringLiteral("personTableCellView"));
     setPalette(lightPalette());
-    // A table has its texts in the colour for entries.
-    setForegroundRole(QPalette::WindowText);
+    // On the ground of a table's entries, captions and what is said of a mistake would lose their own colours.
+    setBackgroundRole(QPalette::Window);
     assemble();
     for (QWidget* const part : findChildren<QWidget*>())
         part->installEventFilter(this);

@@ -1,5 +1,6 @@
 // Birth and death as they are edited in the open row.
 
+#include "list_colours.h"
 #include "shown_list.h"
 
 #include <QCalendarWidget>
@@ -63,6 +64,15 @@ TEST_F(DateEditing, AYearAloneIsKeptAsItIsTyped)
     type(year(), "12345");
     shown.goBeside();
     EXPECT_EQ(a.birthYear(), 12345);
+}
+
+TEST_F(DateEditing, WhatIsWrongIsWrittenInTheColourOfMistakes)
+{
+    type(month(), "13");
+    QTest::keyClick(&month(), Qt::Key_Return);
+    const auto* const label = date("birth").findChild<QLabel*>(QStringLiteral("mistake"));
+    ASSERT_FALSE(label->text().isEmpty());
+    EXPECT_EQ(label->palette().color(label->foregroundRole()), colours::mistake());
 }
 
 TEST_F(DateEditing, AWholeDateIsOneStep)
