@@ -18,11 +18,21 @@ bool isHistoryOfWindow(const QEvent& event, bool fieldCanUndo, bool fieldCanRedo
     return (key.matches(QKeySequence::Undo) && !fieldCanUndo) || (key.matches(QKeySequence::Redo) && !fieldCanRedo);
 }
 
+QString FieldLine::line() const
+{
+    QString line = text();
+    line.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+    for (const QChar lineBreak :
+         {QChar(u'\n'), QChar(u'\r'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
+        line.replace(lineBreak, QChar(u' '));
+    return line;
+}
+
 void FieldLine::settle()
 {
     const int cursor = cursorPosition();
     // Setting a text is what empties the field's own history.
-    setText(text());
+    setText(line());
     setCursorPosition(cursor);
 }
 
@@ -30,6 +40,7 @@ void FieldLine::showText(const QString& shown)
 {
     if (shown == text() && !isModified())
         return;
+    setReadOnly(shown.size() > maxLength());
     setText(shown);
     setCursorPosition(0);
 }

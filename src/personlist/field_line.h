@@ -21,9 +21,12 @@ class FieldLine : public QLineEdit
 public:
     explicit FieldLine(std::function<void(FieldEnd)> ended) : ended_(std::move(ended)) {}
 
+    /// What was typed, in one line: line breaks that came by pasting are spaces, as they are shown.
+    QString line() const;
     /// What was typed counts as settled; the cursor stays.
     void settle();
-    /// Shows another text, which counts as settled.
+    /// Shows another text, which counts as settled. One that is longer than the field can hold is only shown: the first
+    /// key would cut it.
     void showText(const QString& shown);
 
 protected:

@@ -377,7 +377,7 @@ void PersonTableCellView::commitName()
 {
     if (!name_->isModified())
         return;
-    const QString typed = name_->text();
+    const QString typed = name_->line();
     name_->settle();
     const Person* const person = edit_.person();
     if (person && typed != person->name().value_or(QString()))

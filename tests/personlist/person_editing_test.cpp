@@ -55,6 +55,28 @@ protected:
 
 } // namespace
 
+TEST_F(PersonEditing, LineBreaksPastedIntoANameBecomeSpaces)
+{
+    name().setFocus();
+    name().selectAll();
+    name().insert(QStringLiteral("Anna\r\nMaria\nof\u2029York"));
+    QTest::keyClick(&name(), Qt::Key_Return);
+    EXPECT_EQ(a.name(), QStringLiteral("Anna Maria of York"));
+    EXPECT_EQ(name().text(), QStringLiteral("Anna Maria of York"));
+}
+
+TEST_F(PersonEditing, ANameThatIsTooLongForTheFieldIsNotCutByEditing)
+{
+    const QString full(40'000, u'n');
+    a.setName(full);
+    ShownList::deliver();
+    name().setFocus();
+    QTest::keyClick(&name(), Qt::Key_End);
+    QTest::keyClick(&name(), Qt::Key_Backspace);
+    QTest::keyClick(&name(), Qt::Key_Return);
+    EXPECT_EQ(a.name()->left(39'000), full.left(39'000));
+}
+
 TEST_F(PersonEditing, ReturnKeepsTheNameAndGivesTheKeyboardBackToTheList)
 {
     type(name(), "Anna");
