@@ -12,6 +12,7 @@
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QInputMethod>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
@@ -292,6 +293,17 @@ bool PersonTableCellView::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::MouseButtonPress)
         pressed(*static_cast<QWidget*>(watched));
     return false;
+}
+
+/// Whoever deletes while a part of the editor has the keyboard, a calendar say, does not mean the person.
+bool PersonTableCellView::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<const QKeyEvent&>(*event).matches(QKeySequence::Delete)) {
+        event->accept();
+        return true;
+    }
+    return QWidget::event(event);
 }
 
 /// Taken here, so that the table does not take it for a press on the row as well.

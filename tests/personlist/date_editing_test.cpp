@@ -75,6 +75,17 @@ TEST_F(DateEditing, WhatIsWrongIsWrittenInTheColourOfMistakes)
     EXPECT_EQ(label->palette().color(label->foregroundRole()), colours::mistake());
 }
 
+TEST_F(DateEditing, DeletingInTheCalendarIsNotAboutThePerson)
+{
+    opener().click();
+    ASSERT_TRUE(calendar());
+    ASSERT_TRUE(calendar()->isAncestorOf(QApplication::focusWidget()));
+    QKeyEvent asked(QEvent::ShortcutOverride, Qt::Key_Delete, Qt::NoModifier);
+    asked.ignore();
+    QApplication::sendEvent(QApplication::focusWidget(), &asked);
+    EXPECT_TRUE(asked.isAccepted());
+}
+
 TEST_F(DateEditing, AWholeDateIsOneStep)
 {
     type(day(), "3");
