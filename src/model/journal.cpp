@@ -32,20 +32,13 @@ struct Journal::State
     struct Opening
     {};
 
-    /// Where changes went before the latest step was begun.
-    struct Former
-    {
-        std::optional<Step> next = std::nullopt;
-        bool took = false; ///< into the last step of `done`
-    };
-
     ObjectContext& context;
     ObserverList<Opening> opening;
     std::vector<Step> done;
     std::vector<Step> undone;
     std::vector<Step> replaced; ///< what a new step made impossible to redo, until it is sure to stay
     std::optional<Step> next;   ///< begun, and not yet a part of the history
-    Former former;
+    std::optional<Step> former; ///< what was `next` before the latest step was begun
     std::uint64_t lastId = 0;
     Taking taking = Taking::Nothing;
     bool replaying = false;
@@ -120,8 +113,7 @@ Journal::~Journal() = default;
 StepId Journal::begin(QString name)
 {
     state_->opening.report({});
-    State::Former former{std::exchange(state_->next, std::nullopt),
-                         state_->taking != Taking::Nothing && !state_->lastIsEmpty()};
+    auto former = std::exchange(state_->next, std::nullopt);
     state_->close();
     state_->former = std::move(former);
     state_->next.emplace(Step{{++state_->lastId}, JournalStep(std::move(name))});
@@ -171,10 +163,9 @@ void Journal::rollBack()
 
 void Journal::takeAsBefore()
 {
-    State::Former former = std::exchange(state_->former, {});
-    if (former.next)
-        state_->next = std::move(former.next);
-    else if (former.took)
+    if (state_->former)
+        state_->next = std::exchange(state_->former, std::nullopt);
+    else
         amend();
 }
 
@@ -263,7 +254,7 @@ void Journal::clear()
 {
     state_->taking = Taking::Nothing;
     state_->next.reset();
-    state_->former = {};
+    state_->former.reset();
     state_->done.clear();
     state_->undone.clear();
     state_->replaced.clear();

@@ -359,3 +359,40 @@ TEST_F(EditingOrder, StepsOfTheQueueComeThroughADialogThatBlocks)
     EXPECT_TRUE(done);
     EXPECT_EQ(newcomer.generation(), 1);
 }
+
+TEST(EditingOrderOfHops, ADragGivenUpWhileMissingWorkIsDoneAgainLeavesNoTrace)
+{
+    constexpr int mostHops = 8;
+    for (int hops = 0; hops < mostHops; ++hops) {
+        SCOPED_TRACE(hops);
+        EditedDocument edited(*threeGenerations());
+        Person& newcomer = edited.add();
+        const QByteArray before = edited.text();
+        edited.hold();
+        edited.linkUnsettled(*edited.person(partner), newcomer, offspringLink);
+        edited.linkUnsettled(*edited.person(kid), newcomer, partnerLink);
+        edited.release();
+        // What is missing after the undo waits until something is dragged, and is on its way when that is given up.
+        std::optional<Subscription> replays = edited.context().observe([&](const Change& change) {
+            if (std::holds_alternative<Replayed>(change))
+                edited.hold();
+        });
+        edited.document->undo();
+        while (!edited.journal().canRedo())
+            QApplication::processEvents();
+        replays.reset();
+        Hand hand(edited.canvas());
+        hand.press(hand.panel(*edited.person(grandma)));
+        hand.dragBy({40, 0});
+        edited.document->poolProcessing().setHeld(false);
+        for (int hop = 0; hop < hops; ++hop) {
+            QTest::qSleep(1);
+            QApplication::processEvents();
+        }
+        QTest::keyClick(&edited.canvas(), Qt::Key_Escape);
+        hand.release();
+        edited.settle();
+        edited.undo();
+        ASSERT_EQ(edited.text(), before);
+    }
+}

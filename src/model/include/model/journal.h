@@ -53,8 +53,8 @@ public:
     /// off, but belongs to that, is to be done now.
     [[nodiscard]] Subscription beforeStep(std::function<void()> finish);
 
-    /// Takes back the changes of the step that begin() opened and forgets it, as if it had never been begun: further
-    /// changes belong to the step before, if they did until then.
+    /// Takes back the changes of the step that begin() opened and forgets it, as if it had never been begun. Further
+    /// changes belong to the step before, if there is one.
     void rollBack();
 
     /// The step that was begun last, whether it is a part of the history or not; 0 before the first.
