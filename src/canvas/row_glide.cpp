@@ -5,6 +5,7 @@
 #include <QEasingCurve>
 
 #include <algorithm>
+#include <cmath>
 
 namespace lineara {
 
@@ -59,7 +60,7 @@ void RowGlide::forget(const LeafView& node)
 void RowGlide::moveTo(double progress)
 {
     for (const Move& move : moves_)
-        move.node->setYConstant(move.from + (move.to - move.from) * progress);
+        move.node->setYConstant(std::lerp(move.from, move.to, progress));
     moved_(moves_);
 }
 

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include <QTest>
 
 namespace lineara {
@@ -61,6 +63,18 @@ TEST_F(Glide, EndsAtOnceWhenSettled)
     family.view->settle();
     EXPECT_TRUE(isAtRest());
     EXPECT_EQ(family.view->branchLayer().layers()[0]->startPoint(), parent.leafView()->frame().centre());
+}
+
+TEST_F(Glide, EndsInTheRowToTheLastBitWhereverItBegan)
+{
+    std::mt19937 random(4);
+    std::uniform_real_distribution<double> anywhere(-3000, 0);
+    for (int round = 0; round < 200; ++round) {
+        parent.leafView()->setYConstant(anywhere(random));
+        family.view->refreshHierarchy();
+        family.view->settle();
+        ASSERT_TRUE(isAtRest());
+    }
 }
 
 TEST_F(Glide, IsLeftOutForReducedMotion)
