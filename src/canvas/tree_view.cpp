@@ -65,10 +65,11 @@ void TreeView::addViewForPerson(Person& person)
 void TreeView::removeViewForPerson(Person& person)
 {
     hidden_.insert(person.recordId());
+    // The node comes back if the person does, but the selection does not.
+    if (person.leafView())
+        person.leafView()->unfocus();
     if (!scene_.shows(person))
         return;
-    // The node comes back if the person does, but the selection does not.
-    person.leafView()->unfocus();
     glide_.forget(*person.leafView());
     gestures_->forget(*person.leafView());
     scene_.removePerson(person);

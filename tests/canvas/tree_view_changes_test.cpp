@@ -236,5 +236,20 @@ TEST(TreeViewChanges, PersonsWithoutPlacesGetRowsInWhichNobodyOverlaps)
     }
     EXPECT_EQ(places[0], places[1]);
 }
+TEST(TreeViewChanges, WhoWasSelectedWithoutANodeComesBackUnselected)
+{
+    ShownFamily family;
+    Person& person = family.add(100);
+    TreeView& view = family.show();
+    family.context.journal().begin(QStringLiteral("Remove"));
+    family.pool.removePerson(person);
+    view.focus(person);
+    family.context.remove(person);
+    family.context.journal().undo();
+    view.settle();
+    ASSERT_TRUE(view.scene().shows(person));
+    EXPECT_FALSE(person.leafView()->infoView().isFocused());
+}
+
 } // namespace
 } // namespace lineara
