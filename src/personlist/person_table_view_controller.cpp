@@ -20,6 +20,7 @@
 #include <QFileDialog>
 #include <QImageReader>
 #include <QLineEdit>
+#include <QMessageBox>
 
 #include <algorithm>
 #include <iterator>
@@ -254,12 +255,29 @@ void PersonTableViewController::setPic(RecordId person)
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setNameFilters({pictureFilter(), QCoreApplication::translate("PersonList", "All files (*)")});
-    QObject::connect(dialog, &QFileDialog::fileSelected, dialog, [this, person](const QString& file) {
-        PersonEdit(pool_.context(), person)
-            .change(QCoreApplication::translate("PersonList", "Set Picture"),
-                    [&](Person& shown) { shown.changePic(file); });
-    });
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
+                     [this, person](const QString& file) { takePic(person, file); });
     dialog->open();
+}
+
+void PersonTableViewController::takePic(RecordId person, const QString& file)
+{
+    QImageReader reader(file);
+    reader.setDecideFormatFromContent(true);
+    if (!reader.canRead()) {
+        auto* const message = new QMessageBox(
+            QMessageBox::Warning, QCoreApplication::translate("PersonList", "Can't Set the Picture"),
+            QCoreApplication::translate("PersonList", "\u201c%1\u201d is not a picture that can be read. "
+                                                      "Choose another file, such as a PNG or JPEG picture.")
+                .arg(file),
+            QMessageBox::Ok, view_);
+        message->setAttribute(Qt::WA_DeleteOnClose);
+        message->open();
+        return;
+    }
+    PersonEdit(pool_.context(), person)
+        .change(QCoreApplication::translate("PersonList", "Set Picture"),
+                [&](Person& shown) { shown.changePic(file); });
 }
 
 void PersonTableViewController::removePic(RecordId person)

@@ -3,6 +3,7 @@
 #include "listed_document.h"
 
 #include <QFileDialog>
+#include <QMessageBox>
 
 #include <gmock/gmock.h>
 
@@ -47,12 +48,12 @@ protected:
             EXPECT_EQ(edited.text(), after);
         }
     }
-    void choosePicture()
+    void choosePicture(const QString& file)
     {
         edited.document->list().choosePicture(child());
         auto* const dialog = edited.window().findChild<QFileDialog*>();
         ASSERT_NE(dialog, nullptr);
-        Q_EMIT dialog->fileSelected(picture);
+        Q_EMIT dialog->fileSelected(file);
         dialog->close();
     }
 };
@@ -110,8 +111,22 @@ TEST_F(FieldHistory, NotesAreOneExactStepWithTheirLines)
 
 TEST_F(FieldHistory, APictureIsOneExactStepAndSoIsItsRemoval)
 {
-    expectExactStep(QStringLiteral("Set Picture"), [&] { choosePicture(); });
+    expectExactStep(QStringLiteral("Set Picture"), [&] { choosePicture(picture); });
     expectExactStep(QStringLiteral("Remove Picture"), [&] { edited.document->list().removePicture(child()); });
+}
+
+TEST_F(FieldHistory, AFileThatIsNoPictureIsRefusedInWords)
+{
+    choosePicture(picture);
+    edited.settle();
+    const QByteArray before = edited.text();
+    const QString other = files.write(QStringLiteral("letter.txt"), "Dear Anna");
+    choosePicture(other);
+    edited.settle();
+    const auto* const message = edited.window().findChild<QMessageBox*>();
+    ASSERT_NE(message, nullptr);
+    EXPECT_TRUE(message->text().contains(other));
+    EXPECT_EQ(edited.text(), before);
 }
 
 TEST_F(FieldHistory, WorkingTheRowsOutIsOneExactStep)

@@ -82,6 +82,7 @@ private:
     void openSelected();
     void leave(RecordId person);
     void setPic(RecordId person);
+    void takePic(RecordId person, const QString& file);
     void removePic(RecordId person);
     void editSelectedName();
     bool isSearching() const;
