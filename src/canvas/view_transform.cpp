@@ -22,8 +22,8 @@ double within(ViewTransform::Range range, double place)
     return std::clamp(std::round(place), range.from, range.to);
 }
 
-/// Where to start showing a stretch so that it comes into view, given where the view starts now. Of a stretch as long as
-/// the view, rounding may put the latest start before the earliest.
+/// Where to start showing a stretch so that it comes into view, given where the view starts now. Of a stretch as long
+/// as the view, rounding may put the latest start before the earliest.
 double revealedFrom(double now, double view, double from, double to)
 {
     return to - from > view ? (from + to - view) * 0.5 : std::max(to - view, std::min(now, from));
