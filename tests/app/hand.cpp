@@ -1,10 +1,16 @@
 #include "hand.h"
 
-#include <QProcess>
 #include <QWidget>
 #include <QtCore/qtestsupport_core.h>
 
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace lineara {
 
@@ -90,16 +96,22 @@ void Hand::bringToFront(QWidget& window)
     ASSERT_TRUE(waitUntil([&] { return window.isActiveWindow(); })) << window.windowTitle().toStdString();
 }
 
+/// Spawned by the system's own call: forked from here, with threads running, a checked program would go wrong.
 void Hand::act(const QStringList& commands)
 {
-    QProcess tool;
-    tool.start(QStringLiteral("xdotool"), commands);
-    const bool ended =
-        waitUntil([&] { return tool.state() == QProcess::NotRunning || tool.error() == QProcess::FailedToStart; });
-    ASSERT_TRUE(ended && tool.error() == QProcess::UnknownError && tool.exitStatus() == QProcess::NormalExit &&
-                tool.exitCode() == 0)
-        << "xdotool " << commands.join(QLatin1Char(' ')).toStdString() << ": " << tool.errorString().toStdString()
-        << "; " << tool.readAllStandardError().toStdString();
+    std::vector<std::string> words{"xdotool"};
+    for (const QString& command : commands)
+        words.push_back(command.toStdString());
+    std::vector<char*> arguments;
+    for (std::string& word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    pid_t tool = 0;
+    ASSERT_EQ(posix_spawnp(&tool, arguments.front(), nullptr, nullptr, arguments.data(), environ), 0);
+    int status = 0;
+    const bool hasEnded = waitUntil([&] { return waitpid(tool, &status, WNOHANG) == tool; });
+    ASSERT_TRUE(hasEnded && WIFEXITED(status) && WEXITSTATUS(status) == 0)
+        << "xdotool " << commands.join(QLatin1Char(' ')).toStdString();
 }
 
 } // namespace lineara

@@ -60,7 +60,9 @@ void HandTest::familyAppears()
 void HandTest::chooseByMouse(QMenu& menu, const QString& command)
 {
     Hand::click(program_.at(menu));
-    ASSERT_TRUE(waitUntil([&] { return menu.isVisible(); })) << command.toStdString();
+    // What was done just before may not have reached the menu yet.
+    ASSERT_TRUE(waitUntil([&] { return menu.isVisible() && OpenedProgram::offers(menu, command); }))
+        << command.toStdString();
     Hand::click(OpenedProgram::at(menu, command));
     ASSERT_TRUE(waitUntil([&] { return !menu.isVisible(); })) << command.toStdString();
 }

@@ -157,6 +157,12 @@ QPoint OpenedProgram::at(const QMenu& menu) const
     return bar.mapToGlobal(bar.actionGeometry(menu.menuAction()).center());
 }
 
+bool OpenedProgram::offers(const QMenu& menu, const QString& command)
+{
+    const QAction* const action = named(menu.actions(), command);
+    return action && action->isEnabled();
+}
+
 QPoint OpenedProgram::at(const QMenu& menu, const QString& command)
 {
     QAction* const action = named(menu.actions(), command);

@@ -57,6 +57,8 @@ public:
     /// A title of the menu bar, and a command of a menu that is open.
     QPoint at(const QMenu& menu) const;
     static QPoint at(const QMenu& menu, const QString& command);
+    /// Whether the menu has the command now, and it can be given.
+    static bool offers(const QMenu& menu, const QString& command);
 
     QString homePath(const QString& name) const { return home_.filePath(name); }
 
