@@ -74,6 +74,8 @@ void TreeView::personDragNotification(const PersonDragEndedNotification& ended)
     // What the drag itself has led to comes first, as long as the pointer holds the node.
     correctLeftEdge(ShiftCause::Drag);
     reconstrainCollisionsForPerson(*person);
+    // By the time of the pass the row may be another one.
+    resized_.push_back(person->recordId());
 }
 
 void TreeView::setNeedsUpdateConstraints()

@@ -1,5 +1,7 @@
 // From gaps that are installed to neighbours that stand apart, and what it does to the records.
 
+#include "elements/notifications.h"
+#include "platform/notification_center.h"
 #include "rows_at_rest.h"
 #include "spaced_family.h"
 
@@ -208,6 +210,24 @@ TEST_F(Spaced, AHundredClicksInATightRowMoveNobodyAndLeaveNoStep)
     }
     EXPECT_EQ(places(), settled);
     EXPECT_FALSE(family.context.journal().canUndo());
+}
+
+TEST_F(Spaced, ADropIsSpacedThoughItsRowMovesUpBeforeThePass)
+{
+    Person& child = addWide(100, 1);
+    Person& one = addWide(100, 2);
+    Person& other = addWide(400, 2);
+    TreeView& view = family.show();
+    view.settle();
+    other.setX(130);
+    NotificationCenter::defaultCenter().post(PersonDragEndedNotification{&family.pool, other.recordId()});
+    child.setGeneration(2);
+    one.setGeneration(3);
+    other.setGeneration(3);
+    family.pool.arrangeGenerations();
+    view.refreshHierarchy();
+    view.settle();
+    EXPECT_GE(*other.x(), *one.x() + one.leafView()->width() + 10);
 }
 
 } // namespace

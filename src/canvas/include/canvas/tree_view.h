@@ -229,7 +229,7 @@ private:
     KnownRows spacedRows_; // as of the last pass
     KnownRows shownRows_;  // as of the last refresh
     SteadyView steady_{view_};
-    std::vector<RecordId> resized_;         // persons whose nodes may have become wider since the last pass
+    std::vector<RecordId> resized_;         // whose nodes became wider, or were dropped, since the last pass
     std::optional<RecordId> awaitedReveal_; // whom to show once the pointer lets go
     std::unordered_set<RecordId> hidden_;   // taken off the canvas, because they are about to leave
     Subscription records_;
