@@ -31,9 +31,10 @@ function(lineara_room name)
     target_link_libraries(lineara_${name} PUBLIC ${ROOM_USES} PRIVATE lineara_flags)
 endfunction()
 
-# What every test runs under: no screen, no desktop to ask or to start, and sanitizers that stop at the first finding and
-# say where it is.
+# What every test runs under: no word of what passes, no screen, no desktop to ask or to start, and sanitizers that stop
+# at the first finding and say where it is.
 set(LINEARA_TEST_ENVIRONMENT
+    GTEST_BRIEF=1
     DBUS_SESSION_BUS_ADDRESS=disabled:
     QT_QPA_PLATFORM=offscreen
     QT_LOGGING_RULES=qt.qpa.*=false
