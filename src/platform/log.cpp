@@ -2,44 +2,42 @@
 
 #include <cstdio>
 #include <mutex>
-#include <string>
+#include <utility>
 
 namespace lineara {
 
 namespace {
 
-std::mutex captureMutex;
-std::string captured;
-bool capturing = false;
+std::mutex mutex;
+LogCapture* innermost = nullptr;
 
 } // namespace
 
 void writeLog(std::string_view lines)
 {
-    const std::lock_guard lock(captureMutex);
-    if (capturing)
-        captured += lines;
+    const std::lock_guard lock(mutex);
+    if (innermost)
+        innermost->text_ += lines;
     else
         std::fwrite(lines.data(), 1, lines.size(), stderr);
 }
 
 LogCapture::LogCapture()
 {
-    const std::lock_guard lock(captureMutex);
-    captured.clear();
-    capturing = true;
+    const std::lock_guard lock(mutex);
+    outer_ = std::exchange(innermost, this);
 }
 
 LogCapture::~LogCapture()
 {
-    const std::lock_guard lock(captureMutex);
-    capturing = false;
+    const std::lock_guard lock(mutex);
+    innermost = outer_;
 }
 
-std::string_view LogCapture::text() const
+std::string LogCapture::text() const
 {
-    const std::lock_guard lock(captureMutex);
-    return captured;
+    const std::lock_guard lock(mutex);
+    return text_;
 }
 
 } // namespace lineara

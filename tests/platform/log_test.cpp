@@ -21,3 +21,15 @@ TEST(Log, ANewCaptureStartsEmpty)
     const LogCapture capture;
     EXPECT_EQ(capture.text(), "");
 }
+
+TEST(Log, TheCaptureThatWasMadeLastReceivesUntilItGoes)
+{
+    const LogCapture outer;
+    {
+        const LogCapture inner;
+        writeLog("inner\n");
+        EXPECT_EQ(inner.text(), "inner\n");
+    }
+    writeLog("outer\n");
+    EXPECT_EQ(outer.text(), "outer\n");
+}

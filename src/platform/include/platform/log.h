@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include <string>
 #include <string_view>
 
 namespace lineara {
@@ -9,7 +9,8 @@ namespace lineara {
 /// run with thousands of lines costs one write. Any thread.
 void writeLog(std::string_view lines);
 
-/// Receives everything that is logged instead of the system log, until destroyed. For tests; one at a time.
+/// Receives everything that is logged instead of the system log, until destroyed; of several the one that was made
+/// last, which has to go first. For tests.
 class LogCapture
 {
 public:
@@ -18,8 +19,14 @@ public:
     LogCapture(const LogCapture&) = delete;
     LogCapture& operator=(const LogCapture&) = delete;
 
-    /// What was logged since construction.
-    std::string_view text() const;
+    /// What was received since construction. Any thread.
+    std::string text() const;
+
+private:
+    friend void writeLog(std::string_view lines);
+
+    std::string text_;
+    LogCapture* outer_ = nullptr;
 };
 
 } // namespace lineara

@@ -13,6 +13,8 @@ namespace lineara {
 struct Failure
 {
     QString message;
+    /// The reason alone, ready to follow a colon; empty where it can't be told from the rest.
+    QString reason = {};
 };
 
 /// A value, or the reason why there is none. The one error channel of the program: nothing is thrown across rooms.
