@@ -1,26 +1,19 @@
 #include "period_search.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace lineara::engine {
 
 namespace {
 
-constexpr std::size_t leastWindow = 16;
+constexpr std::size_t firstLook = 16;
 
-/// Windows grow no further, so that the search takes bounded memory; longer periods are not found.
-constexpr std::size_t greatestWindow = std::size_t{1} << 21;
+/// No more sweeps are looked back over, so that the search takes bounded memory; longer periods are not found.
+constexpr std::size_t mostSweeps = std::size_t{1} << 21;
 
-std::uint64_t fingerprint(const std::vector<PersonIndex>& persons)
-{
-    std::uint64_t mixed = persons.size();
-    for (const PersonIndex person : persons) {
-        mixed = (mixed ^ person) * 0x9e3779b97f4a7c15U;
-        mixed ^= mixed >> 29;
-    }
-    return mixed;
-}
+/// Pushes further than this count as equally far. Where lines of different speed drive somebody in turns, it falls and
+/// is pushed further each time, though all the rest repeats; within a line of one speed pushes rarely go that far.
+constexpr Generation farPush = 64;
 
 /// The period that reaches back furthest from the end of the sequence, at least twice its own length.
 std::optional<std::size_t> periodOfTail(std::vector<std::uint64_t> sequence)
@@ -50,24 +43,32 @@ std::optional<std::size_t> periodOfTail(std::vector<std::uint64_t> sequence)
 
 } // namespace
 
-std::size_t PeriodSearch::windowLength() const
+void SweepFingerprint::addPush(PersonIndex person, Generation levels)
 {
-    if (windows_ % 4 != 0)
-        return leastWindow;
-    const std::size_t turn = windows_ / 4;
-    const std::size_t greatestPowerOfTwoIn = turn & (~turn + 1);
-    return std::min(leastWindow * greatestPowerOfTwoIn, greatestWindow);
+    const auto push = (std::uint64_t{person} << 32) | static_cast<std::uint32_t>(std::min(levels, farPush));
+    mixed_ = (mixed_ ^ push) * 0x9e3779b97f4a7c15U;
+    mixed_ ^= mixed_ >> 29;
+    ++pushes_;
 }
 
-std::optional<std::size_t> PeriodSearch::guessAfter(const std::vector<PersonIndex>& pushed)
+std::optional<std::size_t> PeriodSearch::guessAfter(const SweepFingerprint& sweep)
 {
-    fingerprints_.push_back(fingerprint(pushed));
-    pushes_ += pushed.size();
-    if (fingerprints_.size() < windowLength() || pushes_ < leastPushes_)
+    fingerprints_.push_back(sweep.value());
+    pushes_ += sweep.pushes();
+    if (fingerprints_.size() < std::max(firstLook, nextLook_) || pushes_ < leastPushes_)
         return std::nullopt;
-    ++windows_;
     pushes_ = 0;
-    return periodOfTail(std::exchange(fingerprints_, {}));
+    nextLook_ = fingerprints_.size() + fingerprints_.size() / 4;
+    const auto guess = periodOfTail(fingerprints_);
+    if (nextLook_ > mostSweeps)
+        restart();
+    return guess;
+}
+
+void PeriodSearch::restart()
+{
+    fingerprints_.clear();
+    nextLook_ = firstLook;
 }
 
 } // namespace lineara::engine

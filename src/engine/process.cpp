@@ -17,8 +17,9 @@ namespace {
 class Run
 {
 public:
-    Run(const FamilyGraph& family, std::stop_token stop)
-        : family_(family), stop_(stop), assignment_(family, result_.log, stop), generations_(assignment_.generations())
+    Run(const FamilyGraph& family, std::stop_token stop, std::stop_token hurry)
+        : family_(family), stop_(stop), hurry_(std::move(hurry)), assignment_(family, result_.log, stop),
+          generations_(assignment_.generations())
     {}
 
     std::optional<ProcessResult> complete()
@@ -28,7 +29,7 @@ public:
             raiseBy(1 - lowest(1));
             raiseBy(reachTheRest());
             equalisePartners();
-            pushUp(family_, generations_, result_.log, stop_);
+            pushUp(family_, generations_, result_.log, stop_, hurry_);
             if (!stop_.stop_requested())
                 buildRows();
         }
@@ -128,6 +129,7 @@ private:
 
     const FamilyGraph& family_;
     std::stop_token stop_;
+    std::stop_token hurry_;
     ProcessResult result_;
     Assignment assignment_;
     std::vector<Generation>& generations_;
@@ -136,9 +138,9 @@ private:
 
 } // namespace
 
-std::optional<ProcessResult> process(const FamilyGraph& family, std::stop_token stop)
+std::optional<ProcessResult> process(const FamilyGraph& family, std::stop_token stop, std::stop_token hurry)
 {
-    return Run(family, std::move(stop)).complete();
+    return Run(family, std::move(stop), std::move(hurry)).complete();
 }
 
 std::string logLine(const LogEntry& entry)
@@ -151,6 +153,8 @@ std::string logLine(const LogEntry& entry)
         return "Pushing still required after trying to push up without partners. Tree imbalanced";
     case LogEntry::Kind::EndlessPush:
         return "Pushing up with partners would never end. Pushing up without partners instead";
+    case LogEntry::Kind::PushCutShort:
+        return "Pushing up with partners was cut short. Pushing up without partners instead";
     case LogEntry::Kind::BelowFirstRow:
         return "Persons below the first row, down to generation " + std::to_string(entry.existing) +
                ", are kept in row 0";

@@ -5,13 +5,22 @@
 namespace lineara::engine {
 
 void pushUp(const FamilyGraph& family, std::vector<Generation>& generations, std::vector<LogEntry>& log,
-            const std::stop_token& stop)
+            const std::stop_token& stop, const std::stop_token& hurry)
 {
     const std::vector<Generation> before = generations;
-    switch (sweepUntilEnd(family, generations, SweepMode::WithPartners, stop)) {
+    std::stop_source either;
+    const auto request = [&either] { either.request_stop(); };
+    const std::stop_callback onStop(stop, request);
+    const std::stop_callback onHurry(hurry, request);
+    switch (sweepUntilEnd(family, generations, SweepMode::WithPartners, either.get_token())) {
     case SweepsEnd::Quiet:
-    case SweepsEnd::Stopped:
         return;
+    case SweepsEnd::Stopped:
+        if (stop.stop_requested())
+            return;
+        log.push_back({LogEntry::Kind::PushCutShort});
+        generations = before;
+        break;
     case SweepsEnd::Repeating:
         break;
     case SweepsEnd::Endless:

@@ -39,11 +39,13 @@ public:
             due_.insert(member);
     }
 
-    /// False if one of the sweeps, or the first of the next period, would be the last one.
-    bool run(std::size_t sweeps)
+    /// False if one of the sweeps, or the first of the next period, would be the last one, or if stopped.
+    bool run(std::size_t sweeps, const std::stop_token& stop)
     {
         std::vector<PersonIndex> first;
         for (std::size_t sweep = 0; sweep < sweeps; ++sweep) {
+            if (stop.stop_requested())
+                return false;
             pushed_.clear();
             for (auto member = due_.takeFrom(0); member; member = due_.takeFrom(*member + 1))
                 lookAt(*member);
@@ -134,18 +136,18 @@ std::vector<Course> standingStill(const std::vector<Generation>& generations)
 
 std::optional<Repetition> findRepetition(const FamilyGraph& family, SweepMode mode,
                                          const std::vector<Generation>& generations,
-                                         const std::vector<PersonIndex>& previous, std::size_t sweeps)
+                                         const std::vector<PersonIndex>& previous, std::size_t sweeps,
+                                         const std::stop_token& stop)
 {
     std::vector<Course> courses = standingStill(generations);
     PeriodOfCourses alone(family, mode, courses, previous);
-    if (!alone.run(sweeps))
+    if (!alone.run(sweeps, stop))
         return std::nullopt;
     for (std::size_t person = 0; person < courses.size(); ++person)
         courses[person].rise = alone.courses()[person].start - courses[person].start;
 
     PeriodOfCourses period(family, mode, courses, previous);
-    period.run(sweeps);
-    if (!std::ranges::equal(courses, period.courses(), {}, &Course::rise, &Course::rise))
+    if (!period.run(sweeps, stop) || !std::ranges::equal(courses, period.courses(), {}, &Course::rise, &Course::rise))
         return std::nullopt;
     Repetition repetition{period.periodsAlike(), std::vector<std::int64_t>(courses.size()), period.lastPushed()};
     std::ranges::transform(courses, repetition.rises.begin(), &Course::rise);

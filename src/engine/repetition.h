@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 namespace lineara::engine {
@@ -25,7 +26,8 @@ struct Repetition
 };
 
 /// Looks ahead whether the coming `sweeps` sweeps are a period that comes again. `previous` are the persons pushed in
-/// the sweep just made. No value if the period does not come again, or if one of the sweeps would be the last one.
+/// the sweep just made. No value if the period does not come again, if one of the sweeps would be the last one,
+/// or if `stop` is requested.
 ///
 /// Why it comes again: a push is a copy. The person pushed takes the generation of its highest child, plus one, and
 /// its partners take it over. Say that a period begins with generations g, and gains everybody r. Let the next ones
@@ -41,6 +43,7 @@ struct Repetition
 /// of these periods ends the sweeps. A number of periods without end is therefore a proof that the sweeps never end.
 std::optional<Repetition> findRepetition(const FamilyGraph& family, SweepMode mode,
                                          const std::vector<Generation>& generations,
-                                         const std::vector<PersonIndex>& previous, std::size_t sweeps);
+                                         const std::vector<PersonIndex>& previous, std::size_t sweeps,
+                                         const std::stop_token& stop);
 
 } // namespace lineara::engine

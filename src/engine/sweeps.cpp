@@ -1,13 +1,14 @@
 #include "sweeps.h"
 
-#include "family_parts.h"
 #include "graph_queries.h"
+#include "independent_parts.h"
 #include "ordered_worklist.h"
 #include "period_search.h"
 #include "repetition.h"
 
 #include <algorithm>
 #include <bit>
+#include <optional>
 #include <utility>
 
 namespace lineara::engine {
@@ -23,7 +24,7 @@ class Sweeps
 {
 public:
     Sweeps(const FamilyGraph& family, std::vector<Generation>& generations, SweepMode mode)
-        : family_(family), generations_(generations), mode_(mode), due_(family.members)
+        : family_(family), generations_(generations), mode_(mode), due_(family.members), search_(family.members)
     {
         for (PersonIndex member = 0; member < family.members; ++member)
             due_.insert(member);
@@ -31,32 +32,43 @@ public:
 
     SweepsEnd untilEnd(const std::stop_token& stop)
     {
-        PeriodSearch search(family_.members);
-        while (sweep(stop)) {
-            if (pushed_.empty())
-                return SweepsEnd::Quiet;
-            if (pushed_ == previous_)
-                return SweepsEnd::Repeating;
-            std::swap(previous_, pushed_);
-            if (std::has_single_bit(++sweeps_) && sweeps_ >= firstLookAtParts && hasEndlessPart(stop))
+        while (true) {
+            if (const auto end = next(stop))
+                return *end;
+            if (std::has_single_bit(sweeps_) && sweeps_ >= firstLookAtParts && hasEndlessPart(stop))
                 return SweepsEnd::Endless;
-            const auto sweeps = search.guessAfter(previous_);
-            const auto repetition =
-                sweeps ? findRepetition(family_, mode_, generations_, previous_, *sweeps) : std::nullopt;
-            if (!repetition)
-                continue;
-            if (repetition->periods == Repetition::forever)
-                return SweepsEnd::Endless;
-            leapOver(*repetition);
         }
-        return stop.stop_requested() ? SweepsEnd::Stopped : SweepsEnd::Endless;
     }
 
 private:
+    /// Makes one sweep, and all that repeat with it. No value if more are to come.
+    std::optional<SweepsEnd> next(const std::stop_token& stop)
+    {
+        if (!sweep(stop))
+            return stop.stop_requested() ? SweepsEnd::Stopped : SweepsEnd::Endless;
+        if (pushed_.empty())
+            return SweepsEnd::Quiet;
+        if (pushed_ == previous_)
+            return SweepsEnd::Repeating;
+        std::swap(previous_, pushed_);
+        ++sweeps_;
+        const auto period = search_.guessAfter(fingerprint_);
+        if (!period)
+            return std::nullopt;
+        const auto repetition = findRepetition(family_, mode_, generations_, previous_, *period, stop);
+        if (!repetition)
+            return std::nullopt;
+        if (repetition->periods == Repetition::forever)
+            return SweepsEnd::Endless;
+        leapOver(*repetition);
+        return std::nullopt;
+    }
+
     /// False if the sweep could not be completed.
     bool sweep(const std::stop_token& stop)
     {
         pushed_.clear();
+        fingerprint_ = {};
         for (auto member = due_.takeFrom(0); member; member = due_.takeFrom(*member + 1)) {
             if (stop.stop_requested() || !lookAt(*member))
                 return false;
@@ -76,6 +88,7 @@ private:
         if (raised > greatestGeneration)
             return false;
         pushed_.push_back(member);
+        fingerprint_.addPush(member, raised - own);
         move(member, raised);
         if (mode_ == SweepMode::WithPartners) {
             for (const PersonIndex partner : family_.partners[member])
@@ -84,17 +97,17 @@ private:
         return true;
     }
 
-    /// Whether a part without links to the rest would never end by itself: no two sweeps running ever push the same
+    /// Whether a part that nobody else drives on would never end by itself: no two sweeps running ever push the same
     /// persons of it, so neither do they push the same persons in all. Many parts with periods of their own repeat as
     /// a whole only after the least common multiple of their periods, but each of them does so soon.
     bool hasEndlessPart(const std::stop_token& stop) const
     {
-        const std::vector<FamilyPart> parts = partsWith(family_, previous_);
-        return parts.size() > 1 &&
-               std::ranges::any_of(parts, [&](const FamilyPart& part) { return isEndlessAlone(part, stop); });
+        return std::ranges::any_of(partsOfKnots(family_, previous_),
+                                   [&](const IndependentPart& part) { return isEndlessAlone(part, stop); });
     }
 
-    bool isEndlessAlone(const FamilyPart& part, const std::stop_token& stop) const
+    /// Tries no more sweeps than were made, so that the parts cost no more than the whole.
+    bool isEndlessAlone(const IndependentPart& part, const std::stop_token& stop) const
     {
         std::vector<Generation> generations;
         generations.reserve(part.persons.size());
@@ -106,7 +119,11 @@ private:
             if (at != part.persons.end() && *at == pushed)
                 alone.previous_.push_back(static_cast<PersonIndex>(at - part.persons.begin()));
         }
-        return alone.untilEnd(stop) == SweepsEnd::Endless;
+        while (alone.sweeps_ < sweeps_) {
+            if (const auto end = alone.next(stop))
+                return *end == SweepsEnd::Endless;
+        }
+        return false;
     }
 
     /// Makes all sweeps of the repetition at once, or as many of its periods as end in range.
@@ -124,6 +141,7 @@ private:
                 move(person, static_cast<Generation>(valueOrZero(generations_[person]) + periods * rise));
         }
         previous_ = repetition.lastPushed;
+        search_.restart();
     }
 
     void move(PersonIndex person, Generation generation)
@@ -150,7 +168,9 @@ private:
     SweepMode mode_;
     OrderedWorklist due_;
     std::vector<PersonIndex> pushed_;
+    SweepFingerprint fingerprint_; ///< of the persons pushed
     std::size_t sweeps_ = 0;
+    PeriodSearch search_;
     std::vector<PersonIndex> previous_; ///< the persons pushed in the sweep before
 };
 

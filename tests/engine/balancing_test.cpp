@@ -102,6 +102,38 @@ TEST(Balancing, ProvesEndlessnessOfManyKnotsOfDifferentPeriods)
     EXPECT_TRUE(tells(process(graph).value(), LogEntry::Kind::EndlessPush));
 }
 
+TEST(Balancing, ProvesEndlessnessOfKnotsThatHangTogether)
+{
+    // As before, but more, and all of them below one founder.
+    FamilyMaker family((80 + 4) * 77 / 2 + 1);
+    const PersonIndex founder = family.persons() - 1;
+    PersonIndex oldest = 0;
+    for (std::uint32_t length = 4; length <= 80; oldest += length, ++length)
+        family.line(oldest, oldest + length - 1).partners(oldest, oldest + length - 1).offspring(founder, oldest);
+    ASSERT_EQ(oldest, founder);
+    const FamilyGraph graph = family.graph();
+    const HangGuard guard;
+    EXPECT_TRUE(tells(process(graph).value(), LogEntry::Kind::EndlessPush));
+}
+
+TEST(Balancing, ProvesEndlessnessWherePushesRepeatSoonerThanTheirHeights)
+{
+    // In the seventh of these, say, pushes come again after three sweeps, but rise by five and by three levels in
+    // turns.
+#ifdef LINEARA_SANITIZED
+    constexpr unsigned families = 50;
+#else
+    constexpr unsigned families = 1'000;
+#endif
+    int endless = 0;
+    const HangGuard guard;
+    for (unsigned seed = 0; seed < families; ++seed) {
+        std::mt19937_64 random(seed);
+        endless += tells(run(tangledFamily(60, 10, random)), LogEntry::Kind::EndlessPush);
+    }
+    EXPECT_GT(endless, 0);
+}
+
 TEST(Balancing, ReachesTheLimitOfGenerationsWhereAKnotNeverRepeats)
 {
     // Two knots of different speed that share persons: the slower one slips by one sweep ever more seldom.

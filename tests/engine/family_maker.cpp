@@ -1,8 +1,11 @@
 #include "family_maker.h"
 
+#include "engine/descent.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <span>
 
 namespace lineara::engine {
 
@@ -76,6 +79,13 @@ FamilyMaker& FamilyMaker::offspring(Pairs pairs)
     for (const auto& [parent, child] : pairs)
         offspring(parent, child);
     return *this;
+}
+
+bool FamilyMaker::mayBeOffspring(PersonIndex parent, PersonIndex child) const
+{
+    const auto childrenOf = [this](PersonIndex person) { return std::span(children_[person]); };
+    const auto parentsOf = [this](PersonIndex person) { return std::span(parents_[person]); };
+    return parents_[child].size() < 2 && !isDescendedFrom(parent, child, childrenOf, parentsOf);
 }
 
 FamilyMaker& FamilyMaker::line(PersonIndex first, PersonIndex last)
@@ -163,6 +173,28 @@ FamilyGraph randomFamily(const RandomFamily& wish, std::mt19937_64& random)
         }
     }
     return family.graph();
+}
+
+FamilyMaker tangledFamily(std::uint32_t persons, std::uint32_t links, std::mt19937_64& random)
+{
+    constexpr std::uint32_t personsOfALine = 20;
+    FamilyMaker family(persons);
+    for (PersonIndex person = 0; person + 1 < persons; person += 2) {
+        family.partners(person, person + 1);
+        if (person % personsOfALine != 0)
+            family.offspring({{person - 2, person}, {person - 1, person}});
+    }
+    for (; links > 0; --links) {
+        const PersonIndex from = upTo(persons - 1, random);
+        const PersonIndex to = upTo(persons - 1, random);
+        if (from == to)
+            continue;
+        if (chance(0.5, random))
+            family.partners(from, to);
+        else if (family.mayBeOffspring(from, to))
+            family.offspring(from, to);
+    }
+    return family;
 }
 
 } // namespace lineara::engine

@@ -32,6 +32,8 @@ public:
     FamilyMaker& line(PersonIndex first, PersonIndex last);
 
     std::uint32_t persons() const { return static_cast<std::uint32_t>(numbers_.size()); }
+    /// Whether the rules let anybody draw that link.
+    bool mayBeOffspring(PersonIndex parent, PersonIndex child) const;
     const std::vector<PersonIndex>& parentsOf(PersonIndex person) const { return parents_[person]; }
 
     FamilyGraph graph() const;
@@ -62,5 +64,8 @@ FamilyMaker familyInRows(std::uint32_t persons, std::uint32_t rows, std::uint32_
 
 /// A family without cycles of parents and with at most two parents each; anything else goes.
 FamilyGraph randomFamily(const RandomFamily& wish, std::mt19937_64& random);
+
+/// Couples in lines of ten generations, and then links between anybody, drawn one by one where the rules allow them.
+FamilyMaker tangledFamily(std::uint32_t persons, std::uint32_t links, std::mt19937_64& random);
 
 } // namespace lineara::engine

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 
 namespace lineara::engine {
 
@@ -13,9 +14,11 @@ namespace {
 #ifdef LINEARA_SANITIZED
 constexpr int comparedFamilies = 2'000;
 constexpr int smallFamilies = 2'000;
+constexpr int tangledFamilies = 100;
 #else
 constexpr int comparedFamilies = 30'000;
 constexpr int smallFamilies = 100'000;
+constexpr int tangledFamilies = 2'000;
 #endif
 
 bool isOfTheEngineAlone(const LogEntry& entry)
@@ -60,13 +63,14 @@ std::optional<ProcessResult> processInASecond(const FamilyGraph& family)
 }
 
 /// Compares the engine with the rules on random families, until the first that differs.
-Tally compare(const RandomFamily& wish, int families, std::uint64_t seed, std::int64_t greatestSweeps)
+Tally compare(const std::function<FamilyGraph(std::mt19937_64&)>& make, int families, std::uint64_t seed,
+              std::int64_t greatestSweeps)
 {
     Tally tally;
     for (int round = 0; round < families && !testing::Test::HasFailure(); ++round) {
         SCOPED_TRACE("family " + std::to_string(round) + " of seed " + std::to_string(seed));
         std::mt19937_64 random(seed * 1'000'003 + static_cast<std::uint64_t>(round));
-        const FamilyGraph family = randomFamily(wish, random);
+        const FamilyGraph family = make(random);
         const auto engine = processInASecond(family);
         const auto literal = processLiterally(family, greatestSweeps);
         EXPECT_EQ(isEndless(*engine), !literal.has_value());
@@ -86,6 +90,11 @@ Tally compare(const RandomFamily& wish, int families, std::uint64_t seed, std::i
     return tally;
 }
 
+Tally compare(const RandomFamily& wish, int families, std::uint64_t seed, std::int64_t greatestSweeps)
+{
+    return compare([&](std::mt19937_64& random) { return randomFamily(wish, random); }, families, seed, greatestSweeps);
+}
+
 } // namespace
 
 TEST(ProcessAgainstRules, AgreesOnFamiliesOfAllKinds)
@@ -98,6 +107,16 @@ TEST(ProcessAgainstRules, AgreesOnFamiliesOfAllKinds)
     EXPECT_GT(dense.endless, 0);
     EXPECT_GT(larger.refused, 0);
     EXPECT_EQ(sparse.stillImbalanced + dense.stillImbalanced + larger.stillImbalanced, 0);
+}
+
+TEST(ProcessAgainstRules, AgreesOnFamiliesThatSomebodyTangledLinkByLink)
+{
+    for (const std::uint32_t links : {5U, 10U, 20U, 40U}) {
+        const auto make = [&](std::mt19937_64& random) { return tangledFamily(60, links, random).graph(); };
+        const Tally tally = compare(make, tangledFamilies / 4, links, 5'000);
+        EXPECT_GT(tally.ended, 0);
+        EXPECT_GT(tally.endless, 0);
+    }
 }
 
 TEST(ProcessAgainstRules, EndsWhereTheyNeverEndAndOnlyThere)

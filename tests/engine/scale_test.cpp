@@ -102,4 +102,37 @@ TEST(StoppedRun, EndsSoonWhereverItIs)
     }
 }
 
+TEST(HurriedRun, LeavesPartnersOutAndSaysSo)
+{
+    const FamilyGraph family = FamilyMaker(2).offspring(0, 1).partners(0, 1).graph();
+    std::stop_source hurry;
+    EXPECT_EQ(process(family, {}, hurry.get_token())->generations, (std::vector<Generation>{5, 4}));
+    hurry.request_stop();
+    const auto result = process(family, {}, hurry.get_token());
+    EXPECT_EQ(result->generations, (std::vector<Generation>{3, 2}));
+    ASSERT_EQ(result->log.size(), 1U);
+    EXPECT_EQ(logLine(result->log[0]), "Pushing up with partners was cut short. Pushing up without partners instead");
+}
+
+TEST(HurriedRun, EndsWithAllRowsBuiltWheneverTheHurryComes)
+{
+    std::mt19937_64 random(1);
+    const FamilyGraph family = tangledFamily(2'000, 4'000, random).graph();
+    for (const int wait : {0, 1, 2, 4, 8, 16}) {
+        std::stop_source hurry;
+        std::optional<ProcessResult> result;
+        std::jthread worker([&] { result = process(family, {}, hurry.get_token()); });
+        std::this_thread::sleep_for(std::chrono::milliseconds(wait));
+        hurry.request_stop();
+        const HangGuard guard;
+        worker.join();
+        ASSERT_TRUE(result.has_value());
+        EXPECT_TRUE(result->rowsBuilt);
+        for (PersonIndex child = 0; child < family.persons(); ++child) {
+            for (const PersonIndex parent : family.parents[child])
+                EXPECT_GT(result->generations[parent], result->generations[child]);
+        }
+    }
+}
+
 } // namespace lineara::engine

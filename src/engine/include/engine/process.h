@@ -31,6 +31,7 @@ struct LogEntry
         RefusedGeneration, ///< a person was reached with a second number; the first stands
         StillImbalanced,   ///< pushing did not settle even without partners
         EndlessPush,       ///< pushing partners provably never ends; partners were left out
+        PushCutShort,      ///< nobody wanted to wait for pushing partners; partners were left out
         BelowFirstRow,     ///< linked persons ended below row 1 and are kept in row 0; at most once a run
     };
     Kind kind{};
@@ -65,12 +66,13 @@ struct ProcessResult
 /// Works every generation out again from the links alone; generations of an earlier run play no part.
 ///
 /// Takes time linear in persons and links, apart from the balancing sweeps. Returns no value if `stop` was requested
-/// before the run had ended. Pure: may run on any thread.
+/// before the run had ended. Once `hurry` is requested it waits no longer for the end of pushing partners, and leaves
+/// partners out as if there were none: that is for families where the end is far. Pure: may run on any thread.
 ///
 /// Parent links are expected to be free of cycles. Where they are not (damaged data), the run ends all the same:
 /// ancestors on or below a cycle don't count for the longest line, nobody is asked twice for a generation, persons
 /// who get none from any founder or partner stay without one, and balancing may give up with `StillImbalanced`.
-std::optional<ProcessResult> process(const FamilyGraph& family, std::stop_token stop = {});
+std::optional<ProcessResult> process(const FamilyGraph& family, std::stop_token stop = {}, std::stop_token hurry = {});
 
 /// Rows and sizes out of given generations (the last step of `process`), for a family whose generations were
 /// assigned by hand. `generations` holds one entry per person of the graph.
