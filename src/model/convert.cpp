@@ -30,6 +30,12 @@ std::int64_t leadingDigits(QStringView text)
     return number;
 }
 
+std::optional<QDate> localDay(const std::optional<QDateTime>& date)
+{
+    const QDate day = date ? date->toLocalTime().date() : QDate();
+    return day.isValid() ? std::optional(day) : std::nullopt;
+}
+
 } // namespace
 
 std::optional<QString> NumberToStringTransformer::transformedValue(std::optional<std::int32_t> number)
@@ -68,9 +74,20 @@ bool DateFormatter::getObjectValue(std::optional<QDate>& value, const std::optio
 
 std::optional<std::int32_t> PersonMigrationPolicy::dateToYear_12_14(const std::optional<QDateTime>& date)
 {
-    if (!date)
-        return std::nullopt;
-    return date->toLocalTime().date().year();
+    const auto day = localDay(date);
+    return day ? std::optional(day->year()) : std::nullopt;
+}
+
+std::optional<std::int32_t> PersonMigrationPolicy::dateToMonth_12_14(const std::optional<QDateTime>& date)
+{
+    const auto day = localDay(date);
+    return day ? std::optional(day->month()) : std::nullopt;
+}
+
+std::optional<std::int32_t> PersonMigrationPolicy::dateToDay_12_14(const std::optional<QDateTime>& date)
+{
+    const auto day = localDay(date);
+    return day ? std::optional(day->day()) : std::nullopt;
 }
 
 } // namespace lineara

@@ -1,13 +1,18 @@
 #include "model/convert.h"
 
+#include "local_zone.h"
+
 #include <QLocale>
 #include <QTimeZone>
 
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <vector>
 
 namespace lineara {
+
+using test::LocalZone;
 
 namespace {
 
@@ -18,30 +23,6 @@ std::optional<std::int32_t> read(const QString& text)
 
 constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t greatest = std::numeric_limits<std::int32_t>::max();
-
-/// Sets the local time zone for a test.
-class LocalZone
-{
-public:
-    explicit LocalZone(const char* zone) : before_(qgetenv("TZ"))
-    {
-        qputenv("TZ", zone);
-        tzset();
-    }
-    ~LocalZone()
-    {
-        if (before_.isNull())
-            qunsetenv("TZ");
-        else
-            qputenv("TZ", before_);
-        tzset();
-    }
-    LocalZone(const LocalZone&) = delete;
-    LocalZone& operator=(const LocalZone&) = delete;
-
-private:
-    QByteArray before_;
-};
 
 QDateTime utc(int year, int month, int day, int hour = 12)
 {
@@ -160,6 +141,34 @@ TEST(YearOfDate, IsReadByLocalTime)
     {
         const LocalZone west("UTC+3");
         EXPECT_EQ(PersonMigrationPolicy::dateToYear_12_14(lateOnTheLastDay), 1999);
+    }
+}
+
+TEST(PartsOfDate, BelongToOneLocalDay)
+{
+    const auto partsOf = [](const QDateTime& date) {
+        return std::vector{PersonMigrationPolicy::dateToYear_12_14(date),
+                           PersonMigrationPolicy::dateToMonth_12_14(date),
+                           PersonMigrationPolicy::dateToDay_12_14(date)};
+    };
+    using Parts = std::vector<std::optional<std::int32_t>>;
+    const QDateTime twoInTheMorning = utc(1851, 1, 1, 2);
+    {
+        const LocalZone zone("America/New_York");
+        EXPECT_EQ(partsOf(twoInTheMorning), (Parts{1850, 12, 31}));
+    }
+    {
+        const LocalZone zone("Asia/Tokyo");
+        EXPECT_EQ(partsOf(twoInTheMorning), (Parts{1851, 1, 1}));
+    }
+}
+
+TEST(PartsOfDate, AreAbsentWithoutAValidDate)
+{
+    for (const auto& date : {std::optional<QDateTime>(), std::optional(QDateTime())}) {
+        EXPECT_EQ(PersonMigrationPolicy::dateToYear_12_14(date), std::nullopt);
+        EXPECT_EQ(PersonMigrationPolicy::dateToMonth_12_14(date), std::nullopt);
+        EXPECT_EQ(PersonMigrationPolicy::dateToDay_12_14(date), std::nullopt);
     }
 }
 

@@ -227,6 +227,20 @@ TEST(Picture, OfAHugeDeclaredSizeKeepsTheSizeAndStaysCheap)
     }
 }
 
+TEST(Picture, OfFourGigabytesOfPixelsStaysCheap)
+{
+    // As 32-bit pixels 3.6 GB, just what 32 bits can't count, and more pixels than 32 bits can count.
+    for (const std::uint32_t side : {30'000U, 32'768U, 65'536U}) {
+        const HangGuard guard;
+        const Picture picture = Picture::decode(blackPng(side, side, 100'000));
+        EXPECT_TRUE(picture.pixels().isNull());
+        const QSize declared(static_cast<int>(side), static_cast<int>(side));
+        EXPECT_TRUE(picture.size() == declared || picture.size() == QSize(0, 0)) << side;
+    }
+    const HangGuard guard;
+    EXPECT_TRUE(Picture::decode(blackPng(2'147'483'647, 2'147'483'647, 1000)).pixels().isNull());
+}
+
 TEST(Picture, OfAHugeBitmapKeepsTheSizeAndStaysCheap)
 {
     QByteArray bmp = encoded(noise(8, 8), "BMP");

@@ -39,13 +39,16 @@ private:
     QString format_;
 };
 
-/// What the step from model version 12 to 14 computes.
+/// What the step from model version 12 to 14 computes: the parts of a date in the Gregorian calendar, reckoned back
+/// before its introduction, and in the time zone that was local at the time. Absent stays absent, and an invalid date
+/// is absent.
 class PersonMigrationPolicy
 {
 public:
-    /// The year of the date in the Gregorian calendar and the local time zone; years before Christ are negative.
-    /// Absent stays absent.
+    /// Years before Christ are negative; there is no year 0.
     static std::optional<std::int32_t> dateToYear_12_14(const std::optional<QDateTime>& date);
+    static std::optional<std::int32_t> dateToMonth_12_14(const std::optional<QDateTime>& date);
+    static std::optional<std::int32_t> dateToDay_12_14(const std::optional<QDateTime>& date);
 };
 
 } // namespace lineara
