@@ -1,11 +1,12 @@
-#include "atomic_file.h"
+#include "store/atomic_file.h"
+
+#include "extended_attributes.h"
+#include "saving_temporary.h"
+#include "store_texts.h"
 
 #include <QFile>
-#include <QRandomGenerator>
 
-#include <array>
 #include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <optional>
 #include <utility>
@@ -19,24 +20,6 @@ namespace lineara::store {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// An open file descriptor.
-class Descriptor
-{
-public:
-    explicit Descriptor(int descriptor) : descriptor_(descriptor) {}
-    ~Descriptor() { close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int get() const { return descriptor_; }
-    bool isOpen() const { return descriptor_ >= 0; }
-    /// The error number, or 0.
-    int close() { return isOpen() && ::close(std::exchange(descriptor_, -1)) != 0 ? errno : 0; }
-
-private:
-    int descriptor_;
-};
 
 /// The file that the path means in the end. It need not exist.
 Outcome<fs::path> followLinks(fs::path path)
@@ -58,36 +41,59 @@ Outcome<fs::path> followLinks(fs::path path)
 class Replacement
 {
 public:
-    Replacement(fs::path target, const FileCalls& calls) : target_(std::move(target)), calls_(calls) {}
-
-    ~Replacement()
-    {
-        if (!temporary_.empty())
-            ::unlink(temporary_.c_str());
-    }
+    Replacement(const fs::path& target, const FileCalls& calls)
+        : target_(target), calls_(calls), temporary_(folderOf(target))
+    {}
 
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
+
+    /// Why it can't be done, as far as can be told beforehand.
+    int examine()
+    {
+        if (const int error = examineTarget())
+            return error;
+        return mayWrite(folderOf(target_), W_OK | X_OK) ? 0 : errno;
+    }
 
     int run(const std::function<bool(ByteSink)>& produce)
     {
         if (const int error = examineTarget())
             return error;
-        Descriptor file(create());
-        if (!file.isOpen())
-            return errno;
-        if (const int error = fill(file.get(), produce))
+        temporary_.removeStale();
+        // What replaces a private file must never be readable to others, not even for a moment.
+        if (const int error = temporary_.create(old_ ? 0600 : 0666))
             return error;
-        if (const int error = file.close())
+        if (const int error = fill(temporary_.file(), produce))
             return error;
-        if (calls_.rename(temporary_.c_str(), target_.c_str()) != 0)
+        if (const int error = temporary_.close())
+            return error;
+        if (calls_.rename(temporary_.path().c_str(), target_.c_str()) != 0)
             return errno;
-        temporary_.clear();
+        temporary_.release();
         return syncFolder();
     }
 
+    /// What the error number of a step means here.
+    QString reason(int error) const
+    {
+        if (error != EACCES && error != EPERM)
+            return reasonOf(error);
+        return isTargetClosed_ ? StoreTexts::tr("permission to write to the file is denied.")
+                               : StoreTexts::tr("permission to write to its folder is denied.");
+    }
+
 private:
-    fs::path folder() const { return target_.has_parent_path() ? target_.parent_path() : fs::path("."); }
+    /// As the one whom files belong to that are made now.
+    static bool mayWrite(const fs::path& path, int access)
+    {
+        return ::faccessat(AT_FDCWD, path.c_str(), access, AT_EACCESS) == 0;
+    }
+
+    static fs::path folderOf(const fs::path& file)
+    {
+        return file.has_parent_path() ? file.parent_path() : fs::path(".");
+    }
 
     /// Renaming would replace what must not be written to, so that is asked before.
     int examineTarget()
@@ -99,28 +105,11 @@ private:
             return EISDIR;
         if (!S_ISREG(status.st_mode))
             return EINVAL;
-        if (::access(target_.c_str(), W_OK) != 0)
+        isTargetClosed_ = !mayWrite(target_, W_OK);
+        if (isTargetClosed_)
             return errno;
         old_ = status;
         return 0;
-    }
-
-    int create()
-    {
-        constexpr int attempts = 100;
-        // What replaces a private file must never be readable to others, not even for a moment.
-        const mode_t mode = old_ ? 0600 : 0666;
-        for (int attempt = 0; attempt < attempts; ++attempt) {
-            std::array<char, 32> name{};
-            std::snprintf(name.data(), name.size(), ".lineara-%08x", QRandomGenerator::system()->generate());
-            const auto candidate = folder() / name.data();
-            const int descriptor = ::open(candidate.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-            if (descriptor >= 0)
-                temporary_ = candidate;
-            if (descriptor >= 0 || errno != EEXIST)
-                return descriptor;
-        }
-        return -1;
     }
 
     int fill(int file, const std::function<bool(ByteSink)>& produce)
@@ -157,21 +146,25 @@ private:
         const bool sameOwner = ::fchown(file, old_->st_uid, old_->st_gid) == 0;
         const mode_t bits = sameOwner ? 07777 : 0777;
         static_cast<void>(::fchmod(file, old_->st_mode & bits));
+        copyExtendedAttributes(target_.c_str(), file);
     }
 
     /// Makes the new name last. Some file systems can't sync a folder; the file is in place all the same.
     int syncFolder() const
     {
-        const Descriptor directory(::open(folder().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-        if (!directory.isOpen() || calls_.sync(directory.get()) == 0 || errno == EINVAL || errno == ENOTSUP)
+        const int directory = ::open(folderOf(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (directory < 0)
             return 0;
-        return errno;
+        const int error = calls_.sync(directory) != 0 ? errno : 0;
+        ::close(directory);
+        return error == EINVAL || error == ENOTSUP ? 0 : error;
     }
 
     fs::path target_;
     const FileCalls& calls_;
-    fs::path temporary_;
+    SavingTemporary temporary_;
     std::optional<struct stat> old_;
+    bool isTargetClosed_ = false;
 };
 
 } // namespace
@@ -185,30 +178,30 @@ QString reasonOf(int errorNumber)
 {
     switch (errorNumber) {
     case ENOENT:
-        return u"the folder or file does not exist."_qs;
+        return StoreTexts::tr("the folder or file does not exist.");
     case ENOTDIR:
-        return u"a part of the path is not a folder."_qs;
+        return StoreTexts::tr("a part of the path is not a folder.");
     case EACCES:
     case EPERM:
-        return u"permission is denied."_qs;
+        return StoreTexts::tr("permission is denied.");
     case EROFS:
-        return u"the disk is read-only."_qs;
+        return StoreTexts::tr("the disk is read-only.");
     case ENOSPC:
-        return u"there is no space left on the disk."_qs;
+        return StoreTexts::tr("there is no space left on the disk.");
     case EDQUOT:
-        return u"your share of the disk is used up."_qs;
+        return StoreTexts::tr("your share of the disk is used up.");
     case EFBIG:
-        return u"the file would be too large for the disk."_qs;
+        return StoreTexts::tr("the file would be too large for the disk.");
     case EISDIR:
-        return u"it is a folder."_qs;
+        return StoreTexts::tr("it is a folder.");
     case EINVAL:
-        return u"it is not an ordinary file."_qs;
+        return StoreTexts::tr("it is not an ordinary file.");
     case ENAMETOOLONG:
-        return u"the name is too long."_qs;
+        return StoreTexts::tr("the name is too long.");
     case ELOOP:
-        return u"its symbolic links lead in a circle."_qs;
+        return StoreTexts::tr("its symbolic links lead in a circle.");
     case EIO:
-        return u"the disk reports an error."_qs;
+        return StoreTexts::tr("the disk reports an error.");
     default:
         return qt_error_string(errorNumber) + u'.';
     }
@@ -217,14 +210,26 @@ QString reasonOf(int errorNumber)
 Outcome<Done> replaceFile(const QString& path, const std::function<bool(ByteSink)>& produce, const FileCalls& calls)
 {
     const auto failure = [&path](const QString& reason) {
-        return Failure{u"“%1” can't be saved: %2"_qs.arg(path, reason)};
+        return Failure{StoreTexts::tr("“%1” can't be saved: %2").arg(path, reason), reason};
     };
     auto target = followLinks(QFile::encodeName(path).toStdString());
     if (target.failed())
         return failure(target.failure().message);
-    if (const int error = Replacement(target.value(), calls).run(produce))
-        return failure(reasonOf(error));
+    Replacement replacement(target.value(), calls);
+    if (const int error = replacement.run(produce))
+        return failure(replacement.reason(error));
     return Done{};
+}
+
+std::optional<QString> obstacleToReplacing(const QString& path)
+{
+    auto target = followLinks(QFile::encodeName(path).toStdString());
+    if (target.failed())
+        return target.failure().message;
+    const auto calls = FileCalls::ofTheSystem();
+    Replacement replacement(target.value(), calls);
+    const int error = replacement.examine();
+    return error ? std::optional(replacement.reason(error)) : std::nullopt;
 }
 
 } // namespace lineara::store

@@ -1,8 +1,11 @@
 #include "family_builder.h"
 
 #include "family_links.h"
+#include "file_bytes.h"
 #include "membership.h"
 #include "model/context_loader.h"
+#include "place_repair.h"
+#include "store_texts.h"
 
 namespace lineara::store {
 
@@ -12,16 +15,18 @@ namespace {
 class FamilyBuilder
 {
 public:
-    explicit FamilyBuilder(RawFamily& raw)
-        : raw_(raw), loader_(raw.uuid, raw.nextNumber, raw.persons.size() + raw.pools.size() + raw.pics.size())
+    FamilyBuilder(RawFamily& raw, Progress progress)
+        : raw_(raw), progress_(std::move(progress)),
+          loader_(raw.uuid, raw.nextNumber, raw.persons.size() + raw.pools.size() + raw.pics.size())
     {}
 
+    /// An unfinished family if the progress is stopped meanwhile.
     std::unique_ptr<ObjectContext> build(const FamilyLinks& links, const Membership& membership)
     {
         // Pools come first, as in files, so that the numbers mostly ascend.
         const auto pools = addPools();
-        addPersons();
-        link(links);
+        if (!addPersons() || !link(links))
+            return loader_.finish();
         for (std::size_t i = 0; i < pools.size(); ++i)
             loader_.setMembers(*pools[i], personsAt(membership.members[i]));
         addPics(membership.pics);
@@ -31,13 +36,18 @@ public:
     }
 
 private:
-    void addPersons()
+    /// False if stopped.
+    bool addPersons()
     {
         persons_.reserve(raw_.persons.size());
-        for (auto& person : raw_.persons)
+        for (auto& person : raw_.persons) {
+            if (!goesOn(persons_.size()))
+                return false;
             persons_.push_back(&loader_.addPerson(RecordId{person.number}, std::move(person.values)));
+        }
         for (auto& [person, unknown] : raw_.unknownOfPersons)
             loader_.setUnknown(*persons_[person], std::move(unknown));
+        return true;
     }
 
     std::vector<Person*> personsAt(std::span<const PersonIndex> indices) const
@@ -49,9 +59,12 @@ private:
         return result;
     }
 
-    void link(const FamilyLinks& links)
+    /// False if stopped.
+    bool link(const FamilyLinks& links)
     {
         for (std::size_t i = 0; i < persons_.size(); ++i) {
+            if (!goesOn(persons_.size() + i))
+                return false;
             if (!links.parents[i].empty())
                 loader_.setParents(*persons_[i], personsAt(links.parents[i]));
             if (!links.children[i].empty())
@@ -59,6 +72,7 @@ private:
             if (!links.partners[i].empty())
                 loader_.setPartners(*persons_[i], personsAt(links.partners[i]));
         }
+        return true;
     }
 
     std::vector<Pool*> addPools()
@@ -86,7 +100,11 @@ private:
             loader_.setUnknown(*pics[pic], std::move(unknown));
     }
 
+    /// Every person is visited twice.
+    bool goesOn(std::size_t visits) const { return progress_.goesOn(visits, 2 * raw_.persons.size()); }
+
     RawFamily& raw_;
+    Progress progress_;
     ContextLoader loader_;
     std::vector<Person*> persons_;
 };
@@ -113,26 +131,34 @@ void settleNextNumber(RawFamily& raw, Number highest, QStringList& repairs)
         return;
     raw.nextNumber = std::max(firstNumber, highest + 1);
     if (wasGiven)
-        repairs += u"The next object number was in use already; it is %1 now."_qs.arg(raw.nextNumber);
+        repairs += StoreTexts::tr("The next object number was in use already; it is %1 now.").arg(raw.nextNumber);
 }
 
 } // namespace
 
-Outcome<LoadedFamily> buildFamily(RawFamily raw, QStringList repairs)
+Outcome<LoadedFamily> buildFamily(RawFamily raw, QStringList repairs, const Progress& progress)
 {
+    constexpr double linksPart = 0.3;
     const IdIndex index(raw);
     if (index.duplicate())
-        return Failure{u"object z%1 is there twice."_qs.arg(*index.duplicate())};
+        return Failure{StoreTexts::tr("object z%1 is there twice.").arg(*index.duplicate())};
     settleNextNumber(raw, index.highest(), repairs);
+    leaveOutAbsurdPlaces(raw, repairs);
     auto links = resolveLinks(raw, index);
     if (links.failed())
         return links.failure();
+    if (!progress.goesOn(linksPart / 3))
+        return stoppedReading();
     if (!areSound(links.value()))
         links = mended(links.value(), raw, repairs);
+    if (!progress.goesOn(2 * linksPart / 3))
+        return stoppedReading();
     auto membership = resolveMembership(raw, index, repairs);
     if (membership.failed())
         return membership.failure();
-    auto context = FamilyBuilder(raw).build(links.value(), membership.value());
+    auto context = FamilyBuilder(raw, progress.stage(linksPart, 1)).build(links.value(), membership.value());
+    if (!progress.goesOn(1))
+        return stoppedReading();
     return LoadedFamily{std::move(context), std::move(repairs)};
 }
 

@@ -1,6 +1,7 @@
 #include "family_links.h"
 
 #include "link_walks.h"
+#include "store_texts.h"
 
 namespace lineara::store {
 
@@ -32,8 +33,11 @@ bool hasLinkToItself(const Lists<PersonIndex>& partners)
 
 QString called(const RawPerson& person)
 {
-    const auto name = person.values.name.value_or(QString());
-    return name.isEmpty() ? u"z%1"_qs.arg(person.number) : u"“%1” (z%2)"_qs.arg(name).arg(person.number);
+    constexpr qsizetype longest = 60;
+    auto name = person.values.name.value_or(QString());
+    if (name.size() > longest)
+        name = name.first(longest) + u'…';
+    return name.isEmpty() ? u"z%1"_qs.arg(person.number) : StoreTexts::tr("“%1” (z%2)").arg(name).arg(person.number);
 }
 
 Outcome<Lists<PersonIndex>> resolve(const Lists<Number>& references, const RawFamily& family, const IdIndex& index,
@@ -48,9 +52,11 @@ Outcome<Lists<PersonIndex>> resolve(const Lists<Number>& references, const RawFa
                 result.add(place->index);
                 continue;
             }
-            const auto reason = place ? u"which is no person."_qs : u"which is not in the file."_qs;
+            const auto reason =
+                place ? StoreTexts::tr("which is no person.") : StoreTexts::tr("which is not in the file.");
             const auto ownerNumber = relationship == u"persons" ? family.pools[owner] : family.persons[owner].number;
-            return Failure{u"object z%1: relationship “%2” refers to z%3, %4"_qs.arg(ownerNumber)
+            return Failure{StoreTexts::tr("object z%1: relationship “%2” refers to z%3, %4")
+                               .arg(ownerNumber)
                                .arg(relationship)
                                .arg(number)
                                .arg(reason)};

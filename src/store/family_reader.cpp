@@ -1,15 +1,15 @@
 #include "family_reader.h"
 
+#include "field_names.h"
+#include "file_bytes.h"
 #include "info_reader.h"
 #include "record_reader.h"
+#include "store_texts.h"
 #include "xml_file.h"
 
 namespace lineara::store {
 
 namespace {
-
-constexpr std::string_view rootName = "database";
-constexpr std::string_view infoName = "databaseInfo";
 
 bool isElement(pugi::xml_node node, std::string_view name)
 {
@@ -47,12 +47,13 @@ private:
         if (isElement(node, infoName))
             return takeInfo(node);
         if (node.type() == pugi::node_element && !hasInfo_)
-            return Failure{u"line %1: “databaseInfo” is missing at the beginning."_qs.arg(fragment_.line(node))};
+            return Failure{
+                StoreTexts::tr("line %1: “databaseInfo” is missing at the beginning.").arg(fragment_.line(node))};
         const bool canBeKept =
             node.type() == pugi::node_element || node.type() == pugi::node_comment || node.type() == pugi::node_pi;
         if (!canBeKept)
-            return Failure{
-                u"object %1 of the file: stray text or a stray declaration stands before it."_qs.arg(position_ + 1)};
+            return Failure{StoreTexts::tr("object %1 of the file: stray text or a stray declaration stands before it.")
+                               .arg(position_ + 1)};
         family_.unknownObjects.push_back({position_++, fragment_.verbatim(node)});
         return Done{};
     }
@@ -60,10 +61,10 @@ private:
     Outcome<Done> takeInfo(pugi::xml_node node)
     {
         if (hasInfo_)
-            return Failure{u"line %1: a second “databaseInfo”."_qs.arg(fragment_.line(node))};
+            return Failure{StoreTexts::tr("line %1: a second “databaseInfo”.").arg(fragment_.line(node))};
         hasInfo_ = true;
         if (node.first_attribute())
-            repairs_ += u"The attributes of “databaseInfo” are left out when the file is saved."_qs;
+            repairs_ += StoreTexts::tr("The attributes of “databaseInfo” are left out when the file is saved.");
         return readInfo(fragment_, node, family_, repairs_);
     }
 
@@ -77,16 +78,19 @@ private:
 
 } // namespace
 
-Outcome<RawFamily> readText(std::string_view text, QStringList& repairs)
+Outcome<RawFamily> readText(std::string_view text, QStringList& repairs, const Progress& progress)
 {
     auto file = XmlFile::open(text, rootName);
     if (file.failed())
         return file.failure();
     if (file.value().hasContentAroundRoot())
-        repairs += u"Comments outside “database” and attributes of it are left out when the file is saved."_qs;
+        repairs +=
+            StoreTexts::tr("Comments outside “database” and attributes of it are left out when the file is saved.");
     XmlFragment fragment(text);
     ChildReader children(fragment, repairs);
     for (;;) {
+        if (!progress.goesOn(file.value().partRead()))
+            return stoppedReading();
         const auto more = file.value().next(fragment);
         if (more.failed())
             return more.failure();
@@ -96,7 +100,7 @@ Outcome<RawFamily> readText(std::string_view text, QStringList& repairs)
             return read.failure();
     }
     if (!children.hasInfo())
-        return Failure{u"line %1: “databaseInfo” is missing."_qs.arg(file.value().rootLine())};
+        return Failure{StoreTexts::tr("line %1: “databaseInfo” is missing.").arg(file.value().rootLine())};
     return std::move(children).family();
 }
 

@@ -1,7 +1,7 @@
 #include "family_writer.h"
 
 #include "field_names.h"
-#include "model/object_context.h"
+#include "store/family_content.h"
 #include "store/family_file.h"
 
 #include <limits>
@@ -111,31 +111,35 @@ public:
         endAttribute();
     }
 
-    template<class Records>
-    void toMany(std::string_view name, std::string_view entity, const Records& records)
+    /// A list of ids, or of whatever has one.
+    template<class Item>
+    void toMany(std::string_view name, std::string_view entity, std::span<const Item> items)
     {
-        if (records.empty())
+        if (items.empty())
             return;
         beginRelationship(name, "0/0", entity);
         std::string_view separator;
-        for (const auto* record : records) {
+        for (const auto& item : items) {
             out_.raw(separator);
-            reference(record->recordId());
+            reference(idOf(item));
             separator = " ";
         }
         out_.raw("\"/>\n");
     }
 
-    void toOne(std::string_view name, std::string_view entity, const Record* record)
+    void toOne(std::string_view name, std::string_view entity, std::optional<RecordId> record)
     {
         if (!record)
             return;
         beginRelationship(name, "0/1", entity);
-        reference(record->recordId());
+        reference(*record);
         out_.raw("\"/>\n");
     }
 
 private:
+    static RecordId idOf(RecordId id) { return id; }
+    static RecordId idOf(const FamilyContent::PersonPart& person) { return person.id; }
+
     void reference(RecordId id)
     {
         out_.raw("z");
@@ -174,7 +178,7 @@ private:
 class FamilyWriter
 {
 public:
-    FamilyWriter(XmlWriter& out, const ObjectContext& family)
+    FamilyWriter(XmlWriter& out, const FamilyContent& family)
         : out_(out), family_(family), objects_(out, family.unknownObjects(), objectIndent)
     {}
 
@@ -182,19 +186,13 @@ public:
     {
         out_.raw("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<database>\n");
         writeInfo();
-        const auto pools = family_.allPools();
-        for (const auto* pool : pools)
-            writePool(*pool);
-        for (const auto* pool : pools) {
-            for (const auto* person : pool->persons())
-                writePerson(*person);
-        }
-        for (const auto* person : family_.allPersons()) {
-            if (!person->pool())
-                writePerson(*person);
-        }
-        for (const auto* pic : family_.allPics())
-            writePic(*pic);
+        for (std::size_t pool = 0; pool < family_.pools().size(); ++pool)
+            writePool(pool);
+        for (std::size_t pool = 0; pool < family_.pools().size(); ++pool)
+            writePersons(family_.personsOf(pool), family_.pools()[pool].id);
+        writePersons(family_.strangers(), std::nullopt);
+        for (const auto& pic : family_.pics())
+            writePic(pic);
         objects_.end();
         out_.raw("</database>\n");
     }
@@ -224,45 +222,56 @@ private:
         out_.raw("    </databaseInfo>\n");
     }
 
-    void writePool(const Pool& pool)
+    void writePool(std::size_t at)
     {
         objects_.next();
-        ObjectElement object(out_, poolEntity, pool.recordId(), pool.unknown());
-        object.toMany("persons", personEntity, pool.persons());
+        const auto& pool = family_.pools()[at];
+        ObjectElement object(out_, poolEntity, pool.id, pool.unknown);
+        object.toMany("persons", personEntity, family_.personsOf(at));
     }
 
-    void writePerson(const Person& person)
+    void writePersons(std::span<const FamilyContent::PersonPart> persons, std::optional<RecordId> pool)
+    {
+        for (const auto& person : persons)
+            writePerson(person, pool);
+    }
+
+    void writePerson(const FamilyContent::PersonPart& person, std::optional<RecordId> pool)
     {
         objects_.next();
-        ObjectElement object(out_, personEntity, person.recordId(), person.unknown());
+        ObjectElement object(out_, personEntity, person.id, family_.unknownOf(persons_));
+        const auto values = person.values.unpacked();
         for (const auto& field : personTexts)
-            object.text(field.name, person.values().*field.value);
+            object.text(field.name, values.*field.value);
         for (const auto& field : personNumbers)
-            object.number(field.name, person.values().*field.value);
-        object.toMany("parents", personEntity, person.parents());
-        object.toMany("children", personEntity, person.children());
-        object.toMany("partners", personEntity, person.partners());
-        object.toOne("pool", poolEntity, person.pool());
-        object.toOne("pic", picEntity, person.pic());
+            object.number(field.name, values.*field.value);
+        const auto links = family_.linksOf(persons_);
+        object.toMany("parents", personEntity, links.parents);
+        object.toMany("children", personEntity, links.children);
+        object.toMany("partners", personEntity, links.partners);
+        object.toOne("pool", poolEntity, pool);
+        object.toOne("pic", picEntity, person.pic);
+        ++persons_;
     }
 
-    void writePic(const Pic& pic)
+    void writePic(const FamilyContent::PicPart& pic)
     {
         objects_.next();
-        ObjectElement object(out_, picEntity, pic.recordId(), pic.unknown());
-        if (pic.hasData())
-            object.binary("data", pic.data());
-        object.toOne("person", personEntity, pic.person());
+        ObjectElement object(out_, picEntity, pic.id, pic.unknown);
+        if (pic.data)
+            object.binary("data", *pic.data);
+        object.toOne("person", personEntity, pic.person);
     }
 
     XmlWriter& out_;
-    const ObjectContext& family_;
+    const FamilyContent& family_;
     Interleaving objects_;
+    std::size_t persons_ = 0; ///< written so far
 };
 
 } // namespace
 
-bool writeFamilyText(const ObjectContext& family, ByteSink sink)
+bool writeFamilyText(const FamilyContent& family, ByteSink sink)
 {
     XmlWriter out(std::move(sink));
     FamilyWriter(out, family).write();

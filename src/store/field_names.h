@@ -11,6 +11,9 @@ namespace lineara::store {
 
 inline constexpr int currentFormatVersion = 1;
 
+inline constexpr const char* rootName = "database";
+inline constexpr const char* infoName = "databaseInfo";
+
 inline constexpr const char* poolEntity = "POOL";
 inline constexpr const char* personEntity = "PERSON";
 inline constexpr const char* picEntity = "PIC";

@@ -1,5 +1,7 @@
 #include "family_links.h"
 #include "link_walks.h"
+#include "repair_notes.h"
+#include "store_texts.h"
 
 #include <algorithm>
 
@@ -21,10 +23,11 @@ public:
         for (std::size_t person = 0; person < links.size(); ++person) {
             for (const auto other : links[person]) {
                 if (other == person)
-                    tell(person, u"was listed among its own %1; that link is left out."_qs.arg(relationship));
-                else if (std::exchange(marks[other], person + 1) == person + 1)
                     tell(person,
-                         u"listed %1 twice among its %2; the second is left out."_qs.arg(name(other), relationship));
+                         StoreTexts::tr("was listed among its own %1; that link is left out.").arg(relationship));
+                else if (std::exchange(marks[other], person + 1) == person + 1)
+                    tell(person, StoreTexts::tr("listed %1 twice among its %2; the second is left out.")
+                                     .arg(name(other), relationship));
                 else
                     result.add(other);
             }
@@ -48,8 +51,9 @@ public:
             for (const auto other : expected[person]) {
                 if (marks[other] == person + 1)
                     continue;
-                tell(person, u"did not list %1 among its %2, though listed there; the link was completed."_qs.arg(
-                                 name(other), relationship));
+                tell(person,
+                     StoreTexts::tr("did not list %1 among its %2, though listed there; the link was completed.")
+                         .arg(name(other), relationship));
                 result.add(other);
             }
             result.close();
@@ -66,7 +70,8 @@ public:
             const auto kept = std::min(all.size(), mostParents);
             result.append(all.first(kept));
             for (const auto parent : all.subspan(kept))
-                tell(person, u"has two parents already; the link from %1 is left out."_qs.arg(name(parent)));
+                tell(person,
+                     StoreTexts::tr("has two parents already; the link from %1 is left out.").arg(name(parent)));
         }
         return result;
     }
@@ -78,7 +83,8 @@ public:
         std::vector<std::pair<PersonIndex, PersonIndex>> sorted = closing;
         std::sort(sorted.begin(), sorted.end());
         for (const auto& [parent, child] : closing)
-            tell(child, u"is an ancestor of %1 and can't be its child; that link is left out."_qs.arg(name(parent)));
+            tell(child, StoreTexts::tr("is an ancestor of %1 and can't be its child; that link is left out.")
+                            .arg(name(parent)));
         return filtered(children, [&sorted](PersonIndex parent, PersonIndex child) {
             return !std::binary_search(sorted.begin(), sorted.end(), std::pair(parent, child));
         });
@@ -110,7 +116,7 @@ private:
     }
 
     QString name(std::size_t person) const { return called(family_.persons[person]); }
-    void tell(std::size_t person, const QString& what) { repairs_ += name(person) + u' ' + what; }
+    void tell(std::size_t person, const QString& what) { tellRepair(repairs_, name(person) + u' ' + what); }
 
     const RawFamily& family_;
     QStringList& repairs_;

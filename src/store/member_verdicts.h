@@ -1,6 +1,7 @@
 #pragma once
 
 #include "object_members.h"
+#include "store_texts.h"
 
 #include <optional>
 #include <utility>
@@ -29,7 +30,7 @@ public:
     bool admit(std::size_t slot, const Member& member)
     {
         if (!isFree(slot))
-            return members_.fail(member.node, u"%1 stands there twice."_qs.arg(shown(member.name)));
+            return members_.fail(member.node, StoreTexts::tr("%1 stands there twice.").arg(shown(member.name)));
         note(slot);
         return true;
     }

@@ -1,6 +1,9 @@
 #include "membership.h"
 
+#include "repair_notes.h"
+
 #include "numbers.h"
+#include "store_texts.h"
 
 #include <numeric>
 
@@ -17,9 +20,13 @@ Outcome<std::optional<std::uint32_t>> find(Number reference, Kind kind, Number o
     const auto place = index.find(reference);
     if (place && place->kind == kind)
         return std::optional(place->index);
-    const auto reason = place ? u"which is of another type."_qs : u"which is not in the file."_qs;
-    return Failure{
-        u"object z%1: relationship “%2” refers to z%3, %4"_qs.arg(owner).arg(relationship).arg(reference).arg(reason)};
+    const auto reason =
+        place ? StoreTexts::tr("which is of another type.") : StoreTexts::tr("which is not in the file.");
+    return Failure{StoreTexts::tr("object z%1: relationship “%2” refers to z%3, %4")
+                       .arg(owner)
+                       .arg(relationship)
+                       .arg(reference)
+                       .arg(reason)};
 }
 
 /// Settles where each person belongs.
@@ -58,7 +65,8 @@ private:
             if (!home_[person])
                 home_[person] = pool;
             if (home_[person] != pool || listed_[person]) {
-                tell(person, u"was listed a second time, by pool z%1; that is left out."_qs.arg(family_.pools[pool]));
+                tell(person, StoreTexts::tr("was listed a second time, by pool z%1; that is left out.")
+                                 .arg(family_.pools[pool]));
                 continue;
             }
             listed_[person] = true;
@@ -71,13 +79,16 @@ private:
         for (std::size_t person = 0; person < home_.size(); ++person) {
             if (!home_[person] || listed_[person])
                 continue;
-            tell(person,
-                 u"was not listed by its pool z%1; the link was completed."_qs.arg(family_.pools[*home_[person]]));
+            tell(person, StoreTexts::tr("was not listed by its pool z%1; the link was completed.")
+                             .arg(family_.pools[*home_[person]]));
             members[*home_[person]].push_back(static_cast<PersonIndex>(person));
         }
     }
 
-    void tell(std::size_t person, const QString& what) { repairs_ += called(family_.persons[person]) + u' ' + what; }
+    void tell(std::size_t person, const QString& what)
+    {
+        tellRepair(repairs_, called(family_.persons[person]) + u' ' + what);
+    }
 
     const RawFamily& family_;
     QStringList& repairs_;
@@ -87,7 +98,7 @@ private:
 
 Failure pictureOfTwo(const RawPic& pic)
 {
-    return Failure{u"object z%1: the picture belongs to two persons."_qs.arg(pic.number)};
+    return Failure{StoreTexts::tr("object z%1: the picture belongs to two persons.").arg(pic.number)};
 }
 
 Outcome<std::vector<std::uint32_t>> pairPictures(const RawFamily& family, const IdIndex& index, QStringList& repairs)
@@ -113,8 +124,10 @@ Outcome<std::vector<std::uint32_t>> pairPictures(const RawFamily& family, const 
             return person.failure();
         if (person.value() == ownerOf[pic])
             continue;
-        repairs += u"Only one side of the link between picture z%1 and its person was there; it was completed."_qs.arg(
-            raw.number);
+        tellRepair(
+            repairs,
+            StoreTexts::tr("Only one side of the link between picture z%1 and its person was there; it was completed.")
+                .arg(raw.number));
         if (!person.value())
             continue;
         if (ownerOf[pic] || picOf[*person.value()] != 0)
@@ -139,8 +152,8 @@ Outcome<Membership> resolveMembership(RawFamily& family, const IdIndex& index, Q
         return pics.failure();
     if (family.pools.empty() && !family.persons.empty()) {
         if (family.nextNumber > highestNumber)
-            return Failure{u"it holds persons without a pool, and no number is left for a new one."_qs};
-        repairs += u"The file held persons without a pool; all of them were taken into a new one."_qs;
+            return Failure{StoreTexts::tr("it holds persons without a pool, and no number is left for a new one.")};
+        repairs += StoreTexts::tr("The file held persons without a pool; all of them were taken into a new one.");
         family.pools.push_back(family.nextNumber++);
         std::vector<PersonIndex> everybody(family.persons.size());
         std::iota(everybody.begin(), everybody.end(), 0U);

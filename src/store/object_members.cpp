@@ -1,6 +1,8 @@
 #include "object_members.h"
 
 #include "numbers.h"
+#include "repair_notes.h"
+#include "store_texts.h"
 
 #include <charconv>
 
@@ -31,7 +33,7 @@ std::optional<std::vector<UnknownElement>> ObjectMembers::read(MemberSink& sink)
 {
     std::vector<UnknownElement> unknown;
     if (std::string_view(object_.value()).find_first_not_of(blanks) != std::string_view::npos) {
-        fail(object_, u"text stands outside its attributes."_qs);
+        fail(object_, StoreTexts::tr("text stands outside its attributes."));
         return std::nullopt;
     }
     std::uint32_t position = 0;
@@ -50,7 +52,7 @@ std::optional<std::vector<UnknownElement>> ObjectMembers::read(MemberSink& sink)
 MemberSink::Verdict ObjectMembers::readMember(MemberSink& sink, pugi::xml_node node)
 {
     if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata) {
-        fail(node, u"text stands outside its attributes."_qs);
+        fail(node, StoreTexts::tr("text stands outside its attributes."));
         return MemberSink::Verdict::Failed;
     }
     const std::string_view kind = node.name();
@@ -60,8 +62,8 @@ MemberSink::Verdict ObjectMembers::readMember(MemberSink& sink, pugi::xml_node n
     const auto found = member(node);
     const auto verdict = isAttribute ? sink.attribute(found) : sink.relationship(found);
     if (verdict == MemberSink::Verdict::Taken && !found.stranger.empty())
-        repair(u"%1 of %2 is not known and is left out when the file is saved."_qs.arg(shown(found.stranger),
-                                                                                       shown(found.name)));
+        repair(StoreTexts::tr("%1 of %2 is not known and is left out when the file is saved.")
+                   .arg(shown(found.stranger), shown(found.name)));
     return verdict;
 }
 
@@ -88,8 +90,8 @@ Member ObjectMembers::member(pugi::xml_node node)
 
 bool ObjectMembers::hasType(const Member& member, std::string_view type)
 {
-    return member.type == type || fail(member.node, u"attribute %1 has the type %2 instead of %3."_qs.arg(
-                                                        shown(member.name), shown(member.type), shown(type)));
+    return member.type == type || fail(member.node, StoreTexts::tr("attribute %1 has the type %2 instead of %3.")
+                                                        .arg(shown(member.name), shown(member.type), shown(type)));
 }
 
 std::optional<DecodedText> ObjectMembers::decoded(const Member& member)
@@ -97,9 +99,10 @@ std::optional<DecodedText> ObjectMembers::decoded(const Member& member)
     auto result = member.node.first_child() ? decodeMixedContent(source_.content(member.node))
                                             : std::optional(decodeText(member.node.value()));
     if (!result)
-        fail(member.node, u"attribute %1 holds an element instead of a text."_qs.arg(shown(member.name)));
+        fail(member.node, StoreTexts::tr("attribute %1 holds an element instead of a text.").arg(shown(member.name)));
     else if (result->flaw == TextFlaw::BadReference)
-        fail(member.node, u"attribute %1 holds a reference (“&…;”) that means nothing."_qs.arg(shown(member.name)));
+        fail(member.node,
+             StoreTexts::tr("attribute %1 holds a reference (“&…;”) that means nothing.").arg(shown(member.name)));
     else
         return result;
     return std::nullopt;
@@ -121,7 +124,8 @@ std::optional<QString> ObjectMembers::text(const Member& member)
     if (!result)
         return std::nullopt;
     if (result->flaw == TextFlaw::Replaced)
-        repair(u"attribute %1 held characters that no text can hold; they were replaced."_qs.arg(shown(member.name)));
+        repair(StoreTexts::tr("attribute %1 held characters that no text can hold; they were replaced.")
+                   .arg(shown(member.name)));
     return std::move(result->text);
 }
 
@@ -135,8 +139,8 @@ std::optional<std::int32_t> ObjectMembers::int32(const Member& member)
     if (error == std::errc() && end == digits.data() + digits.size() && !member.node.first_child())
         return number;
     const auto reason = error == std::errc::result_out_of_range
-                            ? u"the value %1 of attribute %2 is out of range."_qs
-                            : u"the value %1 of attribute %2 is not a whole number."_qs;
+                            ? StoreTexts::tr("the value %1 of attribute %2 is out of range.")
+                            : StoreTexts::tr("the value %1 of attribute %2 is not a whole number.");
     fail(member.node, reason.arg(shown(digits), shown(member.name)));
     return std::nullopt;
 }
@@ -152,7 +156,7 @@ std::optional<QByteArray> ObjectMembers::binary(const Member& member)
     const bool isWhole = encoded->size() % 4 == 0;
     auto result = QByteArray::fromBase64Encoding(std::move(*encoded), QByteArray::AbortOnBase64DecodingErrors);
     if (!isWhole || !result) {
-        fail(member.node, u"attribute %1 is not valid base64."_qs.arg(shown(member.name)));
+        fail(member.node, StoreTexts::tr("attribute %1 is not valid base64.").arg(shown(member.name)));
         return std::nullopt;
     }
     return result.decoded.isNull() ? QByteArray("") : std::move(result.decoded);
@@ -161,13 +165,13 @@ std::optional<QByteArray> ObjectMembers::binary(const Member& member)
 bool ObjectMembers::references(const Member& member, std::string_view entity, Lists<Number>& list)
 {
     if (member.destination != entity)
-        return fail(member.node, u"relationship %1 has the destination %2 instead of %3."_qs.arg(
-                                     shown(member.name), shown(member.destination), shown(entity)));
+        return fail(member.node, StoreTexts::tr("relationship %1 has the destination %2 instead of %3.")
+                                     .arg(shown(member.name), shown(member.destination), shown(entity)));
     return everyWord(member.references, [&](std::string_view word) {
         const auto number = parseObjectId(word);
         if (!number)
-            return fail(member.node, u"relationship %1 refers to %2, which is no object id."_qs.arg(shown(member.name),
-                                                                                                    shown(word)));
+            return fail(member.node, StoreTexts::tr("relationship %1 refers to %2, which is no object id.")
+                                         .arg(shown(member.name), shown(word)));
         list.add(*number);
         return true;
     });
@@ -180,7 +184,7 @@ std::optional<Number> ObjectMembers::reference(const Member& member, std::string
         return std::nullopt;
     list.close();
     if (list.total() > 1) {
-        fail(member.node, u"relationship %1 refers to more than one object."_qs.arg(shown(member.name)));
+        fail(member.node, StoreTexts::tr("relationship %1 refers to more than one object.").arg(shown(member.name)));
         return std::nullopt;
     }
     return list.total() == 0 ? 0 : list[0].front();
@@ -189,13 +193,13 @@ std::optional<Number> ObjectMembers::reference(const Member& member, std::string
 bool ObjectMembers::fail(pugi::xml_node node, const QString& reason)
 {
     const auto place = node.type() == pugi::node_element ? node : object_;
-    failure_ = u"line %1, object %2: %3"_qs.arg(source_.line(place)).arg(shown(id_), reason);
+    failure_ = StoreTexts::tr("line %1, object %2: %3").arg(source_.line(place)).arg(shown(id_), reason);
     return false;
 }
 
 void ObjectMembers::repair(const QString& what)
 {
-    repairs_ += u"Object %1: %2"_qs.arg(shown(id_), what);
+    tellRepair(repairs_, StoreTexts::tr("Object %1: %2").arg(shown(id_), what));
 }
 
 } // namespace lineara::store

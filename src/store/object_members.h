@@ -55,6 +55,9 @@ public:
     /// Hands every member to the sink; comes back with the unknown ones, or with no value after a failure.
     std::optional<std::vector<UnknownElement>> read(MemberSink& sink);
 
+    /// What the element says of itself.
+    static Member member(pugi::xml_node node);
+
     /// The values of members. No value after a failure.
     std::optional<QString> text(const Member& member);
     std::optional<std::int32_t> int32(const Member& member);
@@ -70,7 +73,6 @@ public:
 
 private:
     MemberSink::Verdict readMember(MemberSink& sink, pugi::xml_node node);
-    static Member member(pugi::xml_node node);
     bool hasType(const Member& member, std::string_view type);
     std::optional<DecodedText> decoded(const Member& member);
     std::optional<QByteArray> bytes(const Member& member);

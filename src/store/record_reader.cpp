@@ -3,6 +3,7 @@
 #include "field_names.h"
 #include "numbers.h"
 #include "person_sink.h"
+#include "store_texts.h"
 
 namespace lineara::store {
 
@@ -91,14 +92,14 @@ bool RecordReader::readAnyObject(pugi::xml_node object, std::uint32_t position)
     members_.enter(object, id);
     const auto number = parseObjectId(id);
     if (!number)
-        return members_.fail(object, u"%1 is no object id."_qs.arg(shown(id)));
+        return members_.fail(object, StoreTexts::tr("%1 is no object id.").arg(shown(id)));
     if (type != personEntity && type != poolEntity && type != picEntity) {
         family_.unknownObjects.push_back({position, fragment_.verbatim(object)});
         family_.unknownNumbers.push_back(*number);
         return true;
     }
     if (!stranger.empty())
-        members_.repair(u"%1 is not known and is left out when the file is saved."_qs.arg(shown(stranger)));
+        members_.repair(StoreTexts::tr("%1 is not known and is left out when the file is saved.").arg(shown(stranger)));
     return type == personEntity ? readPerson(*number) : type == poolEntity ? readPool(*number) : readPic(*number);
 }
 

@@ -2,6 +2,7 @@
 
 #include "markup_scan.h"
 #include "object_members.h"
+#include "store_texts.h"
 
 #include <algorithm>
 #include <string>
@@ -23,13 +24,29 @@ Outcome<Done> checkBeginning(std::string_view text)
 {
     constexpr std::size_t wellIntoTheFile = 4096;
     if (text.empty())
-        return Failure{u"it is empty."_qs};
+        return Failure{StoreTexts::tr("it is empty.")};
     if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
-        return Failure{u"line 1: it is not encoded in UTF-8."_qs};
+        return Failure{StoreTexts::tr("line 1: it is not encoded in UTF-8.")};
     const auto beginning = text.substr(0, wellIntoTheFile);
     if (const auto zero = beginning.find('\0'); zero != std::string_view::npos)
-        return Failure{u"line %1: it holds zero bytes, so it is no text."_qs.arg(lineAt(text, zero))};
+        return Failure{StoreTexts::tr("line %1: it holds zero bytes, so it is no text.").arg(lineAt(text, zero))};
     return Done{};
+}
+
+/// Whether the tree of this stretch would outgrow the text by far. Ordinary stretches are too short for that, and
+/// pictures, which may be long, have neither elements nor attributes within.
+bool holdsTooManyParts(std::string_view stretch)
+{
+    constexpr std::size_t harmless = std::size_t{16} << 20;
+    constexpr std::ptrdiff_t mostParts = 2'000'000;
+    if (stretch.size() <= harmless)
+        return false;
+    std::ptrdiff_t parts = std::count(stretch.begin(), stretch.end(), '<');
+    for (auto at = stretch.find("=\""); at != std::string_view::npos; at = stretch.find("=\"", at + 2))
+        ++parts;
+    for (auto at = stretch.find("='"); at != std::string_view::npos; at = stretch.find("='", at + 2))
+        ++parts;
+    return parts > mostParts;
 }
 
 } // namespace
@@ -55,14 +72,14 @@ Outcome<Done> XmlFile::readProlog()
         at = std::min(text_.find_first_not_of(blanks, at), text_.size());
         const auto rest = text_.substr(at);
         if (!rest.starts_with('<'))
-            return Failure{u"line %1: it is not an XML file."_qs.arg(lineAt(text_, at))};
+            return Failure{StoreTexts::tr("line %1: it is not an XML file.").arg(lineAt(text_, at))};
         if (rest.starts_with("<?") || rest.starts_with("<!--")) {
             at = markupEnd(text_, at);
             continue;
         }
         if (rest.starts_with("<!"))
-            return Failure{
-                u"line %1: it declares a document type, which a family file never does."_qs.arg(lineAt(text_, at))};
+            return Failure{StoreTexts::tr("line %1: it declares a document type, which a family file never does.")
+                               .arg(lineAt(text_, at))};
         rootBegin_ = at;
         break;
     }
@@ -73,14 +90,14 @@ Outcome<Done> XmlFile::readProlog()
         prolog.top().find_child([](pugi::xml_node node) { return node.type() == pugi::node_declaration; });
     const std::string_view encoding = declaration.attribute("encoding").value();
     if (!isUtf8Name(encoding))
-        return Failure{
-            u"line 1: it declares the encoding %1; a family file is written in UTF-8."_qs.arg(shown(encoding))};
+        return Failure{StoreTexts::tr("line 1: it declares the encoding %1; a family file is written in UTF-8.")
+                           .arg(shown(encoding))};
     return checkAround(prolog);
 }
 
 Outcome<Done> XmlFile::readRootTag(std::string_view rootName)
 {
-    at_ = markupEnd(text_, rootBegin_);
+    at_ = rootTagEnd_ = markupEnd(text_, rootBegin_);
     // The start tag becomes a whole element, so that the parser can judge it.
     const auto tag = text_.substr(rootBegin_, at_ - rootBegin_);
     const bool isEmpty = tag.ends_with("/>");
@@ -88,10 +105,11 @@ Outcome<Done> XmlFile::readRootTag(std::string_view rootName)
     const auto element = std::string(tag) + (isEmpty ? std::string() : "</" + std::string(name) + '>');
     XmlFragment root{element};
     if (!root.parse(0, element.size()))
-        return Failure{u"line %1: it is cut off or not well-formed XML."_qs.arg(rootLine())};
+        return Failure{StoreTexts::tr("line %1: it is cut off or not well-formed XML.").arg(rootLine())};
     if (name != rootName)
-        return Failure{
-            u"line %1: its root element is %2 instead of %3."_qs.arg(rootLine()).arg(shown(name), shown(rootName))};
+        return Failure{StoreTexts::tr("line %1: its root element is %2 instead of %3.")
+                           .arg(rootLine())
+                           .arg(shown(name), shown(rootName))};
     hasContentAroundRoot_ = hasContentAroundRoot_ || root.top().first_child().first_attribute();
     if (isEmpty)
         end_ = at_;
@@ -107,8 +125,8 @@ Outcome<Done> XmlFile::readEpilog(std::string_view rootName)
         const auto close =
             text_.find_first_not_of(blanks, std::min(end_, text_.size() - endTag.size()) + endTag.size());
         if (end_ == std::string_view::npos || end_ < at_ || close == std::string_view::npos || text_[close] != '>')
-            return Failure{
-                u"line %1: it is cut off; the end of the family is missing."_qs.arg(lineAt(text_, text_.size()))};
+            return Failure{StoreTexts::tr("line %1: it is cut off; the end of the family is missing.")
+                               .arg(lineAt(text_, text_.size()))};
         epilogBegin = close + 1;
     }
     XmlFragment epilog(text_);
@@ -128,9 +146,10 @@ Outcome<Done> XmlFile::checkAround(const XmlFragment& fragment)
             hasContentAroundRoot_ = true;
             break;
         case pugi::node_element:
-            return Failure{u"line %1: a second root element follows the first."_qs.arg(fragment.line(node))};
+            return Failure{
+                StoreTexts::tr("line %1: a second root element follows the first.").arg(fragment.line(node))};
         default:
-            return Failure{u"line %1: text follows the end of the family."_qs.arg(fragment.line(node))};
+            return Failure{StoreTexts::tr("line %1: text follows the end of the family.").arg(fragment.line(node))};
         }
     }
     return Done{};
@@ -146,6 +165,9 @@ Outcome<bool> XmlFile::next(XmlFragment& fragment)
     for (auto size = stretchSize;; size *= 2) {
         const auto candidate = end_ - at_ <= size ? std::string_view::npos : text_.find(objectEnd, at_ + size);
         const auto end = candidate < end_ ? candidate + objectEnd.size() : end_;
+        if (holdsTooManyParts(text_.substr(at_, end - at_)))
+            return Failure{StoreTexts::tr("from line %1 on: one object holds more parts than any person has.")
+                               .arg(lineAt(text_, at_))};
         const bool isWellFormed = fragment.parse(at_, end);
         if (!isWellFormed && end == end_)
             return fragment.failure();

@@ -25,6 +25,13 @@ public:
     /// The first line of the root element.
     qsizetype rootLine() const { return lineAt(text_, rootBegin_); }
 
+    /// Everything up to and with the start tag of the root, and its end tag with everything after it.
+    std::string_view beginning() const { return text_.substr(0, rootTagEnd_); }
+    std::string_view ending() const { return text_.substr(end_); }
+
+    /// How much of the text was handed out, from 0 to 1.
+    double partRead() const { return static_cast<double>(at_) / static_cast<double>(text_.size()); }
+
     /// Parses the next children of the root into the fragment. False after the last ones.
     Outcome<bool> next(XmlFragment& fragment);
 
@@ -38,6 +45,7 @@ private:
 
     std::string_view text_;
     std::size_t rootBegin_ = 0;
+    std::size_t rootTagEnd_ = 0;
     std::size_t at_ = 0;  ///< where the next stretch begins
     std::size_t end_ = 0; ///< where the end tag of the root begins
     bool hasContentAroundRoot_ = false;

@@ -1,6 +1,7 @@
 #include "xml_fragment.h"
 
 #include "markup_scan.h"
+#include "store_texts.h"
 
 #include <QString>
 #include <QUtf8StringView>
@@ -73,10 +74,11 @@ bool XmlFragment::parse(std::size_t begin, std::size_t end)
     if (result)
         return true;
     if (result.status == pugi::status_out_of_memory) {
-        failure_ = {u"it needs more memory than there is."_qs};
+        failure_ = {StoreTexts::tr("it needs more memory than there is.")};
     } else {
         const auto place = begin + static_cast<std::size_t>(std::max<std::ptrdiff_t>(0, result.offset));
-        failure_ = {u"line %1: it is not well-formed XML (%2)."_qs.arg(lineAt(file_, place))
+        failure_ = {StoreTexts::tr("line %1: it is not well-formed XML (%2).")
+                        .arg(lineAt(file_, place))
                         .arg(QString::fromLatin1(result.description()).toLower())};
     }
     return false;
@@ -86,12 +88,13 @@ bool XmlFragment::isText()
 {
     const std::string_view stretch(parsed_.constData(), static_cast<std::size_t>(parsed_.size()));
     if (const auto zero = stretch.find('\0'); zero != std::string_view::npos) {
-        failure_ = {u"line %1: it holds zero bytes, so it is no text."_qs.arg(lineAt(file_, begin_ + zero))};
+        failure_ = {
+            StoreTexts::tr("line %1: it holds zero bytes, so it is no text.").arg(lineAt(file_, begin_ + zero))};
         return false;
     }
     if (!QUtf8StringView(stretch.data(), parsed_.size()).isValidUtf8()) {
         const auto place = begin_ + firstInvalidByte(stretch);
-        failure_ = {u"line %1: it is not encoded in UTF-8."_qs.arg(lineAt(file_, place))};
+        failure_ = {StoreTexts::tr("line %1: it is not encoded in UTF-8.").arg(lineAt(file_, place))};
         return false;
     }
     return true;

@@ -1,17 +1,15 @@
 #pragma once
 
+#include "store/atomic_file.h"
+
 #include <QStringView>
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string_view>
 
 namespace lineara::store {
-
-/// Takes bytes; false if it refuses them. Nothing is handed over after a refusal.
-using ByteSink = std::function<bool(std::string_view)>;
 
 /// Collects XML text in a buffer and hands it to the sink in large pieces.
 class XmlWriter

@@ -15,9 +15,9 @@ TEST(Reading, EveryAttributeArrivesWithItsValue)
                                     attribute("birthDay", "int32", "10") + attribute("birthMonth", "int32", "12") +
                                     attribute("birthYear", "int32", "1815") + attribute("deathDay", "int32", "27") +
                                     attribute("deathMonth", "int32", "11") + attribute("deathYear", "int32", "1852") +
-                                    attribute("generation", "int32", "3") + attribute("x", "int32", "-2147483648"))));
+                                    attribute("generation", "int32", "3") + attribute("x", "int32", "-1000000000"))));
     EXPECT_THAT(family.repairs, IsEmpty());
-    const PersonValues expected{u"Ada"_qs, u"notes"_qs, 10, 12, 1815, 27, 11, 1852, 3, -2147483647 - 1};
+    const PersonValues expected{u"Ada"_qs, u"notes"_qs, 10, 12, 1815, 27, 11, 1852, 3, -1'000'000'000};
     EXPECT_EQ(personOf(family, 102).values(), expected);
 }
 

@@ -285,17 +285,61 @@ TEST(Refusal, EndlessDevice)
     EXPECT_THAT(fileRefusal(u"/dev/zero"_qs), HasSubstr("not an ordinary file"));
 }
 
-TEST(Refusal, TwoGigabytesOfNothing)
+TEST(Refusal, AGigabyteOfNothing)
 {
     const QTemporaryDir folder;
     for (const QByteArray& beginning : {QByteArray(), smallFamily()}) {
         QFile file(folder.filePath(u"nothing"_qs));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(beginning);
-        ASSERT_TRUE(file.resize(2LL << 30));
+        ASSERT_TRUE(file.resize(1LL << 30));
         file.close();
         const HangGuard guard;
         EXPECT_THAT(fileRefusal(file.fileName()), HasSubstr("zero bytes"));
+    }
+}
+
+TEST(Refusal, MoreThanAFamilyFileCanHold)
+{
+    const QTemporaryDir folder;
+    for (const qint64 size : {(2LL << 30) + 1, 1LL << 40}) {
+        QFile file(folder.filePath(u"huge"_qs));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(file.resize(size));
+        file.close();
+        const HangGuard guard;
+        EXPECT_THAT(fileRefusal(file.fileName()), HasSubstr("more than 2 GB"));
+    }
+}
+
+TEST(Refusal, MorePartsThanAnyPersonHas)
+{
+    for (const QByteArray& part : {QByteArray("<a> </a>"), QByteArray("<a b=\"c\"/>"), QByteArray("<a b='c'/>")})
+        EXPECT_THAT(refusal(fileWith(person("z102", part.repeated(2'200'000)))), says("from line 2 on", "more parts"));
+    EXPECT_THAT(refusal(fileWith(person("z102", "<a" + QByteArray(" b=\"12345\"").repeated(2'200'000) + "/>"))),
+                says("more parts"));
+}
+
+TEST(Refusal, DocumentThatUnfoldsWithoutEnd)
+{
+    QByteArray entities = "<!ENTITY a0 \"ha\">";
+    for (int i = 1; i < 20; ++i) {
+        const auto inner = "&a" + QByteArray::number(i - 1) + ';';
+        entities += "<!ENTITY a" + QByteArray::number(i) + " \"" + inner.repeated(10) + "\">";
+    }
+    const HangGuard guard;
+    EXPECT_THAT(refusal("<!DOCTYPE database [" + entities + "]>\n" +
+                        fileWith(person("z102", attribute("name", "string", "&a19;")))),
+                says("document type"));
+    EXPECT_THAT(refusal(fileWith(person("z102", attribute("name", "string", "&a19;")))), says("means nothing"));
+}
+
+TEST(Refusal, PathsInPlaceOfIds)
+{
+    for (const char* id : {"../../etc/passwd", "z1/../..", "z1/../../x", "/z1", "z1\\..", "z1%2F..", "file:z1"}) {
+        EXPECT_THAT(refusal(fileWith(person(id))), says("no object id", id));
+        EXPECT_THAT(refusal(fileWith(person("z102", links("partners", id)))), says("no object id", id));
+        EXPECT_THAT(refusal(fileWith(person("z102", links("pic", id, "PIC", "0/1")))), says("no object id", id));
     }
 }
 

@@ -1,4 +1,5 @@
 #include "family_texts.h"
+#include "hang_guard.h"
 
 namespace lineara::test {
 
@@ -124,6 +125,46 @@ TEST(Repair, ManyCyclesTakeNoLongerThanTheyAreMany)
     }
     const auto family = loaded(fileWith(pool(everybody) + persons, "99999"));
     EXPECT_THAT(family.repairs, SizeIs(count));
+}
+
+TEST(Repair, PlacesBeyondAllMeasure)
+{
+    const auto family = mendedFamily(
+        fileWith(pool("z102 z103 z104") +
+                 person("z102", attribute("name", "string", "Ada") + attribute("x", "int32", "2147483647") + inPool()) +
+                 person("z103", attribute("x", "int32", "-1000000001") + inPool()) +
+                 person("z104", attribute("generation", "int32", "1000000") + attribute("x", "int32", "1000000000") +
+                                    inPool())));
+    EXPECT_THAT(repairsOf(family), ElementsAre(testing::AllOf(HasSubstr("“x” of 2 persons"), HasSubstr("“Ada” (z102)"),
+                                                              HasSubstr("2147483647"))));
+    EXPECT_EQ(personOf(family, 102).x(), std::nullopt);
+    EXPECT_EQ(personOf(family, 103).x(), std::nullopt);
+    EXPECT_EQ(personOf(family, 104).x(), 1'000'000'000);
+    EXPECT_EQ(personOf(family, 104).generation(), 1'000'000);
+}
+
+TEST(Repair, GenerationsBeyondAllMeasure)
+{
+    for (const char* generation : {"2147483647", "-2147483648", "1000001"}) {
+        const auto family = mendedFamily(
+            fileWith(pool("z102") + person("z102", attribute("generation", "int32", generation) + inPool())));
+        EXPECT_THAT(repairsOf(family), ElementsAre(testing::AllOf(HasSubstr("“generation”"), HasSubstr(generation))));
+        const HangGuard guard;
+        family.context->allPools().front()->rebuildLists();
+        EXPECT_LE(family.context->allPools().front()->generations().size(), 1U);
+    }
+}
+
+TEST(Repair, SentencesAreBoundedInLengthAndNumber)
+{
+    // A name of a million characters that every sentence quotes would make terabytes of them.
+    const auto family = loaded(
+        fileWith(pool("z102") + person("z102", attribute("name", "string", QByteArray(1'000'000, 'A')) + inPool() +
+                                                   links("partners", QByteArray("z102 ").repeated(200'000)))));
+    EXPECT_THAT(family.repairs, SizeIs(100'001));
+    EXPECT_LT(family.repairs.front().size(), 200);
+    EXPECT_THAT(family.repairs.back().toStdString(), HasSubstr("the list ends here"));
+    EXPECT_EQ(personOf(family, 102).name()->size(), 1'000'000);
 }
 
 TEST(Repair, NextObjectNumberInUse)

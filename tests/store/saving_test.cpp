@@ -1,95 +1,11 @@
-#include "atomic_file.h"
-#include "family_texts.h"
+#include "saved_files.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
-
-#include <array>
-#include <cerrno>
-#include <csignal>
-#include <functional>
-
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace lineara::test {
 
 using testing::AllOf;
 using testing::HasSubstr;
-
-namespace {
-
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
-
-void put(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
-
-mode_t modeOf(const QString& path)
-{
-    struct stat status = {};
-    return ::stat(qPrintable(path), &status) == 0 ? status.st_mode & 07777 : 0;
-}
-
-std::string problem(const Outcome<Done>& outcome)
-{
-    return outcome.failed() ? outcome.failure().message.toStdString() : std::string();
-}
-
-/// What the function answers when it is not the superuser that asks, whom no permission stops.
-std::string asOrdinaryUser(const std::function<std::string()>& ask)
-{
-    constexpr uid_t nobody = 65534;
-    std::array<int, 2> ends{};
-    EXPECT_EQ(::pipe(ends.data()), 0);
-    const pid_t child = ::fork();
-    if (child == 0) {
-        const bool isOrdinary = ::geteuid() != 0 || ::setuid(nobody) == 0;
-        const auto answer = isOrdinary ? ask() : "still the superuser";
-        const bool told = ::write(ends[1], answer.data(), answer.size()) >= 0;
-        ::_exit(told ? 0 : 1);
-    }
-    ::close(ends[1]);
-    std::array<char, 1000> answer{};
-    const auto size = ::read(ends[0], answer.data(), answer.size());
-    ::close(ends[0]);
-    int status = 0;
-    EXPECT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
-    return {answer.data(), static_cast<std::size_t>(std::max<ssize_t>(0, size))};
-}
-
-/// A folder for one test, and a family to save into it.
-class Saving : public testing::Test
-{
-protected:
-    QString path(const QString& name) const { return folder_.filePath(name); }
-    const ObjectContext& family() const { return *family_.context; }
-    QStringList filesInFolder() const { return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden); }
-
-    Outcome<Done> saveWith(const store::FileCalls& calls, const QString& name) const
-    {
-        return store::replaceFile(
-            path(name), [](const store::ByteSink& sink) { return sink("new ") && sink("text"); }, calls);
-    }
-
-private:
-    QTemporaryDir folder_;
-    LoadedFamily family_ = loaded(smallFamily());
-};
-
-} // namespace
 
 TEST_F(Saving, NewFileHoldsTheText)
 {
@@ -189,7 +105,7 @@ TEST_F(Saving, ReadOnlyFileIsNotReplacedBehindItsBack)
     ASSERT_EQ(::chmod(qPrintable(path(u"."_qs)), 0777), 0);
     ASSERT_EQ(::chmod(qPrintable(file), 0444), 0);
     EXPECT_THAT(asOrdinaryUser([&] { return problem(saveFamilyFile(family(), file)); }),
-                HasSubstr("permission is denied"));
+                HasSubstr("permission to write to the file is denied"));
     EXPECT_EQ(contents(file), "old");
 }
 
@@ -200,7 +116,7 @@ TEST_F(Saving, FolderThatMayNotBeWrittenTo)
     ASSERT_EQ(::chmod(qPrintable(file), 0666), 0);
     ASSERT_EQ(::chmod(qPrintable(path(u"."_qs)), 0555), 0);
     EXPECT_THAT(asOrdinaryUser([&] { return problem(saveFamilyFile(family(), file)); }),
-                HasSubstr("permission is denied"));
+                HasSubstr("permission to write to its folder is denied"));
     ASSERT_EQ(::chmod(qPrintable(path(u"."_qs)), 0755), 0);
     EXPECT_EQ(contents(file), "old");
 }
@@ -293,23 +209,6 @@ TEST_F(Saving, InterruptedAndPartialWritesGoOn)
     };
     EXPECT_EQ(problem(saveWith(calls, u"a"_qs)), "");
     EXPECT_EQ(contents(path(u"a"_qs)), "new text");
-}
-
-TEST_F(Saving, LimitOfTheSystemLeavesTheOldFile)
-{
-    put(path(u"a"_qs), "old");
-    struct rlimit before = {};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    struct rlimit small = before;
-    small.rlim_cur = 100;
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    const auto outcome = saveFamilyFile(family(), path(u"a"_qs));
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
-    std::signal(SIGXFSZ, oldHandler);
-    EXPECT_THAT(problem(outcome), HasSubstr("too large"));
-    EXPECT_EQ(contents(path(u"a"_qs)), "old");
-    EXPECT_EQ(filesInFolder(), QStringList{u"a"_qs});
 }
 
 } // namespace lineara::test
