@@ -3,6 +3,7 @@
 #include "gedcom_line.h"
 #include "import_failure.h"
 #include "import_notes.h"
+#include "import_texts.h"
 
 #include <QStringBuilder>
 
@@ -61,8 +62,8 @@ bool isUtf8Name(std::string_view charset)
 Failure unreadableCharset(const QString& name, const QString& charset)
 {
     return importFailure(name,
-                         QStringLiteral("it is written in the character set %1, which can't be read yet; save it as "
-                                        "UTF-8 and import it again.")
+                         ImportTexts::tr("it is written in the character set %1, which can't be read yet; save it as "
+                                         "UTF-8 and import it again.")
                              .arg(charset));
 }
 
@@ -73,8 +74,8 @@ Failure notUtf8(std::string_view text, const QString& name)
         return notGedcom(name);
     if (header.charset.empty() || isUtf8Name(header.charset))
         return importFailure(name,
-                             QStringLiteral("it is said to be in UTF-8, but is not; save it as UTF-8 and import it "
-                                            "again."));
+                             ImportTexts::tr("it is said to be in UTF-8, but is not; save it as UTF-8 and import it "
+                                             "again."));
     return unreadableCharset(name, inQuotes(header.charset));
 }
 
@@ -86,7 +87,7 @@ Outcome<std::string_view> gedcomText(const QByteArray& bytes, const QString& nam
     if (text.starts_with(utf8Mark))
         text.remove_prefix(utf8Mark.size());
     if (text.empty())
-        return importFailure(name, QStringLiteral("the file is empty."));
+        return importFailure(name, ImportTexts::tr("the file is empty."));
     if (isUtf16(text))
         return unreadableCharset(name, QStringLiteral("\"UTF-16\""));
     if (isAscii(text))
@@ -95,7 +96,7 @@ Outcome<std::string_view> gedcomText(const QByteArray& bytes, const QString& nam
         return notUtf8(text, name);
     const auto charset = headerOf(text).charset;
     if (!charset.empty() && !isUtf8Name(charset))
-        notes.aboutFile(QStringLiteral("The file declares the character set %1, but is in UTF-8 and was read so.")
+        notes.aboutFile(ImportTexts::tr("The file declares the character set %1, but is in UTF-8 and was read so.")
                             .arg(inQuotes(charset)));
     return text;
 }

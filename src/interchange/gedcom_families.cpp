@@ -2,9 +2,8 @@
 
 #include "gedcom_persons.h"
 #include "gedcom_pointer.h"
+#include "import_texts.h"
 #include "node_ledger.h"
-
-#include <QStringBuilder>
 
 #include <algorithm>
 #include <utility>
@@ -58,13 +57,15 @@ void dropRepeated(std::vector<Wish>& wishes, PairOf pairOf)
 class FamilyReader
 {
 public:
-    FamilyReader(const GedcomTree& tree, const GedcomPersons& persons, NodeLedger& ledger)
-        : tree_(tree), persons_(persons), ledger_(ledger)
+    FamilyReader(const GedcomTree& tree, const GedcomPersons& persons, NodeLedger& ledger, const Progress& progress)
+        : tree_(tree), persons_(persons), ledger_(ledger), progress_(progress)
     {}
 
     FamilyWishes read()
     {
         for (const NodeIndex record : tree_.records()) {
+            if (!progress_.goesOn(wishes_.families, record, 2 * std::size_t{tree_.size()}))
+                break;
             if (tree_[record].line.tag == "FAM")
                 readFamily(record);
         }
@@ -72,8 +73,11 @@ public:
         dropRepeated(wishes_.offspring, [](const auto& wish) { return std::pair{wish.parent, wish.child}; });
         spousesOf_.finish();
         childrenOf_.finish();
-        for (PersonIndex person = 0; person < persons_.size(); ++person)
+        for (PersonIndex person = 0; person < persons_.size(); ++person) {
+            if (!progress_.goesOn(person, persons_.size() + person, 2 * std::size_t{persons_.size()}))
+                break;
             checkClaims(person);
+        }
         return std::move(wishes_);
     }
 
@@ -105,11 +109,12 @@ private:
         if (!person)
             return;
         if (std::find(spouses.begin(), spouses.end(), *person) != spouses.end()) {
-            ledger_.refuse(line, persons_.label(*person) % u" can't be a partner of the same person");
+            ledger_.refuse(line,
+                           ImportTexts::tr("%1 can't be a partner of the same person").arg(persons_.label(*person)));
             return;
         }
         if (spouses.size() == mostSpouses) {
-            ledger_.reject(line, QStringLiteral("one family can have %1 spouses at most").arg(mostSpouses));
+            ledger_.reject(line, ImportTexts::tr("one family can have %1 spouses at most").arg(mostSpouses));
             return;
         }
         ledger_.take(line);
@@ -126,7 +131,7 @@ private:
             return;
         childrenOf_.add(family, *person);
         if (spouses.empty()) {
-            ledger_.reject(line, QStringLiteral("the family names no parent for ") % persons_.label(*person));
+            ledger_.reject(line, ImportTexts::tr("the family names no parent for %1").arg(persons_.label(*person)));
             return;
         }
         ledger_.take(line);
@@ -138,9 +143,9 @@ private:
     {
         for (const NodeIndex line : tree_.children(persons_.record(person))) {
             if (tree_[line].line.tag == "FAMS")
-                checkClaim(person, line, spousesOf_, QStringLiteral("spouse"));
+                checkClaim(person, line, spousesOf_, ImportTexts::tr("spouse"));
             else if (tree_[line].line.tag == "FAMC")
-                checkClaim(person, line, childrenOf_, QStringLiteral("child"));
+                checkClaim(person, line, childrenOf_, ImportTexts::tr("child"));
         }
     }
 
@@ -152,7 +157,7 @@ private:
         if (members.contains(*family, person))
             ledger_.take(line);
         else
-            ledger_.reject(line, QStringLiteral("the family of line %1 does not name %2 as a %3")
+            ledger_.reject(line, ImportTexts::tr("the family of line %1 does not name %2 as a %3")
                                      .arg(tree_[*family].line.number)
                                      .arg(persons_.label(person), role));
     }
@@ -160,6 +165,7 @@ private:
     const GedcomTree& tree_;
     const GedcomPersons& persons_;
     NodeLedger& ledger_;
+    const Progress& progress_;
     FamilyWishes wishes_;
     Membership spousesOf_;
     Membership childrenOf_;
@@ -167,9 +173,10 @@ private:
 
 } // namespace
 
-FamilyWishes readFamilies(const GedcomTree& tree, const GedcomPersons& persons, NodeLedger& ledger)
+FamilyWishes readFamilies(const GedcomTree& tree, const GedcomPersons& persons, NodeLedger& ledger,
+                          const Progress& progress)
 {
-    return FamilyReader(tree, persons, ledger).read();
+    return FamilyReader(tree, persons, ledger, progress).read();
 }
 
 } // namespace lineara

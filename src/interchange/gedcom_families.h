@@ -33,6 +33,8 @@ struct FamilyWishes
 };
 
 /// What a family record names decides. What a person claims about families beyond that is told.
-FamilyWishes readFamilies(const GedcomTree& tree, const GedcomPersons& persons, NodeLedger& ledger);
+/// Unfinished if the progress is stopped meanwhile.
+FamilyWishes readFamilies(const GedcomTree& tree, const GedcomPersons& persons, NodeLedger& ledger,
+                          const Progress& progress);
 
 } // namespace lineara

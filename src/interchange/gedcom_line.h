@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -39,6 +40,9 @@ public:
 
     /// The next line that is not blank, or no value at the end.
     std::optional<GedcomLine> next();
+
+    /// Bytes that were not looked at yet.
+    std::size_t bytesLeft() const { return rest_.size(); }
 
 private:
     std::string_view takePhysicalLine();

@@ -1,6 +1,7 @@
 #include "gedcom_notes.h"
 
 #include "gedcom_pointer.h"
+#include "import_texts.h"
 #include "node_ledger.h"
 
 namespace lineara {
@@ -16,7 +17,7 @@ QString SharedNotes::read(NodeIndex line)
         known->second = ledger_.writable(*record, tree_.text(*record));
     }
     if (known->second.size() > mostCharacters - handedOut_) {
-        ledger_.reject(line, QStringLiteral("the notes that persons of this file share are too long in all"));
+        ledger_.reject(line, ImportTexts::tr("the notes that persons of this file share are too long in all"));
         return {};
     }
     handedOut_ += known->second.size();

@@ -3,6 +3,7 @@
 #include "gedcom_date.h"
 #include "gedcom_name.h"
 #include "gedcom_notes.h"
+#include "import_texts.h"
 #include "node_ledger.h"
 
 #include <QStringBuilder>
@@ -20,11 +21,11 @@ QString inWords(const GedcomDate& date)
 {
     QStringList words;
     if (date.day)
-        words << QStringLiteral("day %1").arg(*date.day);
+        words << ImportTexts::tr("day %1").arg(*date.day);
     if (date.month)
-        words << QStringLiteral("month %1").arg(*date.month);
+        words << ImportTexts::tr("month %1").arg(*date.month);
     if (date.year)
-        words << QStringLiteral("year %1").arg(*date.year);
+        words << ImportTexts::tr("year %1").arg(*date.year);
     return words.join(u", ");
 }
 
@@ -49,9 +50,9 @@ public:
             if (tag == "NAME")
                 readName(line);
             else if (tag == "BIRT")
-                readEvent(line, birth_, QStringLiteral("only one birth is kept"));
+                readEvent(line, birth_, ImportTexts::tr("only one birth is kept"));
             else if (tag == "DEAT")
-                readEvent(line, death_, QStringLiteral("only one death is kept"));
+                readEvent(line, death_, ImportTexts::tr("only one death is kept"));
             else if (tag == "NOTE" || tag == "SNOTE")
                 readNote(line);
         }
@@ -73,14 +74,14 @@ private:
     void readName(NodeIndex line)
     {
         if (values_.name) {
-            ledger_.reject(line, QStringLiteral("only one name is kept"));
+            ledger_.reject(line, ImportTexts::tr("only one name is kept"));
             return;
         }
         QString name = plainName(tree_.text(line));
         if (name.isEmpty())
             name = nameFromPieces(line);
         if (name.isEmpty()) {
-            ledger_.reject(line, QStringLiteral("it is empty"));
+            ledger_.reject(line, ImportTexts::tr("it is empty"));
             return;
         }
         ledger_.takeText(line);
@@ -130,13 +131,13 @@ private:
             break;
         case DateReading::Part:
             ledger_.takeText(line);
-            ledger_.remark(line, u"was taken as " % inWords(date));
+            ledger_.remark(line, ImportTexts::tr("was taken as %1").arg(inWords(date)));
             break;
         case DateReading::OtherCalendar:
-            ledger_.reject(line, QStringLiteral("it is counted in another calendar"));
+            ledger_.reject(line, ImportTexts::tr("it is counted in another calendar"));
             break;
         case DateReading::Nothing:
-            ledger_.reject(line, QStringLiteral("it is not understood as a date"));
+            ledger_.reject(line, ImportTexts::tr("it is not understood as a date"));
             break;
         }
     }
@@ -165,7 +166,7 @@ private:
 
 } // namespace
 
-GedcomPersons GedcomPersons::read(const GedcomTree& tree, NodeLedger& ledger)
+GedcomPersons GedcomPersons::read(const GedcomTree& tree, NodeLedger& ledger, const Progress& progress)
 {
     GedcomPersons persons;
     SharedNotes sharedNotes(tree, ledger);
@@ -173,9 +174,11 @@ GedcomPersons GedcomPersons::read(const GedcomTree& tree, NodeLedger& ledger)
         const GedcomLine& line = tree[record].line;
         if (line.tag != "INDI")
             continue;
+        if (!progress.goesOn(persons.persons_.size(), record, tree.size()))
+            break;
         persons.persons_.push_back({record, line.number, PersonReader(tree, ledger, sharedNotes).read(record)});
         if (line.xref.empty())
-            ledger.remark(record, QStringLiteral("has no cross-reference, so that no family can name this person"));
+            ledger.remark(record, ImportTexts::tr("has no cross-reference, so that no family can name this person"));
     }
     return persons;
 }
@@ -192,7 +195,7 @@ std::optional<engine::PersonIndex> GedcomPersons::of(NodeIndex record) const
 QString GedcomPersons::label(engine::PersonIndex person) const
 {
     const Entry& entry = persons_[person];
-    return entry.values.name ? *entry.values.name : QStringLiteral("the person of line %1").arg(entry.line);
+    return entry.values.name ? *entry.values.name : ImportTexts::tr("the person of line %1").arg(entry.line);
 }
 
 } // namespace lineara

@@ -16,7 +16,8 @@ class NodeLedger;
 class GedcomPersons
 {
 public:
-    static GedcomPersons read(const GedcomTree& tree, NodeLedger& ledger);
+    /// Unfinished if the progress is stopped meanwhile.
+    static GedcomPersons read(const GedcomTree& tree, NodeLedger& ledger, const Progress& progress);
 
     std::uint32_t size() const { return static_cast<std::uint32_t>(persons_.size()); }
     const PersonValues& values(engine::PersonIndex person) const { return persons_[person].values; }

@@ -1,5 +1,6 @@
 #include "gedcom_pointer.h"
 
+#include "import_texts.h"
 #include "node_ledger.h"
 
 #include <algorithm>
@@ -16,20 +17,20 @@ std::optional<NodeIndex> followPointer(const GedcomTree& tree, NodeLedger& ledge
 {
     const GedcomLine& pointer = tree[line].line;
     if (!pointer.isPointer) {
-        ledger.reject(line, QStringLiteral("it does not point at a record"));
+        ledger.reject(line, ImportTexts::tr("it does not point at a record"));
         return std::nullopt;
     }
     if (pointer.value == pointsAtNobody) {
-        ledger.reject(line, QStringLiteral("it points at nobody"));
+        ledger.reject(line, ImportTexts::tr("it points at nobody"));
         return std::nullopt;
     }
     const auto target = tree.target(pointer.value);
     if (!target) {
-        ledger.reject(line, QStringLiteral("it points at a record that is not in the file"));
+        ledger.reject(line, ImportTexts::tr("it points at a record that is not in the file"));
         return std::nullopt;
     }
     if (std::find(tags.begin(), tags.end(), tree[*target].line.tag) == tags.end()) {
-        ledger.reject(line, QStringLiteral("it points at a record of another kind"));
+        ledger.reject(line, ImportTexts::tr("it points at a record of another kind"));
         return std::nullopt;
     }
     return target;

@@ -1,6 +1,7 @@
 #include "gedcom_tree.h"
 
 #include "import_notes.h"
+#include "import_texts.h"
 
 #include <QStringBuilder>
 
@@ -14,11 +15,11 @@ QString reason(LineDefect defect)
 {
     switch (defect) {
     case LineDefect::NoLevel:
-        return QStringLiteral("it does not start with a level");
+        return ImportTexts::tr("it does not start with a level");
     case LineDefect::UnterminatedXref:
-        return QStringLiteral("its cross-reference has no closing @");
+        return ImportTexts::tr("its cross-reference has no closing @");
     case LineDefect::NoTag:
-        return QStringLiteral("it has no tag");
+        return ImportTexts::tr("it has no tag");
     case LineDefect::None:
         break;
     }
@@ -49,7 +50,7 @@ public:
         if (line.defect != LineDefect::None)
             addUnreadable(line);
         else if (orphaned_ && *line.level > orphaned_->level)
-            notes_.notTaken(line.number, QStringLiteral("%1 was not taken: it belongs to line %2, which was not taken")
+            notes_.notTaken(line.number, ImportTexts::tr("%1 was not taken: it belongs to line %2, which was not taken")
                                              .arg(withTag(line))
                                              .arg(orphaned_->line));
         else if (*line.level > open_.size())
@@ -69,14 +70,16 @@ private:
 
     void addUnreadable(const GedcomLine& line)
     {
-        notes_.unreadable(line.number, inQuotes(line.value) % u" could not be read: " % reason(line.defect));
+        notes_.unreadable(line.number,
+                          ImportTexts::tr("%1 could not be read: %2").arg(inQuotes(line.value), reason(line.defect)));
         if (line.level)
             orphan(line);
     }
 
     void addSkipping(const GedcomLine& line)
     {
-        notes_.notTaken(line.number, withTag(line) % u" was not taken: its level skips at least one");
+        notes_.notTaken(line.number,
+                        ImportTexts::tr("%1 was not taken: its level skips at least one").arg(withTag(line)));
         orphan(line);
     }
 
@@ -115,13 +118,16 @@ private:
     std::optional<Orphaned> orphaned_;
 };
 
-GedcomTree GedcomTree::read(std::string_view text, ImportNotes& notes)
+GedcomTree GedcomTree::read(std::string_view text, ImportNotes& notes, const Progress& progress)
 {
     GedcomTree tree;
     Builder builder(tree, notes);
     GedcomLineReader lines(text);
-    while (const auto line = lines.next())
+    while (const auto line = lines.next()) {
         builder.add(*line);
+        if (!progress.goesOn(line->number, text.size() - lines.bytesLeft(), text.size()))
+            break;
+    }
     builder.finish();
 
     tree.targets_.reserve(tree.records_.size());
@@ -132,7 +138,7 @@ GedcomTree GedcomTree::read(std::string_view text, ImportNotes& notes)
         const auto [first, isNew] = tree.targets_.try_emplace(line.xref, record);
         if (!isNew)
             notes.remark(line.number,
-                         QStringLiteral("%1 is defined by line %2 already; what points at it means the record there")
+                         ImportTexts::tr("%1 is defined by line %2 already; what points at it means the record there")
                              .arg(inQuotes(line.xref))
                              .arg(tree[first->second].line.number));
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gedcom_line.h"
+#include "platform/progress.h"
 
 #include <QString>
 
@@ -30,8 +31,8 @@ struct GedcomNode
 class GedcomTree
 {
 public:
-    /// `text` is UTF-8 and outlives the tree.
-    static GedcomTree read(std::string_view text, ImportNotes& notes);
+    /// `text` is UTF-8 and outlives the tree. Unfinished if the progress is stopped meanwhile.
+    static GedcomTree read(std::string_view text, ImportNotes& notes, const Progress& progress);
 
     const std::vector<NodeIndex>& records() const { return records_; }
     const GedcomNode& operator[](NodeIndex index) const { return nodes_[index]; }

@@ -11,4 +11,7 @@ Failure importFailure(const QString& name, const QString& reason);
 
 Failure notGedcom(const QString& name);
 
+/// Nobody wants the import any more.
+Failure stoppedImport(const QString& name);
+
 } // namespace lineara

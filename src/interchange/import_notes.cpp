@@ -1,5 +1,7 @@
 #include "import_notes.h"
 
+#include "import_texts.h"
+
 #include <QStringBuilder>
 
 #include <algorithm>
@@ -58,7 +60,7 @@ void ImportNotes::aboutFile(const QString& what)
 void ImportNotes::add(std::uint32_t line, const QString& what)
 {
     if (notes_.size() < mostNotes)
-        notes_.push_back({line, u"line " % QString::number(line) % u": " % what});
+        notes_.push_back({line, ImportTexts::tr("line %1: %2").arg(QString::number(line), what)});
     else
         ++untold_;
 }
@@ -74,7 +76,7 @@ void ImportNotes::writeTo(ImportReport& report)
         report.notes.append(std::move(note.text));
     notes_.clear();
     if (untold_ > 0)
-        report.notes.append(QStringLiteral("and %1 more notes of the same kinds").arg(untold_));
+        report.notes.append(ImportTexts::tr("and %1 more notes of the same kinds").arg(untold_));
 }
 
 } // namespace lineara

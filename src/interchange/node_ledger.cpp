@@ -1,5 +1,6 @@
 #include "node_ledger.h"
 
+#include "import_texts.h"
 #include "model/text_hygiene.h"
 
 #include <QStringBuilder>
@@ -25,7 +26,7 @@ void NodeLedger::takeText(NodeIndex index)
 void NodeLedger::reject(NodeIndex index, const QString& why)
 {
     take(index);
-    notes_.notTaken(lineOf(index), describe(index) % u" was not taken: " % why);
+    notes_.notTaken(lineOf(index), ImportTexts::tr("%1 was not taken: %2").arg(describe(index), why));
 }
 
 void NodeLedger::remark(NodeIndex index, const QString& what)
@@ -39,21 +40,23 @@ QString NodeLedger::writable(NodeIndex index, QString text)
     bool repaired = false;
     text = writableText(std::move(text), &repaired);
     if (repaired)
-        remark(index, QStringLiteral("held characters that can't be written to a file; they were replaced"));
+        remark(index, ImportTexts::tr("held characters that can't be written to a file; they were replaced"));
     return text;
 }
 
 void NodeLedger::refuse(NodeIndex index, const QString& why)
 {
     take(index);
-    notes_.refused(lineOf(index), describe(index) % u" was refused: " % why);
+    notes_.refused(lineOf(index), ImportTexts::tr("%1 was refused: %2").arg(describe(index), why));
 }
 
-void NodeLedger::tellRest()
+void NodeLedger::tellRest(const Progress& progress)
 {
     for (NodeIndex index = 0; index < tree_.size(); ++index) {
+        if (!progress.goesOn(index, tree_.size()))
+            return;
         if (!settled_[index])
-            reject(index, QStringLiteral("a family has no place for it"));
+            reject(index, ImportTexts::tr("a family has no place for it"));
     }
 }
 

@@ -34,8 +34,8 @@ public:
     /// A link that the line asks for is refused.
     void refuse(NodeIndex index, const QString& why);
 
-    /// Tells every line that was neither taken nor told.
-    void tellRest();
+    /// Tells every line that was neither taken nor told, unless stopped.
+    void tellRest(const Progress& progress);
 
 private:
     /// The line as a reader finds it: "INDI.BIRT.PLAC "Rome"".

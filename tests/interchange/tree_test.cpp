@@ -12,7 +12,7 @@ using testing::HasSubstr;
 /// A tree together with what was told while it was built.
 struct Grown
 {
-    explicit Grown(std::string_view text) : tree(GedcomTree::read(text, notes)) { notes.writeTo(report); }
+    explicit Grown(std::string_view text) : tree(GedcomTree::read(text, notes, Progress())) { notes.writeTo(report); }
 
     std::string told() const { return report.notes.join(u'\n').toStdString(); }
     std::string text(NodeIndex index) const { return tree.text(index).toStdString(); }

@@ -2,6 +2,7 @@
 
 #include "model/object_context.h"
 #include "platform/outcome.h"
+#include "platform/progress.h"
 
 #include <QString>
 #include <QStringList>
@@ -34,10 +35,11 @@ struct ImportedFamily
 
 /// Reads a GEDCOM file of version 5.5, 5.5.1 or 7.0 in UTF-8 or ASCII. Deterministic: the same bytes give the same
 /// family, its store UUID included. Fails for what is no GEDCOM text, is in another character set, or takes more than
-/// 512 MB. Nothing of an import is an undoable change.
-Outcome<ImportedFamily> importGedcomFile(const QString& path);
+/// 512 MB, and if it is stopped. Nothing of an import is an undoable change. Any thread; the family may then be handed
+/// to the main thread.
+Outcome<ImportedFamily> importGedcomFile(const QString& path, const Progress& progress = {});
 
 /// The same for bytes in memory; `name` is what messages call them.
-Outcome<ImportedFamily> importGedcom(const QByteArray& bytes, const QString& name);
+Outcome<ImportedFamily> importGedcom(const QByteArray& bytes, const QString& name, const Progress& progress = {});
 
 } // namespace lineara
