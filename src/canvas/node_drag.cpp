@@ -4,6 +4,8 @@
 #include "canvas/tree_view.h"
 #include "model/person.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 namespace lineara {
@@ -56,7 +58,7 @@ void NodeDrag::drop()
 void NodeDrag::ensureStep()
 {
     if (!hasNewestStep())
-        step_ = canvas_.pool().context().journal().begin(TreeView::tr("Move Person"));
+        step_ = canvas_.pool().context().journal().begin(QCoreApplication::translate("TreeView", "Move Person"));
 }
 
 void NodeDrag::pulledFrom(double height)

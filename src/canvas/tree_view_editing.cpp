@@ -6,6 +6,8 @@
 #include "elements/notifications.h"
 #include "platform/notification_center.h"
 
+#include <QCoreApplication>
+
 namespace lineara {
 
 namespace {
@@ -28,7 +30,8 @@ bool TreeView::connect(Person& from, Person& to, const QString& type)
 {
     if (!scene_.shows(from) || !scene_.shows(to) || !pool().canLink(type, from, to))
         return false;
-    pool().context().journal().begin(type == partnerLink ? tr("Link Partner") : tr("Link Child"));
+    pool().context().journal().begin(type == partnerLink ? QCoreApplication::translate("TreeView", "Link Partner")
+                                                         : QCoreApplication::translate("TreeView", "Link Child"));
     if (from.generation() && !to.generation())
         placeBeside(from, to);
     else if (to.generation() && !from.generation())

@@ -67,23 +67,11 @@ bool shows(const LinkLayer& layer, const LinkRecord& record, bool isPartner)
            layer.source()->recordId() == record.source && layer.target()->recordId() == record.target;
 }
 
-/// The shape of a link between them, of several the one that was made first, or nullptr.
-LinkLayer* firstLayer(const Person& source, const Person& target, bool isPartner)
-{
-    // Both ends list the shape; the end with fewer links is searched, which keeps large families linear.
-    const bool sourceIsShorter = source.linkLayers().size() < target.linkLayers().size();
-    const auto& candidates = sourceIsShorter ? source.linkLayers() : target.linkLayers();
-    const auto found = std::ranges::find_if(candidates, [&](const LinkLayer* layer) {
-        return layer->isPartnerLink() == isPartner && joins(*layer, &source, &target);
-    });
-    return found != candidates.end() ? *found : nullptr;
-}
-
-LinkLayer* firstLayer(const ObjectContext& context, const LinkRecord& record, bool isPartner)
+LinkLayer* layerOfRecord(const ObjectContext& context, const LinkRecord& record, QStringView type)
 {
     const Person* const source = context.person(record.source);
     const Person* const target = context.person(record.target);
-    return source && target ? firstLayer(*source, *target, isPartner) : nullptr;
+    return source && target ? BranchLayerView::layerOf(*source, *target, type) : nullptr;
 }
 
 std::optional<LinkSelectionNotification::Link> selectionOf(const LinkLayer* layer)
@@ -185,8 +173,8 @@ void BranchLayerView::markWanted(const std::vector<LinkRecord>& records, const Q
         const LinkLayer* const expected = next < layers_.size() ? layers_[next].get() : nullptr;
         // Even the expected one may have a double that was made earlier.
         LinkLayer* const layer = expected && shows(*expected, record, isPartner)
-                                     ? firstLayer(*expected->source(), *expected->target(), isPartner)
-                                     : firstLayer(pool_->context(), record, isPartner);
+                                     ? layerOf(*expected->source(), *expected->target(), type)
+                                     : layerOfRecord(pool_->context(), record, type);
         if (layer) {
             layer->isWanted_ = true;
             next = layer->index_ + std::size_t{1};
@@ -212,6 +200,18 @@ void BranchLayerView::removeUnwanted()
     std::erase_if(layers_, [](const auto& layer) { return !layer->isWanted_; });
     for (std::uint32_t index = 0; const auto& layer : layers_)
         layer->index_ = index++;
+}
+
+LinkLayer* BranchLayerView::layerOf(const Person& source, const Person& target, QStringView type)
+{
+    // Both ends list the shape; the end with fewer links is searched, which keeps large families linear.
+    const bool sourceIsShorter = source.linkLayers().size() < target.linkLayers().size();
+    const auto& candidates = sourceIsShorter ? source.linkLayers() : target.linkLayers();
+    const bool isPartner = type == partnerLink;
+    const auto found = std::ranges::find_if(candidates, [&](const LinkLayer* layer) {
+        return layer->isPartnerLink() == isPartner && joins(*layer, &source, &target);
+    });
+    return found != candidates.end() ? *found : nullptr;
 }
 
 void BranchLayerView::select(LinkLayer& layer)

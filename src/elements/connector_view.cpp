@@ -8,6 +8,8 @@
 #include "model/pool.h"
 #include "platform/notification_center.h"
 
+#include <QCoreApplication>
+
 namespace lineara {
 
 Person& ConnectorView::person() const
@@ -60,7 +62,8 @@ void ConnectorView::mouseUp(ElementHost& host)
 
 QString ConnectorView::toolTip() const
 {
-    return isPartnerHandle() ? u"Click and drag to connect to partner"_qs : u"Click and drag to connect to child"_qs;
+    return isPartnerHandle() ? QCoreApplication::translate("ConnectorView", "Click and drag to connect to partner")
+                             : QCoreApplication::translate("ConnectorView", "Click and drag to connect to child");
 }
 
 } // namespace lineara

@@ -47,6 +47,10 @@ public:
     /// of hidden persons have no shape. True if any came or went.
     bool syncWithRecords(const std::function<bool(const Person&)>& isHidden);
 
+    /// The shape of a link between them, whichever of two partners is named first; of several the one that was made
+    /// first, nullptr if there is none.
+    static LinkLayer* layerOf(const Person& source, const Person& target, QStringView type);
+
     LinkLayer* selectedLink() const { return selectedLink_; }
     void select(LinkLayer& layer);
     void deselectSelected();
