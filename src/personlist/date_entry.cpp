@@ -11,10 +11,10 @@ namespace lineara {
 
 namespace {
 
-QString text(const char* source)
+struct DateEntry
 {
-    return QCoreApplication::translate("DateEntry", source);
-}
+    Q_DECLARE_TR_FUNCTIONS(DateEntry)
+};
 
 /// Only the digits that files hold; others would be read as 0 afterwards.
 bool isWholeNumber(QStringView typed)
@@ -50,7 +50,7 @@ Outcome<std::optional<std::int32_t>> readNumber(const QString& typed, const char
     if (trimmed.isEmpty())
         return std::optional<std::int32_t>();
     if (!isWholeNumber(trimmed))
-        return Failure{text(mistake).arg(trimmed)};
+        return Failure{DateEntry::tr(mistake).arg(trimmed)};
     return NumberToStringTransformer::reverseTransformedValue(trimmed);
 }
 
@@ -58,17 +58,17 @@ Outcome<std::optional<std::int32_t>> readNumber(const QString& typed, const char
 std::optional<QString> mistakeIn(const PartialDate& date)
 {
     if (date.month && (*date.month < 1 || *date.month > 12))
-        return text("There is no month %1.").arg(*date.month);
+        return DateEntry::tr("There is no month %1.").arg(*date.month);
     if (!date.day)
         return std::nullopt;
     if (*date.day < 1 || *date.day > 31)
-        return text("There is no day %1.").arg(*date.day);
+        return DateEntry::tr("There is no day %1.").arg(*date.day);
     if (!date.month || *date.day <= daysIn(*date.month, date.year))
         return std::nullopt;
     const QString month = QLocale().standaloneMonthName(*date.month);
     if (date.year && *date.day == 29)
-        return text("%1 %2 had no day %3.").arg(month).arg(*date.year).arg(*date.day);
-    return text("%1 has no day %2.").arg(month).arg(*date.day);
+        return DateEntry::tr("%1 %2 had no day %3.").arg(month).arg(*date.year).arg(*date.day);
+    return DateEntry::tr("%1 has no day %2.").arg(month).arg(*date.day);
 }
 
 } // namespace
@@ -83,13 +83,13 @@ DateTexts textsOf(const PartialDate& date)
 
 Outcome<PartialDate> readDate(const DateTexts& texts)
 {
-    const auto day = readNumber(texts.day, "“%1” is no day.");
+    const auto day = readNumber(texts.day, QT_TRANSLATE_NOOP("DateEntry", "“%1” is no day."));
     if (day.failed())
         return day.failure();
-    const auto month = readNumber(texts.month, "“%1” is no month.");
+    const auto month = readNumber(texts.month, QT_TRANSLATE_NOOP("DateEntry", "“%1” is no month."));
     if (month.failed())
         return month.failure();
-    const auto year = readNumber(texts.year, "“%1” is no year.");
+    const auto year = readNumber(texts.year, QT_TRANSLATE_NOOP("DateEntry", "“%1” is no year."));
     if (year.failed())
         return year.failure();
     const PartialDate date{day.value(), month.value(), year.value()};
@@ -101,9 +101,9 @@ Outcome<PartialDate> readDate(const DateTexts& texts)
 std::optional<QString> missingIn(const PartialDate& date)
 {
     if (date.day && !date.month)
-        return text("The day needs its month.");
+        return DateEntry::tr("The day needs its month.");
     if (date.month && !date.year)
-        return text("The month needs its year.");
+        return DateEntry::tr("The month needs its year.");
     return std::nullopt;
 }
 

@@ -24,16 +24,16 @@ constexpr int shortWidth = 46;
 constexpr int yearWidth = 68;
 constexpr int pickerHeight = 200;
 
-QString text(const char* source)
+struct FieldTexts
 {
-    return QCoreApplication::translate("DateField", source);
-}
+    Q_DECLARE_TR_FUNCTIONS(FieldTexts)
+};
 
 ClickableTextField* makeOpener(const QString& name)
 {
     auto* const opener = new ClickableTextField(QStringLiteral("\u25be"));
-    opener->setToolTip(text("Choose from a calendar"));
-    opener->setAccessibleName(text("%1 calendar").arg(name));
+    opener->setToolTip(FieldTexts::tr("Choose from a calendar"));
+    opener->setAccessibleName(FieldTexts::tr("%1 calendar").arg(name));
     return opener;
 }
 
@@ -58,7 +58,9 @@ DateField::DateField(const QString& name, QString pickerName, Reports reports)
     : reports_(std::move(reports)), name_(name), pickerName_(std::move(pickerName)), opener_(makeOpener(name)),
       mistake_(makeMistakeLabel())
 {
-    const std::array<QString, 3> parts{text("Day"), text("Month"), text("Year")};
+    const std::array<QString, 3> parts{FieldTexts::tr("Day"), FieldTexts::tr("Month"), FieldTexts::tr("Year")};
+    const std::array<QString, 3> spoken{FieldTexts::tr("%1 day", "day of birth or death"), FieldTexts::tr("%1 month"),
+                                        FieldTexts::tr("%1 year")};
     const std::array<int, 3> widths{shortWidth, shortWidth, yearWidth};
     auto* const layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -67,8 +69,9 @@ DateField::DateField(const QString& name, QString pickerName, Reports reports)
     for (std::size_t part = 0; part < parts.size(); ++part) {
         auto* const line = new FieldLine([this](FieldEnd end) { ended(end); });
         line->setPlaceholderText(parts[part]);
-        line->setAccessibleName(name + QLatin1Char(' ') + parts[part].toLower());
+        line->setAccessibleName(spoken[part].arg(name));
         line->setFixedWidth(widths[part]);
+        connect(line, &QLineEdit::textEdited, this, [this] { reports_.typed(); });
         layout->addWidget(line, 0, static_cast<int>(part));
         lines_[part] = line;
     }
@@ -88,6 +91,12 @@ void DateField::showDate(const PartialDate& date)
 void DateField::commit()
 {
     read(Leaving::Date);
+}
+
+std::optional<PartialDate> DateField::typed() const
+{
+    const auto date = readDate(texts());
+    return isModified() && date && !missingIn(date.value()) ? std::optional(date.value()) : std::nullopt;
 }
 
 std::optional<DateTexts> DateField::refused() const

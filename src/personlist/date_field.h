@@ -30,6 +30,8 @@ public:
         std::function<void()> left;
         /// Return or Escape settled everything.
         std::function<void()> done;
+        /// Something was typed, or taken back.
+        std::function<void()> typed;
     };
 
     /// `name` is what the date is called, "Birth" for example, and `pickerName` the name of its calendar as an object.
@@ -40,6 +42,8 @@ public:
     /// Reports what was typed if it is a whole date, and shows what is wrong otherwise.
     void commit();
 
+    /// The date that was typed and is not reported yet; no value if nothing was typed, or what can't be a date.
+    std::optional<PartialDate> typed() const;
     /// What was typed and can't be a date, or no value.
     std::optional<DateTexts> refused() const;
     void showRefused(const DateTexts& refused);

@@ -61,6 +61,26 @@ PersonListPane::PersonListPane(PersonTableModel& model, RowGestures rows, Search
     for (const auto rowsChanged : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(&model, rowsChanged, this, &PersonListPane::tellWhetherFound);
     search_->installEventFilter(this);
+    showFaintTexts();
+}
+
+/// Themes that are dark may leave this one colour as it is in light ones.
+void PersonListPane::showFaintTexts()
+{
+    QColor faint = palette().color(QPalette::Text);
+    faint.setAlpha(150);
+    if (palette().color(QPalette::PlaceholderText) == faint)
+        return;
+    QPalette shown = palette();
+    shown.setColor(QPalette::PlaceholderText, faint);
+    setPalette(shown);
+}
+
+void PersonListPane::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        showFaintTexts();
 }
 
 void PersonListPane::tellWhetherFound()

@@ -35,8 +35,10 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void showFaintTexts();
     bool takeSearchKey(QKeyEvent& key);
     void tellWhetherFound();
 

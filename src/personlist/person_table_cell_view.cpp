@@ -1,5 +1,6 @@
 #include "person_table_cell_view.h"
 
+#include "cell_widgets.h"
 #include "date_field.h"
 #include "list_colours.h"
 #include "model/object_context.h"
@@ -26,58 +27,10 @@ namespace {
 
 constexpr int margin = 12;
 
-QString text(const char* source)
+struct CellTexts
 {
-    return QCoreApplication::translate("PersonTableCellView", source);
-}
-
-/// The editor is white in every theme of the desktop.
-QPalette lightPalette()
-{
-    QPalette light(QColor::fromRgbF(0.93f, 0.93f, 0.93f), colours::expandedGround());
-    light.setColor(QPalette::PlaceholderText, colours::faintText());
-    return light;
-}
-
-/// Of a row that is closing, only what is shown fades: nothing moves up where a button went.
-void keepPlace(QWidget& button)
-{
-    QSizePolicy policy = button.sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    button.setSizePolicy(policy);
-}
-
-QPushButton* makePicButton()
-{
-    auto* const button = new QPushButton;
-    button->setObjectName(QStringLiteral("picButton"));
-    keepPlace(*button);
-    button->setIconSize({thumbnailSide, thumbnailSide});
-    button->setFixedSize(thumbnailSide + 8, thumbnailSide + 8);
-    return button;
-}
-
-QPushButton* makePicRemoveButton()
-{
-    auto* const button = new QPushButton(text("Remove Picture"));
-    button->setObjectName(QStringLiteral("picRemoveButton"));
-    keepPlace(*button);
-    return button;
-}
-
-/// Stands on one line with a field of one line.
-QLabel* makeCaption(const QString& caption)
-{
-    auto* const label = new QLabel(caption);
-    label->setFixedHeight(QLineEdit().sizeHint().height());
-    QFont font;
-    font.setPixelSize(12);
-    label->setFont(font);
-    QPalette palette;
-    palette.setColor(QPalette::WindowText, colours::faintText());
-    label->setPalette(palette);
-    return label;
-}
+    Q_DECLARE_TR_FUNCTIONS(CellTexts)
+};
 
 void storeBirth(Person& person, const PartialDate& date)
 {
@@ -91,6 +44,20 @@ void storeDeath(Person& person, const PartialDate& date)
     person.setDeathDay(date.day);
     person.setDeathMonth(date.month);
     person.setDeathYear(date.year);
+}
+
+void overlay(PersonValues& values, const std::optional<PartialDate>& birth, const std::optional<PartialDate>& death)
+{
+    if (birth) {
+        values.birthDay = birth->day;
+        values.birthMonth = birth->month;
+        values.birthYear = birth->year;
+    }
+    if (death) {
+        values.deathDay = death->day;
+        values.deathMonth = death->month;
+        values.deathYear = death->year;
+    }
 }
 
 /// A text that was emptied is absent.
@@ -126,17 +93,24 @@ PersonTableCellView::PersonTableCellView(ObjectContext& context, RecordId person
     : person_(person), edit_(context, person), surroundings_(std::move(surroundings)), editables_(new QWidget(this)),
       veil_(new Veil(*this)), picButton_(makePicButton()), picRemoveButton_(makePicRemoveButton()),
       name_(new FieldLine([this](FieldEnd end) { nameEnded(end); })),
-      birth_(makeDate(text("Birth"), QStringLiteral("birthDatePicker"), text("Edit Birth"), storeBirth)),
-      death_(makeDate(text("Death"), QStringLiteral("deathDatePicker"), text("Edit Death"), storeDeath)),
+      birth_(
+          makeDate(CellTexts::tr("Birth"), QStringLiteral("birthDatePicker"), CellTexts::tr("Edit Birth"), storeBirth)),
+      death_(
+          makeDate(CellTexts::tr("Death"), QStringLiteral("deathDatePicker"), CellTexts::tr("Edit Death"), storeDeath)),
       notesTextField_(new NotesField([this](FieldEnd end) { notesEnded(end); }))
 {
     setObjectName(QStringLiteral("personTableCellView"));
-    setPalette(lightPalette());
+    setPalette(lightCellPalette());
     // On the ground of a table's entries, captions and what is said of a mistake would lose their own colours.
     setBackgroundRole(QPalette::Window);
     assemble();
     for (QWidget* const part : findChildren<QWidget*>())
         part->installEventFilter(this);
+    connect(name_, &QLineEdit::textEdited, this, [this] { surroundings_.typed(); });
+    connect(notesTextField_, &QPlainTextEdit::textChanged, this, [this] {
+        if (notesTextField_->isModified())
+            surroundings_.typed();
+    });
     connect(picButton_, &QPushButton::clicked, this, [this] { surroundings_.setPic(); });
     connect(picRemoveButton_, &QPushButton::clicked, this, [this] { surroundings_.removePic(); });
     refresh();
@@ -151,8 +125,8 @@ PersonTableCellView::~PersonTableCellView()
 void PersonTableCellView::assemble()
 {
     name_->setObjectName(QStringLiteral("name"));
-    name_->setAccessibleName(text("Name"));
-    name_->setPlaceholderText(text("Name"));
+    name_->setAccessibleName(CellTexts::tr("Name"));
+    name_->setPlaceholderText(CellTexts::tr("Name"));
     QFont nameFont;
     nameFont.setPixelSize(15);
     name_->setFont(nameFont);
@@ -160,8 +134,8 @@ void PersonTableCellView::assemble()
     death_->setObjectName(QStringLiteral("death"));
     notesTextField_->setDelegate(MultiLineTextDelegate::shared());
     notesTextField_->setObjectName(QStringLiteral("notesTextField"));
-    notesTextField_->setAccessibleName(text("Notes"));
-    notesTextField_->setPlaceholderText(text("Notes"));
+    notesTextField_->setAccessibleName(CellTexts::tr("Notes"));
+    notesTextField_->setPlaceholderText(CellTexts::tr("Notes"));
     auto* const beside = new QVBoxLayout;
     beside->setSpacing(6);
     beside->addWidget(name_);
@@ -173,9 +147,9 @@ void PersonTableCellView::assemble()
     layout->setVerticalSpacing(6);
     layout->addWidget(picButton_, 0, 0);
     layout->addLayout(beside, 0, 1);
-    layout->addWidget(makeCaption(text("Birth")), 1, 0, Qt::AlignTop | Qt::AlignRight);
+    layout->addWidget(makeCaption(CellTexts::tr("Birth")), 1, 0, Qt::AlignTop | Qt::AlignRight);
     layout->addWidget(birth_, 1, 1);
-    layout->addWidget(makeCaption(text("Death")), 2, 0, Qt::AlignTop | Qt::AlignRight);
+    layout->addWidget(makeCaption(CellTexts::tr("Death")), 2, 0, Qt::AlignTop | Qt::AlignRight);
     layout->addWidget(death_, 2, 1);
     layout->addWidget(notesTextField_, 3, 0, 1, 2);
     layout->setRowStretch(3, 1);
@@ -191,6 +165,7 @@ DateField* PersonTableCellView::makeDate(const QString& name, const QString& pic
     };
     reports.left = [this] { fieldEnded(FieldEnd::Left); };
     reports.done = [this] { fieldEnded(FieldEnd::Return); };
+    reports.typed = [this] { surroundings_.typed(); };
     return new DateField(name, pickerName, std::move(reports));
 }
 
@@ -240,8 +215,8 @@ void PersonTableCellView::showPicture(const Person& person)
     const auto picture = surroundings_.sources.thumbnails.of(person, devicePixelRatioF());
     const bool hasImage = picture && !picture->isNull();
     picButton_->setIcon(hasImage ? QIcon(*picture) : QIcon());
-    picButton_->setText(hasImage ? QString() : text("Set Pic"));
-    picButton_->setAccessibleName(hasImage ? text("Picture") : text("Set Pic"));
+    picButton_->setText(hasImage ? QString() : CellTexts::tr("Set Pic"));
+    picButton_->setAccessibleName(hasImage ? CellTexts::tr("Picture") : CellTexts::tr("Set Pic"));
     picRemoveButton_->setEnabled(person.pic());
 }
 
@@ -260,6 +235,21 @@ void PersonTableCellView::commitFields()
     death_->commit();
     commitNotes();
     keepRefused();
+}
+
+std::optional<PersonValues> PersonTableCellView::typed() const
+{
+    const Person* const person = edit_.person();
+    if (!person)
+        return std::nullopt;
+    PersonValues values = person->values();
+    const QString notes = notesTextField_->notes();
+    if (name_->isModified() && name_->line() != values.name.value_or(QString()))
+        values.name = stored(name_->line());
+    if (notesTextField_->isModified() && notes != values.additional.value_or(QString()))
+        values.additional = stored(notes);
+    overlay(values, birth_->typed(), death_->typed());
+    return values == person->values() ? std::nullopt : std::optional(std::move(values));
 }
 
 void PersonTableCellView::keepRefused()
@@ -393,7 +383,7 @@ void PersonTableCellView::commitName()
     name_->settle();
     const Person* const person = edit_.person();
     if (person && typed != person->name().value_or(QString()))
-        edit_.change(text("Edit Name"), [&](Person& edited) { edited.setName(stored(typed)); });
+        edit_.change(CellTexts::tr("Edit Name"), [&](Person& edited) { edited.setName(stored(typed)); });
 }
 
 void PersonTableCellView::commitNotes()
@@ -404,7 +394,7 @@ void PersonTableCellView::commitNotes()
     const QString typed = notesTextField_->notes();
     const Person* const person = edit_.person();
     if (person && typed != person->additional().value_or(QString()))
-        edit_.change(text("Edit Notes"), [&](Person& edited) { edited.setAdditional(stored(typed)); });
+        edit_.change(CellTexts::tr("Edit Notes"), [&](Person& edited) { edited.setAdditional(stored(typed)); });
 }
 
 } // namespace lineara

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "field_line.h"
+#include "model/person.h"
 #include "person_cell.h"
 #include "person_edit.h"
 
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class QPushButton;
 
@@ -33,6 +35,8 @@ struct CellSurroundings
     std::function<void()> removePic;
     /// Whether the list itself has the keyboard.
     std::function<bool()> isListFocused;
+    /// Something was typed that is not in the record yet.
+    std::function<void()> typed;
 };
 
 /// The row of one person as an editor. It is that person's for as long as it lives, so that nothing typed can reach
@@ -54,6 +58,8 @@ public:
     void refresh();
     /// Takes what was typed into the record.
     void commit();
+    /// What commit() would make of the person, or no value where that is what it is already.
+    std::optional<PersonValues> typed() const;
     void editName();
     /// Everything that takes the keyboard, in the order of the Tab key.
     QList<QWidget*> fields() const;

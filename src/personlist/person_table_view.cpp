@@ -174,7 +174,8 @@ RowsInPlace::RowsInPlace(PersonTableView& table) : table_(table)
     const bool isInView = selected && table.topOf(*selected) < table.viewport()->height() &&
                           table.topOf(*selected) + table.rowHeight(*selected) > 0;
     const int row = isInView ? *selected : table.rowAt(0);
-    if (row < 0)
+    // Who looks at the top of the list looks at whoever comes first.
+    if (row < 0 || (!isInView && table.verticalScrollBar()->value() == 0))
         return;
     anchor_ = table.model()->index(row, PersonTableModel::PersonCell);
     top_ = table.topOf(row);

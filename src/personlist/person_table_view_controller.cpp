@@ -206,6 +206,13 @@ void PersonTableViewController::commitEditing()
         cell->commit();
 }
 
+std::optional<TypedValues> PersonTableViewController::typed() const
+{
+    const auto* const cell = view_ ? openRow_->cell() : nullptr;
+    auto values = cell ? cell->typed() : std::nullopt;
+    return values ? std::optional(TypedValues{*openRow_->person(), std::move(*values)}) : std::nullopt;
+}
+
 void PersonTableViewController::findPersons()
 {
     if (!view_)
@@ -243,7 +250,8 @@ PersonTableCellView* PersonTableViewController::makeCell(RecordId person)
                                   [this] { personTableView_->setFocus(); },
                                   [this, person] { setPic(person); },
                                   [this, person] { removePic(person); },
-                                  [this] { return personTableView_->hasFocus(); }};
+                                  [this] { return personTableView_->hasFocus(); },
+                                  [this] { typed_(); }};
     return new PersonTableCellView(pool_.context(), person, std::move(surroundings));
 }
 

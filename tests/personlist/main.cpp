@@ -1,3 +1,5 @@
+#include "quiet_log.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
@@ -6,5 +8,6 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
+    testing::UnitTest::GetInstance()->listeners().Append(new lineara::QuietLog);
     return RUN_ALL_TESTS();
 }

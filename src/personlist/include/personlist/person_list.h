@@ -1,12 +1,21 @@
 #pragma once
 
+#include "model/person.h"
+
+#include <functional>
+#include <optional>
 #include <vector>
 
 class QWidget;
 
 namespace lineara {
 
-class Person;
+/// What would become of a person if what is being typed were taken into its record now.
+struct TypedValues
+{
+    RecordId person;
+    PersonValues values;
+};
 
 /// What a document asks of the list of persons beside its canvas. Changes of rows and of the selected row that the
 /// document asks for are not announced back to it.
@@ -34,6 +43,10 @@ public:
     virtual bool isEditing() const = 0;
     /// Takes what is being typed into the record.
     virtual void commitEditing() = 0;
+    /// No value where nothing is being typed that differs from the record. The typing is not disturbed.
+    virtual std::optional<TypedValues> typed() const = 0;
+    /// Called whenever something is typed that is not taken into the record yet.
+    virtual void setTypedObserver(std::function<void()> typed) = 0;
     /// Puts the search field into editing.
     virtual void findPersons() = 0;
     /// Lets the user choose a file as the person's picture.

@@ -58,6 +58,8 @@ public:
     void editNameForPerson(Person& person) override;
     bool isEditing() const override;
     void commitEditing() override;
+    std::optional<TypedValues> typed() const override;
+    void setTypedObserver(std::function<void()> typed) override { typed_ = std::move(typed); }
     void findPersons() override;
     void choosePicture(Person& person) override;
     void removePicture(Person& person) override;
@@ -106,6 +108,7 @@ private:
     int linksSelected_ = 0;            // how often the user selected a link
     bool isStale_ = false;
     std::function<void(Person&)> personChosen_ = [](Person&) {};
+    std::function<void()> typed_ = [] {};
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
     Subscription changes_;
     Subscription linkSelections_;

@@ -1,0 +1,68 @@
+#include "cell_widgets.h"
+
+#include "list_colours.h"
+#include "thumbnails.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace lineara {
+
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(CellTexts)
+};
+
+/// Of a row that is closing, only what is shown fades: nothing moves up where a button went.
+void keepPlace(QWidget& button)
+{
+    QSizePolicy policy = button.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    button.setSizePolicy(policy);
+}
+
+} // namespace
+
+QPalette lightCellPalette()
+{
+    QPalette light(QColor::fromRgbF(0.93f, 0.93f, 0.93f), colours::expandedGround());
+    light.setColor(QPalette::PlaceholderText, colours::faintText());
+    return light;
+}
+
+QPushButton* makePicButton()
+{
+    auto* const button = new QPushButton;
+    button->setObjectName(QStringLiteral("picButton"));
+    keepPlace(*button);
+    button->setIconSize({thumbnailSide, thumbnailSide});
+    button->setFixedSize(thumbnailSide + 8, thumbnailSide + 8);
+    return button;
+}
+
+QPushButton* makePicRemoveButton()
+{
+    auto* const button = new QPushButton(Texts::tr("Remove Picture"));
+    button->setObjectName(QStringLiteral("picRemoveButton"));
+    keepPlace(*button);
+    return button;
+}
+
+QLabel* makeCaption(const QString& caption)
+{
+    auto* const label = new QLabel(caption);
+    label->setFixedHeight(QLineEdit().sizeHint().height());
+    QFont font;
+    font.setPixelSize(12);
+    label->setFont(font);
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, colours::faintText());
+    label->setPalette(palette);
+    return label;
+}
+
+} // namespace lineara
