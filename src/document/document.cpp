@@ -6,17 +6,29 @@
 #include "canvas/tree_view.h"
 #include "document/application_delegate.h"
 #include "document/document_window.h"
+#include "document_saving.h"
 #include "edit_menu.h"
 #include "family_queue.h"
 #include "opening_report.h"
 #include "personlist/person_table_view_controller.h"
 #include "platform/notification_center.h"
 #include "seen_parts.h"
-#include "store/family_file.h"
+#include "type_ahead.h"
 
-#include <QFileInfo>
+#include <QCoreApplication>
+
+#include <utility>
 
 namespace lineara {
+
+namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(Document)
+};
+
+} // namespace
 
 QString Document::defaultDraftName()
 {
@@ -25,49 +37,61 @@ QString Document::defaultDraftName()
 
 Outcome<std::unique_ptr<Document>> Document::open(const QString& path)
 {
+    auto lock = lockFamilyFile(path);
+    if (!lock)
+        return Failure{Text::tr("“%1” can't be opened: it is open in another window already.").arg(path)};
     auto family = openFamily(path);
     if (family.failed())
         return family.failure();
-    return std::unique_ptr<Document>(new Document(path, std::move(family.value())));
+    family.value().origin.lock = std::move(lock);
+    return of(std::move(family.value()));
+}
+
+std::unique_ptr<Document> Document::of(OpenedFamily family)
+{
+    return std::unique_ptr<Document>(new Document(std::move(family)));
 }
 
 std::unique_ptr<Document> Document::create()
 {
-    return std::unique_ptr<Document>(new Document(QString(), newFamily()));
+    return of(newFamily());
 }
 
-Document::Document(QString path, OpenedFamily family)
-    : path_(std::move(path)), family_(std::move(family)), nodes_(context(), chance_),
-      window_(std::make_unique<DocumentWindow>()), hasOwnFile_(!path_.isEmpty() && !family_.importReport),
-      queue_(std::make_unique<FamilyQueue>(*this))
+Document::Document(OpenedFamily family)
+    : family_(std::move(family)), nodes_(context(), chance_), window_(std::make_unique<DocumentWindow>()),
+      typeAhead_(std::make_unique<TypeAhead>(*window_)), queue_(std::make_unique<FamilyQueue>(*this)),
+      saving_(std::make_unique<DocumentSaving>(*this, std::move(family_.origin)))
 {
+    if (!family_.repairs.isEmpty())
+        saving_->markMended();
     assembleWindow();
+    if (family_.unsaved)
+        saving_->adopt(std::move(family_.unsaved));
     deselectAll();
     observe();
     queue_->open();
 }
 
-Document::~Document() = default;
+Document::~Document()
+{
+    // An input method may settle what it holds as late as when the fields go.
+    list_->setTypedObserver([] {});
+}
 
 TreeView* Document::treeView() const
 {
     return window_->canvas();
 }
 
-void Document::whenSettled(std::function<void()> settled)
-{
-    WorkBlock block;
-    block.onMain(std::move(settled));
-    poolProcessing().enqueue(std::move(block));
-}
-
-SerialQueue& Document::poolProcessing()
+SerialQueue& Document::poolProcessing() const
 {
     return queue_->queue();
 }
 
 void Document::assembleWindow()
 {
+    if (auto* const delegate = ApplicationDelegate::shared())
+        delegate->closeMainWindow();
     showTitle();
     if (const auto report = openingReport(family_))
         window_->showOpeningReport(report->summary, report->details);
@@ -82,8 +106,9 @@ void Document::assembleWindow()
     commands.linkAsPartner = [this] { linkAsPartner(); };
     commands.linkAsChild = [this] { linkAsChild(); };
     commands.find = [this] { list_->findPersons(); };
-    editMenu_ = std::make_unique<EditMenu>(*window_->editMenu(), commands);
+    editMenu_ = std::make_unique<EditMenu>(*window_->editMenu(), *window_->personMenu(), commands);
     window_->showButtons(editMenu_->mainCommands());
+    window_->setAddPerson(editMenu_->addPersonCommand());
     makeList();
     window_->setAboutToClose([this] { aboutToClose(); });
     window_->setActivated([this] {
@@ -121,7 +146,10 @@ void Document::observe()
         if (from && to)
             link(*from, *to, created.type);
     }));
-    subscriptions_.push_back(context().observe([this](const Change&) { recordsChanged(); }));
+    subscriptions_.push_back(context().observe([this](const Change& change) {
+        saving_->recordsChanged(change);
+        commandsChanged();
+    }));
 }
 
 Person* Document::ownPerson(const Pool* family, RecordId person) const
@@ -158,51 +186,93 @@ void Document::commit()
 void Document::aboutToClose()
 {
     commit();
-    const auto part = hasOwnFile_ && treeView() ? treeView()->seenPart() : std::nullopt;
+    const auto part = hasOwnFile() && treeView() ? treeView()->seenPart() : std::nullopt;
     if (part)
         SeenParts::keep(context().storeUuid(), *part);
     if (auto* const delegate = ApplicationDelegate::shared())
         delegate->setCanRemove(false);
 }
 
-void Document::save(const QString& path, std::function<void(const Outcome<Done>&)> saved)
+const FamilyOrigin& Document::origin() const
 {
-    ++pendingSaves_;
-    WorkBlock block;
-    block.onMainWaiting([this, path, saved = std::move(saved)] {
-        --pendingSaves_;
-        commit();
-        const Outcome<Done> outcome = saveFamilyFile(context(), path);
-        if (outcome) {
-            path_ = path;
-            hasOwnFile_ = true;
-            savedStep_ = reachedStep();
-            showTitle();
-            commandsChanged();
-        }
-        saved(outcome);
-    });
-    poolProcessing().enqueue(std::move(block));
+    return saving_->origin();
 }
 
-bool Document::isModified()
+QString Document::name() const
 {
-    commit();
-    return reachedStep() != savedStep_;
+    return saving_->name();
 }
 
-StepId Document::reachedStep()
+bool Document::isModified() const
+{
+    return saving_->isModified();
+}
+
+void Document::save(const QString& path, Saved saved, Overwriting overwriting)
+{
+    saving_->save(path, std::move(saved), overwriting);
+}
+
+void Document::saveCopy(const QString& path, std::function<void(const Outcome<Done>&)> saved)
+{
+    saving_->saveCopy(path, std::move(saved));
+}
+
+bool Document::isMended() const
+{
+    return saving_->isMended();
+}
+
+StepId Document::reachedStep() const
 {
     return context().journal().undoStep().value_or(StepId());
 }
 
-void Document::recordsChanged()
+bool Document::isBusy() const
 {
-    // The step that the file holds goes on: a drag, say, in which it was saved.
-    const Journal& journal = context().journal();
-    if (journal.undoStep() && journal.undoStep() == savedStep_ && !journal.replaying())
-        savedStep_.reset();
+    return treeView() && poolProcessing().busy();
+}
+
+bool Document::isWriting() const
+{
+    return saving_->isWriting();
+}
+
+bool Document::isSaving() const
+{
+    return saving_->isSaving();
+}
+
+void Document::keepUnsaved()
+{
+    saving_->keepCopy();
+}
+
+void Document::dropUnsaved()
+{
+    saving_->dropCopy();
+}
+
+void Document::hurry()
+{
+    queue_->hurry();
+}
+
+void Document::whenSettled(std::function<void()> settled)
+{
+    saving_->whenWritten(std::move(settled));
+}
+
+std::optional<LeftWork> Document::keptWork() const
+{
+    return saving_->keptCopy();
+}
+
+void Document::originChanged()
+{
+    showTitle();
     commandsChanged();
+    originObserver_();
 }
 
 void Document::setReducedMotion(bool reduced)
@@ -216,9 +286,8 @@ void Document::setReducedMotion(bool reduced)
 
 void Document::showTitle()
 {
-    const QString name = path_.isEmpty() ? defaultDraftName() : QFileInfo(path_).fileName();
-    window_->setWindowTitle(name + QStringLiteral("[*]"));
-    window_->setWindowFilePath(path_);
+    window_->setWindowTitle(name() + QStringLiteral("[*]"));
+    window_->setWindowFilePath(path());
 }
 
 void Document::commandsChanged()
@@ -245,7 +314,7 @@ void Document::showCommands()
     const Person* const person = selectionPerson();
     state.hasPicture = person && person->image();
     editMenu_->show(state);
-    window_->setWindowModified(reachedStep() != savedStep_);
+    window_->setWindowModified(isModified());
 }
 
 } // namespace lineara

@@ -7,6 +7,7 @@
 #include "family_queue.h"
 #include "personlist/person_list.h"
 #include "replayed_changes.h"
+#include "type_ahead.h"
 
 #include <QCoreApplication>
 
@@ -16,10 +17,10 @@ namespace lineara {
 
 namespace {
 
-QString text(const char* source)
+struct StepNames
 {
-    return QCoreApplication::translate("Document", source);
-}
+    Q_DECLARE_TR_FUNCTIONS(StepNames)
+};
 
 } // namespace
 
@@ -28,13 +29,20 @@ void Document::addPerson()
     if (!treeView())
         return;
     commit();
-    context().journal().begin(text("Add Person"));
+    context().journal().begin(StepNames::tr("Add Person"));
     Person& person = context().insertPerson();
     window_->setOnboardingVisible(false);
     treeView()->addViewForPerson(person);
     list_->addObject(person);
     joining_.push_back(person.recordId());
     queue_->enqueue(Joining{person.recordId()});
+    typeAhead_->hold();
+}
+
+void Document::nameNewcomer(Person& person, const QString& name)
+{
+    context().journal().begin(StepNames::tr("Edit Name"));
+    person.setName(name);
 }
 
 void Document::remove()
@@ -54,7 +62,7 @@ void Document::removePerson(Person& person)
 {
     const RecordId id = person.recordId();
     // The removal itself comes later, maybe after further steps have begun.
-    const StepId step = context().journal().reserve(text("Remove Person"));
+    const StepId step = context().journal().reserve(StepNames::tr("Remove Person"));
     queue_->keepHeight(step, person);
     leaving_.push_back(id);
     setRemovable(false);
@@ -70,7 +78,7 @@ void Document::removeLink()
     Person* const to = selection_.to ? context().person(*selection_.to) : nullptr;
     const bool isOffspring = selection_.type == offspringLink;
     const bool isPartner = selection_.type == partnerLink;
-    context().journal().begin(isOffspring || isPartner ? text("Remove Link") : text("Update Rows"));
+    context().journal().begin(isOffspring || isPartner ? StepNames::tr("Remove Link") : StepNames::tr("Update Rows"));
     if (from && to && isOffspring)
         from->removeChild(*to);
     else if (from && to && isPartner)

@@ -3,7 +3,9 @@
 #include "canvas/tree_view.h"
 #include "document/document.h"
 #include "document/document_window.h"
+#include "document_saving.h"
 #include "personlist/person_table_view_controller.h"
+#include "type_ahead.h"
 
 #include <algorithm>
 #include <iterator>
@@ -16,6 +18,13 @@ void Document::makeList()
     list_ = personTableViewController_.get();
     window_->showList(&list_->view());
     personTableViewController_->setPersonChosen([this](Person& person) { leadTo(person); });
+    list_->setTypedObserver([this] { typed(); });
+}
+
+void Document::typed()
+{
+    saving_->changed();
+    commandsChanged();
 }
 
 void Document::showList(PersonList& list)
@@ -41,10 +50,18 @@ void Document::syncList()
 }
 
 /// By now the user may be busy with something else.
-void Document::editNewName(Person& person)
+void Document::editNewName(RecordId id)
 {
-    if (selection_.person == person.recordId() && !list_->isEditing())
-        list_->editNameForPerson(person);
+    Person* const person = context().person(id);
+    const bool opens = person && selection_.person == id && !list_->isEditing();
+    if (opens) {
+        list_->editNameForPerson(*person);
+        typeAhead_->releaseToField();
+    } else if (const QString typed = typeAhead_->releaseAsText(); person && !typed.isEmpty()) {
+        nameNewcomer(*person, typed);
+    }
+    if (typeAhead_->isHolding())
+        commit();
 }
 
 /// The list answers every selection with an announcement, and a click on a node must not move what is clicked.

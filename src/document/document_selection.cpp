@@ -4,7 +4,6 @@
 #include "document/application_delegate.h"
 #include "document/document.h"
 #include "document/document_window.h"
-#include "link_generations.h"
 #include "personlist/person_list.h"
 
 namespace lineara {
@@ -29,8 +28,13 @@ void Document::selectPerson(Person& person)
     setRemovable(true);
 }
 
+/// The press that tells of a link is delivered later; the link may have gone meanwhile.
 void Document::selectLink(const LinkSelectionNotification::Link& link)
 {
+    if (!isShown(link)) {
+        deselectAll();
+        return;
+    }
     unfocusSelectionPerson();
     selection_.person.reset();
     selection_.from = link.source;
@@ -88,10 +92,15 @@ void Document::reviseSelection()
     }
     if (!selection_.isLink())
         return;
-    const Person* const from = context().person(*selection_.from);
-    Person* const to = context().person(*selection_.to);
-    if (!from || !to || !isLinked(*from, *to, selection_.type))
+    if (!isShown({*selection_.from, *selection_.to, selection_.type}))
         deselectAll();
+}
+
+bool Document::isShown(const LinkSelectionNotification::Link& link) const
+{
+    const Person* const from = context().person(link.source);
+    const Person* const to = context().person(link.target);
+    return from && to && BranchLayerView::layerOf(*from, *to, link.type);
 }
 
 } // namespace lineara

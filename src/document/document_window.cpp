@@ -1,53 +1,64 @@
 #include "document/document_window.h"
 
 #include "canvas/tree_view.h"
+#include "notice.h"
+#include "onboarding_view.h"
 #include "report_dialog.h"
+#include "waiting_page.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QSettings>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
 
 namespace lineara {
 
 namespace {
 
 constexpr int listWidth = 320;
+constexpr QSize firstSize(1200, 800);
+constexpr QSize leastSize(600, 400); // smaller ones were hardly left so by anybody
 
-QLabel* makeOnboardingView()
-{
-    auto* view = new QLabel(DocumentWindow::tr("<h2>This family is still empty</h2>"
-                                               "<p>Begin with Add Person, above.</p>"));
-    view->setObjectName(QStringLiteral("onboardingView"));
-    view->setAlignment(Qt::AlignCenter);
-    // The hint stands where the canvas will, which is white whatever the desktop's colours are.
-    view->setStyleSheet(QStringLiteral("background: white; color: #444"));
-    return view;
-}
+// How the window that was closed last looked.
+const QString geometryKey = QStringLiteral("documentWindow/geometry");
+const QString listWidthKey = QStringLiteral("documentWindow/listWidth");
 
 } // namespace
 
 DocumentWindow::DocumentWindow()
-    : panes_(new QSplitter), pages_(new QStackedWidget), waitingPage_(new QWidget),
-      onboardingView_(makeOnboardingView())
+    : panes_(new QSplitter), pages_(new QStackedWidget), waitingPage_(new WaitingPage([this] { close(); })),
+      onboardingView_(new OnboardingView)
 {
     setObjectName(QStringLiteral("documentWindow"));
-    waitingPage_->setStyleSheet(QStringLiteral("background: white"));
     pages_->addWidget(waitingPage_);
     pages_->addWidget(onboardingView_);
     panes_->addWidget(pages_);
     panes_->setChildrenCollapsible(false);
-    setCentralWidget(panes_);
-    resize(1200, 800);
+    auto* const content = new QWidget;
+    rows_ = new QVBoxLayout(content);
+    rows_->setContentsMargins(0, 0, 0, 0);
+    rows_->setSpacing(0);
+    rows_->addWidget(panes_, 1);
+    setCentralWidget(content);
+    restorePlace();
     fileMenu_ = menuBar()->addMenu(tr("&File"));
     editMenu_ = menuBar()->addMenu(tr("&Edit"));
     makeViewMenu();
+    personMenu_ = menuBar()->addMenu(tr("&Person"));
+    windowMenu_ = menuBar()->addMenu(tr("&Window"));
     helpMenu_ = menuBar()->addMenu(tr("&Help"));
 }
 
@@ -66,10 +77,14 @@ void DocumentWindow::makeViewMenu()
     add(tr("&Fit"), QKeySequence(Qt::CTRL | Qt::Key_9), [](TreeView& canvas) { canvas.fit(); });
     viewMenu_->addSeparator();
     QAction* fullScreen = viewMenu_->addAction(tr("F&ull Screen"));
-    fullScreen->setShortcut(QKeySequence::FullScreen);
+    // Not every desktop names a key for it.
+    fullScreen->setShortcuts({QKeySequence(Qt::Key_F11), QKeySequence(QKeySequence::FullScreen)});
     fullScreen->setCheckable(true);
+    fullScreen->setObjectName(QStringLiteral("fullScreen"));
+    fullScreen->setChecked(isFullScreen());
     connect(fullScreen, &QAction::toggled, this,
             [this](bool on) { setWindowState(windowState().setFlag(Qt::WindowFullScreen, on)); });
+    fullScreen_ = fullScreen;
 }
 
 void DocumentWindow::showList(QWidget* list)
@@ -78,7 +93,12 @@ void DocumentWindow::showList(QWidget* list)
     // What the window grows by goes to the canvas.
     panes_->setStretchFactor(0, 0);
     panes_->setStretchFactor(1, 1);
-    panes_->setSizes({listWidth, width() - listWidth});
+    bool isNumber = false;
+    const int kept = QSettings().value(listWidthKey).toInt(&isNumber);
+    const int wide = std::clamp(isNumber ? kept : listWidth, 0, std::max(0, width() - listWidth));
+    panes_->setSizes({wide, width() - wide});
+    // Otherwise the list would have the keyboard while its user waits for the family.
+    waitingPage_->setFocus();
 }
 
 void DocumentWindow::showButtons(const QList<QAction*>& commands)
@@ -92,14 +112,28 @@ void DocumentWindow::showButtons(const QList<QAction*>& commands)
     buttons->toggleViewAction()->setVisible(false);
 }
 
+void DocumentWindow::setAddPerson(QAction& command)
+{
+    onboardingView_->setAddPerson(command);
+}
+
+void DocumentWindow::setImport(std::function<void()> import)
+{
+    onboardingView_->setImport(std::move(import));
+}
+
 void DocumentWindow::showCanvas(TreeView* canvas)
 {
     canvas_ = canvas;
+    waitingPage_->end(*canvas);
+    const QWidget* const focus = focusWidget();
+    const bool isElsewhere = !onboarding_ && focus && !pages_->isAncestorOf(focus);
     pages_->addWidget(canvas);
     for (QAction* action : viewMenu_->actions())
         action->setEnabled(true);
     setOnboardingVisible(onboarding_);
-    canvas->setFocus();
+    if (!isElsewhere)
+        canvas->setFocus();
 }
 
 void DocumentWindow::setOnboardingVisible(bool visible)
@@ -129,13 +163,83 @@ void DocumentWindow::showOpeningReport(const QString& summary, const QString& de
     statusBar()->addPermanentWidget(details_);
 }
 
-void DocumentWindow::closeEvent(QCloseEvent* event)
+QWidget& DocumentWindow::offer(const QString& text, const QString& command, std::function<void()> taken)
 {
-    event->accept();
+    auto* const notice = new Notice(text, command, std::move(taken));
+    rows_->insertWidget(0, notice);
+    return *notice;
+}
+
+void DocumentWindow::showWarning(const QString& warning)
+{
+    // The bar that it stands in takes room from the family as soon as it is asked for.
+    if (!warning_ && warning.isEmpty())
+        return;
+    if (!warning_) {
+        warning_ = new QLabel;
+        warning_->setObjectName(QStringLiteral("warning"));
+        warning_->setStyleSheet(QStringLiteral("color: #b00020; background: white; padding: 4px"));
+        warning_->setTextFormat(Qt::PlainText);
+        warning_->setWordWrap(true);
+        rows_->addWidget(warning_);
+    }
+    warning_->setText(warning);
+    warning_->setVisible(!warning.isEmpty());
+}
+
+void DocumentWindow::restorePlace()
+{
+    restoreGeometry(QSettings().value(geometryKey).toByteArray());
+    const bool isSound = width() >= leastSize.width() && height() >= leastSize.height();
+    if (!isSound || !testAttribute(Qt::WA_Resized))
+        resize(firstSize);
+    // Windows that lie exactly upon one another look like one.
+    constexpr QPoint step(24, 24);
+    const auto isTaken = [this, step](const QWidget* other) {
+        return other != this && other->isVisible() && dynamic_cast<const DocumentWindow*>(other) &&
+               (other->pos() - pos()).manhattanLength() < step.manhattanLength() / 2;
+    };
+    if (std::ranges::any_of(QApplication::topLevelWidgets(), isTaken))
+        move(pos() + step);
+}
+
+void DocumentWindow::keepPlace() const
+{
+    QSettings settings;
+    settings.setValue(geometryKey, saveGeometry());
+    if (panes_->count() > 1)
+        settings.setValue(listWidthKey, panes_->sizes().front());
+}
+
+void DocumentWindow::leave()
+{
+    // What is still asked or chosen there is about a window that goes.
+    for (QDialog* const dialog : findChildren<QDialog*>()) {
+        if (dialog->isVisible())
+            dialog->reject();
+    }
+    // Whoever closes the window may be at it right now, so it is not closed a second time.
+    closeRequested_ = nullptr;
+    letGo();
+    hide();
+}
+
+void DocumentWindow::letGo()
+{
+    keepPlace();
     if (aboutToClose_)
         aboutToClose_();
-    if (closed_)
-        closed_();
+}
+
+void DocumentWindow::closeEvent(QCloseEvent* event)
+{
+    if (closeRequested_) {
+        event->ignore();
+        closeRequested_();
+        return;
+    }
+    event->accept();
+    letGo();
 }
 
 void DocumentWindow::changeEvent(QEvent* event)
@@ -143,6 +247,9 @@ void DocumentWindow::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow() && activated_)
         activated_();
+    // The desktop may do it, too.
+    if (event->type() == QEvent::WindowStateChange && fullScreen_)
+        fullScreen_->setChecked(isFullScreen());
 }
 
 } // namespace lineara

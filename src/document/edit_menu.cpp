@@ -11,10 +11,10 @@ namespace lineara {
 
 namespace {
 
-QString text(const char* source)
+struct EditTexts
 {
-    return QCoreApplication::translate("EditMenu", source);
-}
+    Q_DECLARE_TR_FUNCTIONS(EditTexts)
+};
 
 QAction* add(QMenu& menu, const QString& name, const QKeySequence& shortcut, const std::function<void()>& command)
 {
@@ -28,51 +28,55 @@ QAction* add(QMenu& menu, const QString& name, const QKeySequence& shortcut, con
 QString removeText(const QString& selectionType)
 {
     if (selectionType == Selection::ofPerson())
-        return text("&Remove Person");
+        return EditTexts::tr("&Remove Person");
     if (selectionType == partnerLink)
-        return text("&Remove Partner Link");
+        return EditTexts::tr("&Remove Partner Link");
     if (selectionType == offspringLink)
-        return text("&Remove Child Link");
-    return text("&Remove");
+        return EditTexts::tr("&Remove Child Link");
+    return EditTexts::tr("&Remove");
 }
 
-void showHistory(QAction& action, const QString& verb, const std::optional<QString>& step, bool canEdit)
+/// `verb` stands alone, `phrase` has a place for the step.
+void showHistory(QAction& action, const QString& verb, const QString& phrase, const std::optional<QString>& step,
+                 bool canEdit)
 {
-    action.setText(step ? verb + QLatin1Char(' ') + *step : verb);
+    action.setText(step ? phrase.arg(*step) : verb);
     action.setEnabled(canEdit && step);
 }
 
 } // namespace
 
-EditMenu::EditMenu(QMenu& menu, const EditCommands& commands)
-    : undo_(add(menu, text("&Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z), commands.undo)),
-      redo_(add(menu, text("Re&do"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), commands.redo))
+EditMenu::EditMenu(QMenu& edit, QMenu& person, const EditCommands& commands)
+    : undo_(add(edit, EditTexts::tr("&Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z), commands.undo)),
+      redo_(add(edit, EditTexts::tr("Re&do"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), commands.redo))
 {
-    menu.addSeparator();
-    addPerson_ = add(menu, text("&Add Person"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), commands.addPerson);
-    remove_ = add(menu, removeText(Selection::none()), QKeySequence(QKeySequence::Delete), commands.remove);
-    editName_ = add(menu, text("Edit &Name"), QKeySequence(Qt::Key_F2), commands.editName);
-    setPicture_ =
-        add(menu, text("Set Pic&ture\u2026"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I), commands.setPicture);
-    removePicture_ =
-        add(menu, text("Re&move Picture"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_I), commands.removePicture);
-    menu.addSeparator();
-    linkAsPartner_ = add(menu, text("Link as &Partner of\u2026"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P),
-                         commands.linkAsPartner);
-    linkAsChild_ = add(menu, text("Link as &Child of\u2026"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
+    edit.addSeparator();
+    remove_ = add(edit, removeText(Selection::none()), QKeySequence(QKeySequence::Delete), commands.remove);
+    edit.addSeparator();
+    find_ = add(edit, EditTexts::tr("&Find\u2026"), QKeySequence(QKeySequence::Find), commands.find);
+    addPerson_ =
+        add(person, EditTexts::tr("&Add Person"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), commands.addPerson);
+    person.addSeparator();
+    editName_ = add(person, EditTexts::tr("Edit &Name"), QKeySequence(Qt::Key_F2), commands.editName);
+    setPicture_ = add(person, EditTexts::tr("Set Pic&ture\u2026"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I),
+                      commands.setPicture);
+    removePicture_ = add(person, EditTexts::tr("Re&move Picture"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_I),
+                         commands.removePicture);
+    person.addSeparator();
+    linkAsPartner_ = add(person, EditTexts::tr("Link as &Partner of\u2026"),
+                         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P), commands.linkAsPartner);
+    linkAsChild_ = add(person, EditTexts::tr("Link as &Child of\u2026"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
                        commands.linkAsChild);
-    menu.addSeparator();
-    find_ = add(menu, text("&Find\u2026"), QKeySequence(QKeySequence::Find), commands.find);
     // As buttons they keep their width whatever they are about to change.
-    undo_->setIconText(text("Undo"));
-    redo_->setIconText(text("Redo"));
-    remove_->setIconText(text("Remove"));
+    undo_->setIconText(EditTexts::tr("Undo"));
+    redo_->setIconText(EditTexts::tr("Redo"));
+    remove_->setIconText(EditTexts::tr("Remove"));
 }
 
 void EditMenu::show(const EditState& state)
 {
-    showHistory(*undo_, text("&Undo"), state.undoName, state.canEdit);
-    showHistory(*redo_, text("Re&do"), state.redoName, state.canEdit);
+    showHistory(*undo_, EditTexts::tr("&Undo"), EditTexts::tr("&Undo %1"), state.undoName, state.canEdit);
+    showHistory(*redo_, EditTexts::tr("Re&do"), EditTexts::tr("Re&do %1"), state.redoName, state.canEdit);
     addPerson_->setEnabled(state.canEdit);
     remove_->setText(removeText(state.selectionType));
     remove_->setEnabled(state.canEdit && state.canRemove);

@@ -11,7 +11,7 @@ class QMenu;
 
 namespace lineara {
 
-/// What the commands of the Edit menu do.
+/// What the commands of the Edit menu and the Person menu do.
 struct EditCommands
 {
     std::function<void()> undo;
@@ -26,7 +26,7 @@ struct EditCommands
     std::function<void()> find;
 };
 
-/// What the commands of the Edit menu depend on.
+/// What these commands depend on.
 struct EditState
 {
     bool canEdit = false;            ///< the family is ready to be changed
@@ -37,16 +37,19 @@ struct EditState
     bool hasPicture = false; ///< the selected person has one
 };
 
-/// The Edit menu of a family's window: texts that say what a command will do to what, and its shortcuts.
+/// The Edit menu and the Person menu of a family's window: texts that say what a command will do to what, and its
+/// shortcuts.
 class EditMenu
 {
 public:
-    EditMenu(QMenu& menu, const EditCommands& commands);
+    EditMenu(QMenu& edit, QMenu& person, const EditCommands& commands);
 
     void show(const EditState& state);
 
     /// The commands that a family is built and mended with, for showing them outside of the menu, too.
     QList<QAction*> mainCommands() const { return {addPerson_, remove_, undo_, redo_}; }
+
+    QAction& addPersonCommand() const { return *addPerson_; }
 
 private:
     QAction* undo_;

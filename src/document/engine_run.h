@@ -17,8 +17,11 @@ public:
     void compute(std::stop_token stop)
     {
         if (snapshot_)
-            result_ = engine::process(snapshot_->graph, std::move(stop));
+            result_ = engine::process(snapshot_->graph, std::move(stop), hurry_.get_token());
     }
+
+    /// Gives up waiting for rows that take long to find; the result may leave partners in different rows.
+    void hurry() { hurry_.request_stop(); }
 
     /// False also if the computation was stopped.
     bool hasResult() const { return result_.has_value(); }
@@ -30,6 +33,7 @@ public:
     }
 
 private:
+    std::stop_source hurry_;
     std::optional<FamilySnapshot> snapshot_;
     std::optional<engine::ProcessResult> result_;
 };

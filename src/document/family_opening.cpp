@@ -1,5 +1,6 @@
 #include "document/family_opening.h"
 
+#include "bring_up_to_date.h"
 #include "canvas/first_places.h"
 #include "store/family_file.h"
 
@@ -10,47 +11,95 @@ namespace lineara {
 
 namespace {
 
-// Every GEDCOM file starts with a line of level 0, whatever its ending; a family file is XML.
+// Every GEDCOM file starts with a line of level 0, whatever its ending; a family file is XML, whatever its name.
 bool looksLikeGedcom(const QString& path)
 {
-    if (QFileInfo(path).suffix().compare(QStringLiteral("ged"), Qt::CaseInsensitive) == 0)
-        return true;
+    const QFileInfo info(path);
+    const bool isNamedSo = info.suffix().compare(QStringLiteral("ged"), Qt::CaseInsensitive) == 0;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
+    // Opening a pipe would wait for its other end.
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
+        return isNamedSo && !info.exists();
     QByteArray start = file.read(64);
     if (start.startsWith("\xEF\xBB\xBF"))
         start.remove(0, 3);
-    return start.trimmed().startsWith("0 ");
+    start = start.trimmed();
+    return start.startsWith("0 ") || (isNamedSo && !start.startsWith('<'));
 }
 
-Outcome<OpenedFamily> importFamily(const QString& path)
+Outcome<OpenedFamily> importFamily(const QString& path, const Progress& progress)
 {
-    auto imported = importGedcomFile(path);
+    auto imported = importGedcomFile(path, progress);
     if (imported.failed())
         return imported.failure();
-    return OpenedFamily{std::move(imported.value().context), nullptr, {}, std::move(imported.value().report)};
+    OpenedFamily family;
+    family.context = std::move(imported.value().context);
+    family.importReport = std::move(imported.value().report);
+    return family;
 }
 
-Outcome<OpenedFamily> readOwnFamily(const QString& path)
+Outcome<OpenedFamily> readOwnFamily(const QString& path, const Progress& progress)
 {
-    auto loaded = readFamilyFile(path);
+    if (const auto obstacle = obstacleToUpdating(path)) {
+        auto copy = openFamilyCopy(path, progress);
+        if (copy)
+            copy.value().obstacle = obstacle;
+        return copy;
+    }
+    constexpr double stageOfOldFiles = 0.5;
+    auto current = bringUpToDate(path, MigrationPlaces::ofTheUser(), progress.stage(0, stageOfOldFiles));
+    if (current.failed())
+        return current.failure();
+    // A change that comes while the file is read is one that was not seen.
+    const auto mark = FileMark::of(path);
+    auto loaded = readFamilyFile(path, progress.stage(current.value().original ? stageOfOldFiles : 0, 1));
     if (loaded.failed())
         return loaded.failure();
-    return OpenedFamily{std::move(loaded.value().context), nullptr, std::move(loaded.value().repairs), std::nullopt};
+    current.value().forgetOriginal();
+    OpenedFamily family;
+    family.context = std::move(loaded.value().context);
+    family.repairs = std::move(loaded.value().repairs);
+    family.origin.isOwn = true;
+    family.origin.mark = mark;
+    return family;
 }
 
 } // namespace
 
-Outcome<OpenedFamily> openFamily(const QString& path)
+Outcome<OpenedFamily> openFamily(const QString& path, const Progress& progress)
 {
-    auto opened = looksLikeGedcom(path) ? importFamily(path) : readOwnFamily(path);
+    auto opened = looksLikeGedcom(path) ? importFamily(path, progress) : readOwnFamily(path, progress);
     if (opened.failed())
         return opened;
     OpenedFamily& family = opened.value();
+    family.origin.path = QFileInfo(path).absoluteFilePath();
     const auto pools = family.context->allPools();
     family.pool = pools.empty() ? &family.context->insertPool() : pools.front();
     return opened;
+}
+
+Outcome<OpenedFamily> openFamilyCopy(const QString& path, const Progress& progress)
+{
+    const auto readable = readableCopy(path, progress);
+    if (readable.failed())
+        return readable.failure();
+    auto opened = openFamily(readable.value().path, progress);
+    if (opened)
+        opened.value().origin = {QFileInfo(path).absoluteFilePath(), false, std::nullopt, nullptr, true};
+    return opened;
+}
+
+bool isUpdateStuck(const QString& path)
+{
+    return MigrationNote(MigrationPlaces::ofTheUser().notesFolder, path).hasTemporary();
+}
+
+void completeFamily(OpenedFamily& family)
+{
+    for (Person* const person : family.context->allPersons()) {
+        if (!person->pool())
+            family.pool->addPerson(*person);
+    }
 }
 
 OpenedFamily newFamily()
@@ -63,7 +112,7 @@ OpenedFamily newFamily()
 
 Outcome<OpenedFamily> openSettledFamily(const QString& path)
 {
-    auto opened = openFamily(path);
+    auto opened = openFamilyCopy(path);
     if (opened.failed())
         return opened;
     opened.value().pool->process();

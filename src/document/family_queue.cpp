@@ -6,12 +6,21 @@
 #include "link_generations.h"
 #include "personlist/person_list.h"
 
+#include <chrono>
 #include <utility>
 #include <variant>
 
 namespace lineara {
 
-FamilyQueue::FamilyQueue(Document& document) : document_(document)
+namespace {
+
+constexpr auto editingPatience = std::chrono::milliseconds(300);
+/// Longer, because the window itself tells that it is opening.
+constexpr auto openingPatience = std::chrono::milliseconds(3'000);
+
+} // namespace
+
+FamilyQueue::FamilyQueue(Document& document) : document_(document), wait_(document.window())
 {
     rollBacks_ = document.context().observe([this](const Change& change) {
         if (std::holds_alternative<Replayed>(change) && !isReplaying_)
@@ -33,9 +42,16 @@ void FamilyQueue::open()
 {
     auto run = std::make_shared<EngineRun>();
     WorkBlock block;
-    block.onMainWaiting([this, run] { run->prepare(document_.pool()); })
+    block
+        .onMainWaiting([this, run] {
+            run->prepare(document_.pool());
+            wait_.begin(openingPatience, [run] { run->hurry(); });
+        })
         .compute([run](std::stop_token stop) { run->compute(std::move(stop)); })
-        .onMainWaiting([this, run] { run->apply(document_.pool()); })
+        .onMainWaiting([this, run] {
+            wait_.end();
+            run->apply(document_.pool());
+        })
         .onMain([this] { document_.handleOnboarding(); })
         .onMain([this] { document_.initTreeView(); });
     queue_.enqueue(std::move(block));
@@ -45,6 +61,14 @@ void FamilyQueue::enqueue(FamilyWork work)
 {
     WorkBlock block;
     addSteps(block, std::make_shared<WorkRun>(WorkRun{std::move(work), journal().latestStep()}));
+    queue_.enqueue(std::move(block));
+}
+
+void FamilyQueue::hurry()
+{
+    wait_.setHurried(true);
+    WorkBlock block;
+    block.onMain([this] { wait_.setHurried(false); });
     queue_.enqueue(std::move(block));
 }
 
@@ -64,10 +88,7 @@ void FamilyQueue::addSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run
             if (Person* const person = document_.context().person(id))
                 document_.selectPerson(*person);
         })
-        .onMain([this, id] {
-            if (Person* const person = document_.context().person(id))
-                document_.editNewName(*person);
-        });
+        .onMain([this, id] { document_.editNewName(id); });
 }
 
 void FamilyQueue::addSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run, const Leaving& leaving)
@@ -102,10 +123,13 @@ void FamilyQueue::addSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run
 
 void FamilyQueue::addEngineSteps(WorkBlock& block, const std::shared_ptr<WorkRun>& run)
 {
-    block.compute([run](std::stop_token stop) { run->engine.compute(std::move(stop)); }).onMainWaiting([this, run] {
-        if (run->engine.hasResult())
-            finish(*run, [&] { run->engine.apply(document_.pool()); });
-    });
+    block.onMain([this, run] { wait_.begin(editingPatience, [run] { run->engine.hurry(); }); })
+        .compute([run](std::stop_token stop) { run->engine.compute(std::move(stop)); })
+        .onMainWaiting([this, run] {
+            wait_.end();
+            if (run->engine.hasResult())
+                finish(*run, [&] { run->engine.apply(document_.pool()); });
+        });
 }
 
 void FamilyQueue::join(const WorkRun& run, RecordId id)

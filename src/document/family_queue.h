@@ -1,6 +1,7 @@
 #pragma once
 
 #include "due_ledger.h"
+#include "engine_wait.h"
 #include "free_heights.h"
 #include "platform/observer_list.h"
 #include "platform/serial_queue.h"
@@ -30,6 +31,9 @@ public:
     void enqueue(FamilyWork work);
     void undo();
     void redo();
+    /// Nobody waits in front of the window any more: what is queued by now ends soon, if need be with some partners in
+    /// different rows.
+    void hurry();
 
     /// Remembers where a person without a row hangs at whom the step is about to change that.
     void keepHeight(StepId step, const Person& person);
@@ -67,6 +71,7 @@ private:
     FreeHeights heights_;
     Subscription rollBacks_;
     bool isReplaying_ = false;
+    EngineWait wait_;
     SerialQueue queue_;
 };
 

@@ -6,21 +6,22 @@ namespace lineara {
 
 namespace {
 
-QString text(const char* source, int count = -1)
+struct ReportTexts
 {
-    return QCoreApplication::translate("OpeningReport", source, nullptr, count);
-}
+    Q_DECLARE_TR_FUNCTIONS(ReportTexts)
+};
 
 QString importSummary(const ImportReport& report)
 {
-    QString summary = text("%1 persons, %2 partner links and %3 parent links were taken over.")
+    QString summary = ReportTexts::tr("%1 persons, %2 partner links and %3 parent links were taken over.")
                           .arg(report.persons)
                           .arg(report.partnerLinks)
                           .arg(report.offspringLinks);
     if (report.refusedLinks > 0)
-        summary += QLatin1Char(' ') + text("Links refused: %1.").arg(report.refusedLinks);
+        summary += QLatin1Char(' ') + ReportTexts::tr("Links refused: %1.").arg(report.refusedLinks);
     if (report.notTaken + report.unreadableLines > 0)
-        summary += QLatin1Char(' ') + text("Lines not taken: %1.").arg(report.notTaken + report.unreadableLines);
+        summary +=
+            QLatin1Char(' ') + ReportTexts::tr("Lines not taken: %1.").arg(report.notTaken + report.unreadableLines);
     return summary;
 }
 
@@ -32,9 +33,9 @@ std::optional<OpeningReport> openingReport(const OpenedFamily& family)
         return OpeningReport{importSummary(*family.importReport), family.importReport->notes.join(u'\n')};
     if (family.repairs.isEmpty())
         return std::nullopt;
-    return OpeningReport{
-        text("The file was damaged and has been mended in memory: %1 remark(s).").arg(family.repairs.size()),
-        family.repairs.join(u'\n')};
+    return OpeningReport{ReportTexts::tr("The file was damaged and has been mended in memory: %n remark(s).", nullptr,
+                                         static_cast<int>(family.repairs.size())),
+                         family.repairs.join(u'\n')};
 }
 
 } // namespace lineara

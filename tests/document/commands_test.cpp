@@ -36,7 +36,8 @@ protected:
     /// The command that now has this text, whatever letter is underlined; nullptr if there is none.
     QAction* command(const QString& text) const
     {
-        for (QAction* const action : edited.document->window().editMenu()->actions()) {
+        const DocumentWindow& window = edited.document->window();
+        for (QAction* const action : window.editMenu()->actions() + window.personMenu()->actions()) {
             if (QString(action->text()).remove(QLatin1Char('&')) == text)
                 return action;
         }
@@ -210,7 +211,7 @@ TEST_F(Commands, MarkTheWindowOfAFamilyThatIsNotSaved)
     QApplication::processEvents();
     EXPECT_TRUE(edited.document->window().isWindowModified());
     bool saved = false;
-    edited.document->save(path, [&](const Outcome<Done>& outcome) { saved = !outcome.failed(); });
+    edited.document->save(path, [&](const Outcome<SaveEnd>& outcome) { saved = !outcome.failed(); });
     edited.settle();
     QApplication::processEvents();
     EXPECT_TRUE(saved);
@@ -231,7 +232,7 @@ TEST(Saving, WaitsForWhatWasQueuedBefore)
     EditedDocument edited(*threeGenerations());
     edited.hold();
     edited.linkUnsettled(*edited.person(106), *edited.person(103), partnerLink);
-    edited.document->save(path, [](const Outcome<Done>&) {});
+    edited.document->save(path, [](const Outcome<SaveEnd>&) {});
     edited.release();
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -246,7 +247,7 @@ TEST(Saving, DuringAGlideWritesWhatComesToRest)
     EditedDocument edited(*threeGenerations());
     Person& newcomer = edited.add();
     edited.linkUnsettled(*edited.person(106), newcomer, partnerLink);
-    edited.document->save(path, [](const Outcome<Done>&) {});
+    edited.document->save(path, [](const Outcome<SaveEnd>&) {});
     edited.settle();
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -261,7 +262,7 @@ TEST(Saving, InTheMiddleOfADragLeavesTheRestOfItUnsaved)
     Hand hand(edited.canvas());
     hand.press(hand.panel(*edited.person(106)));
     hand.dragBy({5, 0});
-    edited.document->save(files.path(QStringLiteral("saved.lineara")), [](const Outcome<Done>&) {});
+    edited.document->save(files.path(QStringLiteral("saved.lineara")), [](const Outcome<SaveEnd>&) {});
     edited.settle();
     EXPECT_FALSE(edited.document->isModified());
     hand.dragBy({20, 0});
@@ -277,7 +278,7 @@ TEST(Saving, OfWhatIsUndoneAndRedoneLaterCountsAsSaved)
     EditedDocument edited(*threeGenerations());
     edited.add();
     EXPECT_TRUE(edited.document->isModified());
-    edited.document->save(files.path(QStringLiteral("saved.lineara")), [](const Outcome<Done>&) {});
+    edited.document->save(files.path(QStringLiteral("saved.lineara")), [](const Outcome<SaveEnd>&) {});
     EXPECT_TRUE(edited.document->isSaving());
     edited.settle();
     EXPECT_FALSE(edited.document->isSaving());
@@ -292,7 +293,7 @@ TEST(Saving, AFileThatCanNotBeWrittenIsNamed)
     EditedDocument edited(*threeGenerations());
     const QString before = edited.document->path();
     QString message;
-    edited.document->save(QStringLiteral("/no such folder/family.lineara"), [&](const Outcome<Done>& outcome) {
+    edited.document->save(QStringLiteral("/no such folder/family.lineara"), [&](const Outcome<SaveEnd>& outcome) {
         message = outcome.failed() ? outcome.failure().message : QString();
     });
     edited.settle();
@@ -322,7 +323,7 @@ TEST(NewFamily, IsBuiltFromNothingAndSaved)
     EXPECT_EQ(grandma.generation(), 3);
     EXPECT_EQ(partner.generation(), 2);
     EXPECT_EQ(kid.generation(), 1);
-    edited.document->save(path, [](const Outcome<Done>&) {});
+    edited.document->save(path, [](const Outcome<SaveEnd>&) {});
     edited.settle();
     EXPECT_TRUE(edited.document->hasOwnFile());
     auto read = readFamilyFile(path);

@@ -116,9 +116,8 @@ TEST(Document, ClosingWhileItIsStillProcessedIsSafe)
 TEST(Document, TwoOpenDocumentsHaveTheirOwnFamilies)
 {
     const TestFiles files;
-    const QString path = files.save(QStringLiteral("family.lineara"), *settledFamily());
-    auto first = openDocument(path);
-    auto second = openDocument(path);
+    auto first = openDocument(files.save(QStringLiteral("one.lineara"), *settledFamily()));
+    auto second = openDocument(files.save(QStringLiteral("other.lineara"), *settledFamily()));
     ASSERT_TRUE(settle(*first) && settle(*second));
     first->context().person(RecordId{106})->setName(QStringLiteral("Renamed"));
     EXPECT_EQ(second->context().person(RecordId{106})->name(), QStringLiteral("Kid"));

@@ -20,19 +20,34 @@
 
 namespace lineara {
 
-/// Lets the document's queue run empty and the canvas come to rest; false after a minute.
-inline bool settle(Document& document)
+/// Handles events until `done`; false after a minute.
+inline bool runEventsUntil(const bool& done)
 {
-    bool settled = false;
-    document.whenSettled([&] { settled = true; });
     QElapsedTimer timer;
     timer.start();
-    while (!settled && timer.elapsed() < 60'000)
+    while (!done && timer.elapsed() < 60'000)
         QApplication::processEvents(QEventLoop::AllEvents, 10);
-    if (document.poolProcessing().busy())
-        return settled && settle(document);
+    return done;
+}
+
+/// Lets the document's queue run empty, files be written and the canvas come to rest; false after a minute.
+inline bool settle(Document& document)
+{
+    bool isWritten = false;
+    document.whenSettled([&] { isWritten = true; });
+    if (!runEventsUntil(isWritten))
+        return false;
+    do {
+        // What was enqueued meanwhile, with its last steps.
+        bool isDone = false;
+        WorkBlock block;
+        block.onMain([&] { isDone = true; });
+        document.poolProcessing().enqueue(std::move(block));
+        if (!runEventsUntil(isDone))
+            return false;
+    } while (document.poolProcessing().busy());
     document.commit();
-    return settled;
+    return true;
 }
 
 /// Stands for the list beside the canvas, and writes down what it is asked.
@@ -70,6 +85,8 @@ public:
     void editNameForPerson(Person& person) override { note("edit", &person); }
     bool isEditing() const override { return editing; }
     void commitEditing() override {}
+    std::optional<TypedValues> typed() const override { return beingTyped; }
+    void setTypedObserver(std::function<void()>) override {}
     void findPersons() override { note("find"); }
     void choosePicture(Person&) override { note("choose picture"); }
     void removePicture(Person& person) override
@@ -81,6 +98,7 @@ public:
     std::vector<std::string> log;
     std::vector<RecordId> rows;
     std::optional<RecordId> selected;
+    std::optional<TypedValues> beingTyped;
     bool editing = false;
 
 private:
@@ -163,9 +181,13 @@ public:
     }
     void clickLink(Person& source, Person& target, QStringView type)
     {
+        clickLinkUndelivered(source, target, type);
+        deliver();
+    }
+    void clickLinkUndelivered(Person& source, Person& target, QStringView type)
+    {
         NotificationCenter::defaultCenter().enqueue(LinkSelectionNotification{
             &pool(), LinkSelectionNotification::Link{source.recordId(), target.recordId(), type.toString()}});
-        deliver();
     }
     void clickNothing()
     {

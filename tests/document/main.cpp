@@ -1,3 +1,5 @@
+#include "quiet_log.h"
+
 #include <QApplication>
 #include <QTemporaryDir>
 
@@ -7,10 +9,12 @@ int main(int argc, char** argv)
 {
     // Settings of the user who runs the tests are no concern of theirs.
     const QTemporaryDir settings;
-    qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
+    for (const char* const folder : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
+        qputenv(folder, settings.path().toLocal8Bit());
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("lineara"));
     QApplication::setApplicationName(QStringLiteral("document_tests"));
     testing::InitGoogleTest(&argc, argv);
+    testing::UnitTest::GetInstance()->listeners().Append(new lineara::QuietLog);
     return RUN_ALL_TESTS();
 }

@@ -101,6 +101,91 @@ TEST_F(OwnList, ANewPersonIsNamedAtOnce)
     EXPECT_EQ(person(107).name(), QStringLiteral("Ann"));
 }
 
+TEST_F(OwnList, WhatIsTypedBeforeTheNewNameOpensIsItsBeginning)
+{
+    edited.canvas().setFocus();
+    edited.hold();
+    edited.addUnsettled();
+    edited.type(QStringLiteral("Ana"));
+    edited.press(Qt::Key_Backspace);
+    edited.release();
+    edited.type(QStringLiteral("n"));
+    EXPECT_EQ(edited.nameField()->text(), QStringLiteral("Ann"));
+    edited.press(Qt::Key_Return);
+    EXPECT_EQ(person(107).name(), QStringLiteral("Ann"));
+}
+
+TEST_F(OwnList, WhatIsTypedForEachOfSeveralNewPersonsIsTheirName)
+{
+    edited.canvas().setFocus();
+    edited.hold();
+    edited.addUnsettled();
+    edited.type(QStringLiteral("Ann"));
+    edited.addUnsettled();
+    edited.type(QStringLiteral("Bea"));
+    edited.press(Qt::Key_Return);
+    edited.release();
+    EXPECT_EQ(person(107).name(), QStringLiteral("Ann"));
+    EXPECT_EQ(person(108).name(), QStringLiteral("Bea"));
+}
+
+TEST_F(OwnList, WhatIsTypedRightAfterAnotherNameIsTheNewOne)
+{
+    edited.pressRow(QStringLiteral("Partner"));
+    edited.editName();
+    edited.type(QStringLiteral("s"));
+    edited.hold();
+    edited.addUnsettled();
+    edited.type(QStringLiteral("A"));
+    EditedDocument::deliver();
+    edited.type(QStringLiteral("nn"));
+    edited.release();
+    edited.document->commit();
+    EXPECT_EQ(person(105).name(), QStringLiteral("Partners"));
+    EXPECT_EQ(person(107).name(), QStringLiteral("Ann"));
+}
+
+TEST_F(OwnList, WhatIsTypedForANewPersonWhoseNameDoesNotOpenIsItsNameAllTheSame)
+{
+    edited.pressRow(QStringLiteral("Partner"));
+    edited.canvas().setFocus();
+    edited.hold();
+    edited.addUnsettled();
+    edited.type(QStringLiteral("Anm"));
+    edited.press(Qt::Key_Backspace);
+    edited.type(QStringLiteral("n"));
+    edited.notes()->setFocus();
+    edited.type(QStringLiteral("Plays the flute."));
+    edited.release();
+    edited.document->commit();
+    EXPECT_EQ(person(107).name(), QStringLiteral("Ann"));
+}
+
+TEST_F(OwnList, EscapeTakesBackWhatIsTypedBeforeTheNewNameOpens)
+{
+    edited.canvas().setFocus();
+    edited.hold();
+    edited.addUnsettled();
+    edited.type(QStringLiteral("Ann"));
+    edited.press(Qt::Key_Escape);
+    edited.release();
+    edited.type(QStringLiteral("Bea"));
+    EXPECT_EQ(edited.nameField()->text(), QStringLiteral("Bea"));
+}
+
+TEST_F(OwnList, AnUndoneAdditionLetsTheKeyboardGo)
+{
+    edited.canvas().setFocus();
+    edited.hold();
+    edited.addUnsettled();
+    edited.type(QStringLiteral("Ann"));
+    edited.document->undo();
+    edited.release();
+    edited.press(Qt::Key_F, Qt::ControlModifier);
+    edited.type(QStringLiteral("a"));
+    EXPECT_EQ(edited.search().text(), QStringLiteral("a"));
+}
+
 TEST_F(OwnList, AClickOnNothingBeforeANewPersonComesToRest)
 {
     edited.hold();
@@ -288,7 +373,7 @@ TEST_F(OwnList, WhatIsTypedIsSaved)
     edited.pressRow(QStringLiteral("Kid"));
     edited.notes()->setFocus();
     edited.type(QStringLiteral("Plays the flute."));
-    edited.document->save(path, [](const Outcome<Done>&) {});
+    edited.document->save(path, [](const Outcome<SaveEnd>&) {});
     edited.settle();
     auto read = readFamilyFile(path);
     ASSERT_TRUE(read);

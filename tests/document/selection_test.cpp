@@ -97,6 +97,29 @@ TEST(SelectionOfADocument, OtherFamiliesAndPersonsThatAreGoneAreNoConcern)
     EXPECT_EQ(edited.document->selectionPerson(), edited.person(104));
 }
 
+TEST(SelectionOfADocument, ALinkThatGoesBeforeItsPressIsDeliveredIsNotSelected)
+{
+    EditedDocument edited(*threeGenerations());
+    edited.clickLink(*edited.person(102), *edited.person(104), offspringLink);
+    edited.hold();
+    edited.clickLinkUndelivered(*edited.person(102), *edited.person(104), offspringLink);
+    edited.document->remove();
+    EditedDocument::deliver();
+    EXPECT_EQ(edited.document->selectionType(), Selection::none());
+    EXPECT_FALSE(edited.document->isRemovable());
+    edited.release();
+}
+
+TEST(SelectionOfADocument, APartnershipIsSelectedFromEitherEndOfItsShape)
+{
+    EditedDocument edited;
+    Person& first = edited.add();
+    Person& second = edited.add();
+    edited.link(second, first, partnerLink);
+    edited.clickLink(first, second, partnerLink);
+    EXPECT_EQ(edited.document->selectionType(), partnerLink);
+}
+
 TEST(SelectionOfADocument, IsNothingToRemoveOnceItsWindowIsClosed)
 {
     ApplicationDelegate delegate;

@@ -8,12 +8,16 @@ class ApplicationDelegate
 {
 public:
     ApplicationDelegate();
-    ~ApplicationDelegate();
+    virtual ~ApplicationDelegate();
     ApplicationDelegate(const ApplicationDelegate&) = delete;
     ApplicationDelegate& operator=(const ApplicationDelegate&) = delete;
 
     /// Nullptr where the program has none.
     static ApplicationDelegate* shared();
+
+    /// Closes the window that its user works in, whatever it is, to make room for that of a document which is being
+    /// opened. Nothing is asked, and nothing is lost.
+    virtual void closeMainWindow() {}
 
     /// Whether the document that was last active, or last changed its selection, has something to remove.
     bool canRemove() const { return canRemove_; }

@@ -9,6 +9,7 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -16,6 +17,7 @@
 
 namespace lineara {
 
+class DocumentSaving;
 class DocumentWindow;
 class EditMenu;
 class FamilyQueue;
@@ -23,7 +25,15 @@ class PersonList;
 class PersonTableViewController;
 class SerialQueue;
 class TreeView;
+class TypeAhead;
 struct ReplayedChanges;
+
+/// How a request to save ended where nothing failed.
+enum class SaveEnd
+{
+    Written,
+    FileHasChanged ///< by somebody else since it was read or written here; nothing was written
+};
 
 /// One open family file: its records, the operations that change them, the queue that changes are processed on, what
 /// is selected, and its window. Main thread only.
@@ -33,12 +43,24 @@ struct ReplayedChanges;
 class Document
 {
 public:
+    using Saved = std::function<void(const Outcome<SaveEnd>&)>;
+
+    /// What becomes of the document's own file where it is not what was last read or written here.
+    enum class Overwriting
+    {
+        AsLeft, ///< only what was left there is overwritten
+        Anything
+    };
+
     /// Name of a document that has no file yet.
     static QString defaultDraftName();
 
     /// Opens the file, a family file or one of another program, and assembles its window, which is not shown yet.
     /// The canvas follows as soon as the generations have been worked out on the queue.
     static Outcome<std::unique_ptr<Document>> open(const QString& path);
+
+    /// The same for what was read already.
+    static std::unique_ptr<Document> of(OpenedFamily family);
 
     /// A new, empty family that has no file yet.
     static std::unique_ptr<Document> create();
@@ -47,10 +69,13 @@ public:
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;
 
-    /// The file that the family came from or was saved to; empty without one.
-    const QString& path() const { return path_; }
+    /// The file that the family came from or was saved to.
+    const FamilyOrigin& origin() const;
+    const QString& path() const { return origin().path; }
     /// False for a new family, and for one of another program's file, which is not written to.
-    bool hasOwnFile() const { return hasOwnFile_; }
+    bool hasOwnFile() const { return origin().isOwn; }
+    /// What its window calls the family.
+    QString name() const;
     Pool& pool() const { return *family_.pool; }
     ObjectContext& context() const { return *family_.context; }
     DocumentWindow& window() { return *window_; }
@@ -95,39 +120,63 @@ public:
     void commit();
 
     /// Whether there is anything, what is being typed included, that is not in the file.
-    bool isModified();
+    bool isModified() const;
 
     /// Whether nodes and rows are where they belong at once, instead of moving there.
     void setReducedMotion(bool reduced);
 
+    /// Whether the file was wrong, and what was mended when it was opened has not been written yet.
+    bool isMended() const;
+    /// The step of the history that the family is at; 0 before the first.
+    StepId reachedStep() const;
+    /// Whether work of commands waits for its turn. False before there is a canvas, when there are none.
+    bool isBusy() const;
+
     /// Writes the family to the file, which is the document's own from then on, once everything queued before is done;
-    /// `saved` is called then.
-    void save(const QString& path, std::function<void(const Outcome<Done>&)> saved);
-
+    /// `saved` is called when it is written. What the user goes on to do meanwhile is not a part of it.
+    void save(const QString& path, Saved saved, Overwriting overwriting = Overwriting::AsLeft);
+    /// Writes the family to another file and leaves the document as it is.
+    void saveCopy(const QString& path, std::function<void(const Outcome<Done>&)> saved);
     /// Whether a file is still waiting to be written.
-    bool isSaving() const { return pendingSaves_ > 0; }
+    bool isSaving() const;
+    /// The same, and also while a copy of what is unsaved is to be written or removed.
+    bool isWriting() const;
 
-    /// Runs `settled` once everything queued until now has been done.
+    /// Unsaved changes are copied to a safe place every few seconds. This does so as soon as possible...
+    void keepUnsaved();
+    /// ... and this gives them up.
+    void dropUnsaved();
+    /// Nobody waits in front of the window any more: the engine takes the rows that it finds soon.
+    void hurry();
+
+    /// What of the document's work would be left if it went now; no value if nothing is kept.
+    std::optional<LeftWork> keptWork() const;
+
+    /// Called when the family has been saved to another file, or anew to the same.
+    void setOriginObserver(std::function<void()> changed) { originObserver_ = std::move(changed); }
+
+    /// Runs `settled` once everything queued until now has been done, and what it led to is written.
     void whenSettled(std::function<void()> settled);
 
     /// What the changes of the family take turns on.
-    SerialQueue& poolProcessing();
+    SerialQueue& poolProcessing() const;
 
 private:
+    friend class DocumentSaving;
     friend class FamilyQueue;
 
-    Document(QString path, OpenedFamily family);
+    explicit Document(OpenedFamily family);
 
     void assembleWindow();
     void makeList();
+    void typed();
     void observe();
     Person* ownPerson(const Pool* family, RecordId person) const;
     void initTreeView();
     void aboutToClose();
     void handleOnboarding();
     void showTitle();
-    StepId reachedStep();
-    void recordsChanged();
+    void originChanged();
     void commandsChanged();
     void showCommands();
 
@@ -137,18 +186,20 @@ private:
     bool mayBeLinked(Person& selected, Person& other, const QString& type) const;
     Person& concernedBy(Person& from, Person& to) const;
     void removePerson(Person& person);
-    void removeLink();
     void removeShape(Person& from, Person& to);
+    void removeLink();
     bool isLeaving(RecordId person) const;
 
     void setRemovable(bool removable);
     void unfocusSelectionPerson();
     void reviseSelection();
+    bool isShown(const LinkSelectionNotification::Link& link) const;
 
     // What the queue has done at its steps.
     void syncList();
     void refresh();
-    void editNewName(Person& person);
+    void editNewName(RecordId id);
+    void nameNewcomer(Person& person, const QString& name);
     void editSelectedName();
     void chooseSelectedPicture();
     void removeSelectedPicture();
@@ -159,11 +210,11 @@ private:
     void deselectAfterRemoval(RecordId person);
     void showReplayed(const ReplayedChanges& changes);
 
-    QString path_;
     OpenedFamily family_;
     SeededRandom chance_ = SeededRandom::fromEntropy();
     LeafNursery nodes_;
     std::unique_ptr<DocumentWindow> window_;
+    std::unique_ptr<TypeAhead> typeAhead_;
     std::unique_ptr<EditMenu> editMenu_;
     std::unique_ptr<PersonTableViewController> personTableViewController_;
     PersonList* list_ = nullptr; // the one above, or another in its place
@@ -171,13 +222,12 @@ private:
     std::vector<RecordId> joining_; // added by the user, and no members until their turn comes
     std::vector<RecordId> leaving_; // removed by the user, and in the records until their turn comes
     std::vector<Subscription> subscriptions_;
-    std::optional<StepId> savedStep_ = StepId(); // what the file holds; none where no undo or redo leads to that
-    int pendingSaves_ = 0;
+    std::function<void()> originObserver_ = [] {};
     bool reducedMotion_ = false;
-    bool hasOwnFile_ = false;
     bool commandsStale_ = false;
-    // Comes last: it is told to stop before anything that its blocks would use is gone.
+    // Come last: they are told to stop before anything that their blocks would use is gone.
     std::unique_ptr<FamilyQueue> queue_;
+    std::unique_ptr<DocumentSaving> saving_;
 };
 
 } // namespace lineara

@@ -1,23 +1,30 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QMainWindow>
 
 #include <functional>
 
+class QAction;
 class QLabel;
 class QMenu;
 class QSplitter;
 class QStackedWidget;
 class QToolButton;
+class QVBoxLayout;
 
 namespace lineara {
 
+class OnboardingView;
 class TreeView;
+class WaitingPage;
 
 /// The window of one family file: the canvas, the hint shown while the family is empty, and the menus that concern
 /// what is shown. Its owner adds the menus of the whole program.
 class DocumentWindow : public QMainWindow
 {
+    Q_DECLARE_TR_FUNCTIONS(DocumentWindow)
+
 public:
     DocumentWindow();
 
@@ -30,9 +37,16 @@ public:
     /// The hint covers the canvas while it is shown.
     void setOnboardingVisible(bool visible);
     bool isOnboardingVisible() const;
+    /// What the hint's buttons do; the command to add a person must live as long as the window.
+    void setAddPerson(QAction& command);
+    void setImport(std::function<void()> import);
 
     /// Tells in the status bar what came out of opening the file; `details` opens behind a button where not empty.
     void showOpeningReport(const QString& summary, const QString& details);
+
+    /// Offers something above the family, until it is taken or waved away, or what stands there is deleted. What was
+    /// offered before stays.
+    QWidget& offer(const QString& text, const QString& command, std::function<void()> taken);
 
     /// Puts the list of persons beside the canvas; the window owns it from then on.
     void showList(QWidget* list);
@@ -40,15 +54,22 @@ public:
     /// Shows the commands as buttons above the family.
     void showButtons(const QList<QAction*>& commands);
 
+    /// Tells beneath the family what its user should know until it changes; an empty text for nothing.
+    void showWarning(const QString& warning);
+
     /// Called when the window is about to close, while everything in it is still there.
     void setAboutToClose(std::function<void()> aboutToClose) { aboutToClose_ = std::move(aboutToClose); }
-    /// Called when the user closes the window.
-    void setClosed(std::function<void()> closed) { closed_ = std::move(closed); }
+    /// Called when the user wants to close the window, which stays until leave() is called.
+    void setCloseRequested(std::function<void()> requested) { closeRequested_ = std::move(requested); }
+    /// Closes the window without a question.
+    void leave();
     /// Called when the window becomes the one that the user works in.
     void setActivated(std::function<void()> activated) { activated_ = std::move(activated); }
 
     QMenu* fileMenu() const { return fileMenu_; }
     QMenu* editMenu() const { return editMenu_; }
+    QMenu* personMenu() const { return personMenu_; }
+    QMenu* windowMenu() const { return windowMenu_; }
     QMenu* helpMenu() const { return helpMenu_; }
 
 protected:
@@ -57,20 +78,28 @@ protected:
 
 private:
     void makeViewMenu();
+    void restorePlace();
+    void keepPlace() const;
+    void letGo();
 
+    QVBoxLayout* rows_ = nullptr;
     QSplitter* panes_ = nullptr;
     QStackedWidget* pages_ = nullptr;
-    QWidget* waitingPage_ = nullptr;
-    QLabel* onboardingView_ = nullptr;
+    WaitingPage* waitingPage_ = nullptr;
+    OnboardingView* onboardingView_ = nullptr;
     TreeView* canvas_ = nullptr;
     QMenu* fileMenu_ = nullptr;
     QMenu* editMenu_ = nullptr;
     QMenu* viewMenu_ = nullptr;
+    QMenu* personMenu_ = nullptr;
+    QMenu* windowMenu_ = nullptr;
     QMenu* helpMenu_ = nullptr;
+    QAction* fullScreen_ = nullptr;
     QToolButton* details_ = nullptr;
+    QLabel* warning_ = nullptr;
     bool onboarding_ = false;
     std::function<void()> aboutToClose_;
-    std::function<void()> closed_;
+    std::function<void()> closeRequested_;
     std::function<void()> activated_;
 };
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "document/family_origin.h"
+#include "document/recovery_copy.h"
 #include "interchange/gedcom_import.h"
 #include "model/object_context.h"
 #include "platform/outcome.h"
+#include "platform/progress.h"
 
 #include <QString>
 #include <QStringList>
@@ -22,10 +25,26 @@ struct OpenedFamily
     QStringList repairs;
     /// Present if the file came from another program.
     std::optional<ImportReport> importReport;
+    FamilyOrigin origin;
+    /// Present if this is a copy because the file itself can't be brought up to date: why, ready to follow a colon.
+    std::optional<QString> obstacle;
+    /// Present if there are changes that the file does not have: the copy that holds them.
+    std::shared_ptr<RecoveryCopy> unsaved;
 };
 
-/// Reads a family file or a GEDCOM file, told apart by their content. Nothing of it is an undoable change.
-Outcome<OpenedFamily> openFamily(const QString& path);
+/// Reads a family file or a GEDCOM file, told apart by their content. Nothing of it is an undoable change. A file of an
+/// older version is brought up to date in its place; where that can't be written to, this reads a copy.
+Outcome<OpenedFamily> openFamily(const QString& path, const Progress& progress = {});
+
+/// Reads a family that somebody else works on: it is not written to.
+Outcome<OpenedFamily> openFamilyCopy(const QString& path, const Progress& progress = {});
+
+/// Whether the file was brought up to date, but could not be replaced by that, when it was opened last. Then a copy of
+/// it can be opened.
+bool isUpdateStuck(const QString& path);
+
+/// What was copied in the middle of work: whoever was about to join the family joins it.
+void completeFamily(OpenedFamily& family);
 
 /// An empty family.
 OpenedFamily newFamily();

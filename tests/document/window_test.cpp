@@ -1,0 +1,135 @@
+// The window beside the family: what it does with keys that come too early, and how it follows the desktop.
+
+#include "edited_document.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSettings>
+#include <QTest>
+
+using namespace lineara;
+
+namespace {
+
+QLineEdit& searchField(const DocumentWindow& window)
+{
+    return *window.findChild<QLineEdit*>(QStringLiteral("searchField"));
+}
+
+/// The keys that reach a widget, as their texts.
+class Typed : public QObject
+{
+public:
+    QString text;
+
+private:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress && dynamic_cast<TreeView*>(watched))
+            text += static_cast<QKeyEvent*>(event)->text();
+        return false;
+    }
+};
+
+class DarkTheme
+{
+public:
+    DarkTheme()
+    {
+        QPalette dark(QColor(0x30, 0x30, 0x30));
+        dark.setColor(QPalette::Base, QColor(0x20, 0x20, 0x20));
+        // As themes have it that tell nothing of this colour.
+        dark.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128));
+        QApplication::setPalette(dark);
+    }
+    ~DarkTheme() { QApplication::setPalette(QPalette()); }
+    DarkTheme(const DarkTheme&) = delete;
+    DarkTheme& operator=(const DarkTheme&) = delete;
+};
+
+} // namespace
+
+TEST(DocumentWindow, WhatIsTypedWhileAFamilyIsWorkedOutReachesTheCanvasAndNotTheSearchField)
+{
+    Typed typed;
+    qApp->installEventFilter(&typed);
+    OpenedFamily family;
+    family.context = threeGenerations();
+    family.pool = family.context->allPools().front();
+    const auto document = Document::of(std::move(family));
+    document->poolProcessing().setHeld(true);
+    DocumentWindow& window = document->window();
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_FALSE(document->treeView());
+    ASSERT_TRUE(window.focusWidget());
+    QTest::keyClicks(window.focusWidget(), QStringLiteral("ann"));
+    EXPECT_EQ(typed.text, QString());
+    document->poolProcessing().setHeld(false);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return document->treeView() != nullptr; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return typed.text == QStringLiteral("ann"); }));
+    EXPECT_EQ(searchField(window).text(), QString());
+    EXPECT_TRUE(document->treeView()->hasFocus());
+}
+
+TEST(DocumentWindow, WhoSearchesAlreadyGoesOnWhenTheFamilyComes)
+{
+    OpenedFamily family;
+    family.context = threeGenerations();
+    family.pool = family.context->allPools().front();
+    const auto opened = Document::of(std::move(family));
+    opened->poolProcessing().setHeld(true);
+    opened->window().show();
+    opened->window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&opened->window()));
+    searchField(opened->window()).setFocus(Qt::MouseFocusReason);
+    opened->poolProcessing().setHeld(false);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return opened->treeView() != nullptr; }));
+    QApplication::processEvents();
+    EXPECT_TRUE(searchField(opened->window()).hasFocus());
+}
+
+TEST(DocumentWindow, TheFullScreenCommandFollowsTheWindow)
+{
+    QSettings().clear();
+    {
+        const EditedDocument first(ListOf::Document);
+        DocumentWindow& window = first.document->window();
+        auto* const command = window.findChild<QAction*>(QStringLiteral("fullScreen"));
+        EXPECT_FALSE(command->isChecked());
+        window.showFullScreen();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return command->isChecked(); }));
+        window.showNormal();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !command->isChecked(); }));
+        command->trigger();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return window.isFullScreen(); }));
+        window.leave();
+    }
+    const EditedDocument restored(ListOf::Document);
+    EXPECT_EQ(restored.document->window().findChild<QAction*>(QStringLiteral("fullScreen"))->isChecked(),
+              restored.document->window().isFullScreen());
+    EXPECT_TRUE(restored.document->window().isFullScreen());
+    QSettings().clear();
+}
+
+TEST(DocumentWindow, TheHintInTheSearchFieldCanBeReadInADarkTheme)
+{
+    const DarkTheme theme;
+    const EditedDocument edited(ListOf::Document);
+    const QPalette palette = searchField(edited.document->window()).palette();
+    const QColor hint = palette.color(QPalette::PlaceholderText);
+    EXPECT_GT(hint.lightness() - palette.color(QPalette::Base).lightness(), 100);
+    EXPECT_GT(hint.alpha(), 100);
+}
+
+TEST(DocumentWindow, OffersStandBesideOneAnother)
+{
+    const EditedDocument edited(ListOf::Document);
+    DocumentWindow& window = edited.document->window();
+    for (const char16_t* const text : {u"one", u"two"})
+        window.offer(QString::fromUtf16(text), QStringLiteral("Take"), [] {});
+    EXPECT_EQ(window.findChildren<QFrame*>(QStringLiteral("notice")).size(), 2);
+}
