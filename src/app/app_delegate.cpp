@@ -1,21 +1,24 @@
 #include "app/app_delegate.h"
 
+#include "about_dialog.h"
 #include "document/document_window.h"
+#include "document_controller.h"
 #include "motion_preference.h"
-#include "saving.h"
+#include "program_files.h"
+#include "program_menus.h"
+#include "recent_documents.h"
+#include "recent_table.h"
 #include "start_window.h"
+#include "termination.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDesktopServices>
 #include <QDir>
-#include <QEventLoopLocker>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMenu>
-#include <QMessageBox>
-#include <QStandardPaths>
-#include <QTimer>
+#include <QSettings>
 
 #include <algorithm>
 
@@ -23,147 +26,212 @@ namespace lineara {
 
 namespace {
 
-QString text(const char* source)
+const QString usesKey = QStringLiteral("uses");
+
+struct Text
 {
-    return QCoreApplication::translate("AppDelegate", source);
+    Q_DECLARE_TR_FUNCTIONS(AppDelegate)
+};
+
+void countUse()
+{
+    QSettings settings;
+    settings.setValue(usesKey, settings.value(usesKey, 0).toInt() + 1);
 }
 
-// Where the sample family lies: beside the installed program, or in the tree it was built in.
-QString samplePath()
+QStringList choosePaths(const QString& title, const QString& kinds)
 {
-    const QDir programs(QCoreApplication::applicationDirPath());
-    for (const QString& folder : {QStringLiteral("../share/lineara/samples"), QStringLiteral("../../../samples")}) {
-        const QString path = programs.absoluteFilePath(folder + QStringLiteral("/shakespeare.lineara"));
-        if (QFileInfo::exists(path))
-            return QDir::cleanPath(path);
-    }
-    return {};
+    return QFileDialog::getOpenFileNames(QApplication::activeWindow(), title, QDir::homePath(), kinds);
+}
+
+RecoveryOffer offerOf(const LeftWork& work)
+{
+    const QString folder = work.path.isEmpty() ? QString() : QFileInfo(work.path).path();
+    return {work.name, work.isDamaged ? Text::tr("unknown folder") : folder, work.changed, work.id};
 }
 
 } // namespace
 
 AppDelegate::AppDelegate()
     : motion_(std::make_unique<MotionPreference>([this] {
-          for (const auto& document : documents_)
+          for (const auto& document : documents_->documents())
               document->setReducedMotion(motion_->isReduced());
-      }))
-{}
+      })),
+      documents_(std::make_unique<DocumentController>(DocumentController::Surroundings{
+          [this](Document& document) { furnish(document); }, [](const QString& path) { RecentDocuments::note(path); },
+          [this] { settled(); }})),
+      termination_(std::make_unique<Termination>([this] { leave(); }, [this] { sessionEnds(); })),
+      openUrl_(&QDesktopServices::openUrl)
+{
+    // The last window to close may be one that makes room for another.
+    QApplication::setQuitOnLastWindowClosed(false);
+}
 
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::start(const QStringList& paths)
 {
-    for (const QString& path : paths)
-        open(path);
-    if (documents_.empty())
+    window_ = std::make_unique<StartWindow>(startCommands());
+    fillFileMenu(*window_->fileMenu(), *window_, nullptr, commands());
+    fillWindowMenu(*window_->windowMenu(), *window_, commands());
+    fillHelpMenu(*window_->helpMenu(), commands());
+    window_->recentTable().setForget([this](int row) { forgetRecent(row); });
+    showRecentRows();
+    documents_->track(*window_);
+    countUse();
+    open(paths);
+}
+
+void AppDelegate::open(const QStringList& paths)
+{
+    documents_->open(paths);
+}
+
+StartCommands AppDelegate::startCommands()
+{
+    StartCommands all;
+    all.openNew = [this] { documents_->openNew(); };
+    all.open = [this] { chooseAndOpen(); };
+    all.import = [this] { chooseAndImport(); };
+    if (const QString sample = sampleFamily(); !sample.isEmpty())
+        all.openSample = [this, sample] { documents_->openCopy(sample); };
+    all.openFiles = [this](const QStringList& paths) { open(paths); };
+    all.recover = [this](const QString& id) { recover(id); };
+    all.discard = &RecoveryCopy::discard;
+    all.closed = [this] { startWindowClosed(); };
+    return all;
+}
+
+ProgramCommands AppDelegate::commands()
+{
+    ProgramCommands all;
+    all.openNew = [this] { documents_->openNew(); };
+    all.open = [this] { chooseAndOpen(); };
+    all.import = [this] { chooseAndImport(); };
+    all.openPath = [this](const QString& path) { open({path}); };
+    all.recentPaths = [] {
+        QStringList paths;
+        for (const QUrl& url : RecentDocuments::recentDocumentUrls())
+            paths << url.toLocalFile();
+        return paths;
+    };
+    all.forgetRecent = &RecentDocuments::clear;
+    all.revert = [this](Document& document) { documents_->revert(document); };
+    all.quit = [this] { quit(); };
+    all.showStartWindow = [this] { showStartWindow(); };
+    all.windows = [this] {
+        QList<QMainWindow*> windows;
+        for (const auto& document : documents_->documents())
+            windows << &document->window();
+        return windows;
+    };
+    all.openHelp = [this] { openHelp(); };
+    all.contact = [this](const QAction& sender) { contact(sender); };
+    all.showAbout = [this] { showAbout(); };
+    return all;
+}
+
+void AppDelegate::furnish(Document& document)
+{
+    document.setReducedMotion(motion_->isReduced());
+    DocumentWindow& window = document.window();
+    fillFileMenu(*window.fileMenu(), window, &document, commands());
+    fillWindowMenu(*window.windowMenu(), window, commands());
+    fillHelpMenu(*window.helpMenu(), commands());
+    window.setImport([this] { chooseAndImport(); });
+}
+
+void AppDelegate::recover(const QString& id)
+{
+    const auto left = RecoveryCopy::left();
+    const auto work = std::ranges::find(left, id, &LeftWork::id);
+    if (work != left.end())
+        documents_->recover(*work);
+    else
         showStartWindow();
-}
-
-bool AppDelegate::open(const QString& path)
-{
-    QWidget* inFront = QApplication::activeWindow();
-    auto opened = Document::open(path);
-    if (opened.failed()) {
-        QMessageBox::warning(inFront, text("Can't Open the Family"), opened.failure().message);
-        return false;
-    }
-    show(std::move(opened.value()));
-    return true;
-}
-
-void AppDelegate::openNew()
-{
-    show(Document::create());
-}
-
-void AppDelegate::show(std::unique_ptr<Document> made)
-{
-    QWidget* inFront = QApplication::activeWindow();
-    const auto before = std::ranges::find_if(
-        documents_, [inFront](const auto& open) { return static_cast<QWidget*>(&open->window()) == inFront; });
-    // What is not saved yet stays open.
-    const bool isReplaced = inFront && (before == documents_.end() || !(*before)->isModified());
-    documents_.push_back(std::move(made));
-    Document* document = documents_.back().get();
-    document->setReducedMotion(motion_->isReduced());
-    DocumentWindow& window = document->window();
-    fillFileMenu(*window.fileMenu(), window, document);
-    fillHelpMenu(*window.helpMenu());
-    window.setClosed([this, document] { closed(document); });
-    window.show();
-    if (isReplaced)
-        inFront->close();
 }
 
 void AppDelegate::chooseAndOpen()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        QApplication::activeWindow(), text("Open a Family"), QDir::homePath(),
-        text("Families (*.lineara *.ged *.GED);;Family files (*.lineara);;GEDCOM files (*.ged *.GED);;All files (*)"));
-    if (!path.isEmpty())
-        open(path);
+    open(choosePaths(Text::tr("Open a Family"),
+                     Text::tr("Families (*.lineara *.ged *.GED);;Family files (*.lineara);;GEDCOM files (*.ged "
+                              "*.GED);;All files (*)")));
 }
 
-void AppDelegate::openSample()
+void AppDelegate::chooseAndImport()
 {
-    open(samplePath());
+    open(choosePaths(Text::tr("Import a Family"), Text::tr("GEDCOM files (*.ged *.GED);;All files (*)")));
 }
 
 void AppDelegate::showStartWindow()
 {
-    startWindow_ = std::make_unique<StartWindow>(
-        StartCommands{[this] { openNew(); }, [this] { chooseAndOpen(); },
-                      samplePath().isEmpty() ? std::function<void()>() : [this] { openSample(); }});
-    fillFileMenu(*startWindow_->fileMenu(), *startWindow_, nullptr);
-    fillHelpMenu(*startWindow_->helpMenu());
-    startWindow_->show();
+    QList<RecoveryOffer> offers;
+    for (const LeftWork& work : RecoveryCopy::left())
+        offers << offerOf(work);
+    window_->setRecoveryOffers(offers);
+    showRecentRows();
+    window_->show();
+    window_->raise();
+    window_->activateWindow();
 }
 
-void AppDelegate::closed(Document* document)
+void AppDelegate::startWindowClosed()
 {
-    const auto letGo = [this, document] {
-        // The window, or the document's queue, is still at work on what leads here.
-        QTimer::singleShot(0, qApp, [this, document] {
-            std::erase_if(documents_, [document](const auto& open) { return open.get() == document; });
-        });
-    };
-    if (!document->isSaving())
-        letGo();
-    else // The program goes on without a window until the file is written.
-        document->whenSettled([letGo, goOn = std::make_shared<QEventLoopLocker>()] { letGo(); });
+    isQuitting_ = documents_->documents().empty() && !documents_->isOpening();
+    settled();
 }
 
-void AppDelegate::fillFileMenu(QMenu& menu, QMainWindow& window, Document* document)
+void AppDelegate::settled()
 {
-    const auto add = [&](const QString& name, const QKeySequence& shortcut, const std::function<void()>& command) {
-        QAction* action = menu.addAction(name);
-        action->setShortcut(shortcut);
-        QObject::connect(action, &QAction::triggered, &window, command);
-    };
-    add(text("&New"), QKeySequence::New, [this] { openNew(); });
-    add(text("&Open\u2026"), QKeySequence::Open, [this] { chooseAndOpen(); });
-    if (document) {
-        menu.addSeparator();
-        add(text("&Save"), QKeySequence::Save, [document] { saveDocument(*document); });
-        add(text("Save &As\u2026"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
-            [document] { saveDocumentAs(*document); });
-    }
-    menu.addSeparator();
-    add(text("&Close"), QKeySequence::Close, [&window] { window.close(); });
-    add(text("&Quit"), QKeySequence::Quit, [] { QApplication::closeAllWindows(); });
+    // A family whose changes found no safe place has come back.
+    isQuitting_ = isQuitting_ && documents_->documents().empty();
+    if (isQuitting_ && !documents_->isLeaving())
+        // Windows have been asked, and some may be of another mind by now.
+        QCoreApplication::exit();
+    else if (!isQuitting_ && documents_->documents().empty() && !documents_->isOpening())
+        showStartWindow();
 }
 
-void AppDelegate::fillHelpMenu(QMenu& menu)
+void AppDelegate::closeMainWindow()
 {
-    QAction* about = menu.addAction(text("&About Lineara"));
-    QObject::connect(about, &QAction::triggered, about, [this] { showAbout(); });
+    documents_->closeMainWindow();
+}
+
+void AppDelegate::quit()
+{
+    documents_->closeAll([this] {
+        isQuitting_ = true;
+        documents_->stopOpening();
+        window_->hide();
+        settled();
+    });
+}
+
+void AppDelegate::leave()
+{
+    documents_->stopOpening();
+    // To quit would ask every window to close, and each of them may say no.
+    documents_->keepUnsaved([] { QCoreApplication::exit(); });
+}
+
+void AppDelegate::sessionEnds()
+{
+    // May be told late, when nobody waits any more.
+    const auto untilKept = std::make_shared<QEventLoop>();
+    const auto isKept = std::make_shared<bool>(false);
+    documents_->keepUnsaved([untilKept, isKept] {
+        *isKept = true;
+        untilKept->quit();
+    });
+    if (!*isKept)
+        untilKept->exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 void AppDelegate::showAbout()
 {
-    QMessageBox::about(
-        QApplication::activeWindow(), text("About Lineara"),
-        text("<h3>Lineara %1</h3><p>A family tree that draws itself.</p>").arg(QCoreApplication::applicationVersion()));
+    auto* const dialog = new AboutDialog(documents_->mainWindow());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->show();
 }
 
 } // namespace lineara

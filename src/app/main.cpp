@@ -1,6 +1,10 @@
 #include "app/app_delegate.h"
+#include "home_folder.h"
+#include "program_icon.h"
+#include "translations.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QUrl>
 
 namespace {
@@ -24,6 +28,7 @@ QStringList localPaths(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    lineara::settleHomeFolder();
     const QStringList paths = localPaths(argc, argv);
     // The program takes no options: everything after its name is a file, also where it looks like one of the toolkit's.
     int programNameOnly = 1;
@@ -32,6 +37,8 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("lineara"));
     QApplication::setApplicationDisplayName(QStringLiteral("Lineara"));
     QApplication::setApplicationVersion(QStringLiteral(LINEARA_VERSION));
+    lineara::speak(lineara::spokenLanguage(QLocale::system().uiLanguages()));
+    QApplication::setWindowIcon(lineara::programIcon());
     lineara::AppDelegate delegate;
     delegate.start(paths);
     return QApplication::exec();

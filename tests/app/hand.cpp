@@ -1,5 +1,6 @@
 #include "hand.h"
 
+#include <QRegularExpression>
 #include <QWidget>
 #include <QtCore/qtestsupport_core.h>
 
@@ -50,6 +51,11 @@ void Hand::click(QPoint point)
     act(movingTo(point) + pressing + releasing);
 }
 
+void Hand::doubleClick(QPoint point)
+{
+    act(movingTo(point) + pressing + releasing + pausing + pressing + releasing);
+}
+
 void Hand::drag(QPoint from, QPoint to)
 {
     press(from);
@@ -96,13 +102,22 @@ void Hand::bringToFront(QWidget& window)
     ASSERT_TRUE(waitUntil([&] { return window.isActiveWindow(); })) << window.windowTitle().toStdString();
 }
 
+void Hand::focus(const QString& title)
+{
+    const QString pattern = QStringLiteral("^%1").arg(QRegularExpression::escape(title));
+    act({QStringLiteral("search"), QStringLiteral("--sync"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
+         pattern, QStringLiteral("windowfocus"), QStringLiteral("--sync")});
+}
+
 /// Spawned by the system's own call: forked from here, with threads running, a checked program would go wrong.
 void Hand::act(const QStringList& commands)
 {
     std::vector<std::string> words{"xdotool"};
+    words.reserve(static_cast<std::size_t>(commands.size()) + 1);
     for (const QString& command : commands)
         words.push_back(command.toStdString());
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);

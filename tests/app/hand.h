@@ -17,6 +17,7 @@ class Hand
 public:
     static void moveTo(QPoint point);
     static void click(QPoint point);
+    static void doubleClick(QPoint point);
     /// Presses at the one point and releases at the other; the pointer passes what lies between.
     static void drag(QPoint from, QPoint to);
     static void press(QPoint point);
@@ -31,6 +32,9 @@ public:
 
     /// Gives a window the keyboard, as a window manager does for one that has just come up; there is none here.
     static void bringToFront(QWidget& window);
+
+    /// The same for a window of another program, as soon as there is one of that title.
+    static void focus(const QString& title);
 
 private:
     static void act(const QStringList& commands);

@@ -70,7 +70,7 @@ void HandTest::chooseByMouse(QMenu& menu, const QString& command)
 void HandTest::addByMouse()
 {
     const std::size_t before = program_.personCount();
-    editByMouse(QStringLiteral("Add Person"));
+    chooseByMouse(*window_->personMenu(), QStringLiteral("Add Person"));
     ASSERT_TRUE(waitUntil([&] { return program_.personCount() == before + 1; }));
 }
 

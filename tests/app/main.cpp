@@ -1,4 +1,8 @@
+#include "quiet_log.h"
+
 #include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -23,7 +27,11 @@ int main(int argc, char** argv)
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("lineara"));
     QApplication::setApplicationName(QStringLiteral("lineara"));
+    // Settings of the user who runs the tests are no concern of theirs.
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     // The hand that the tests move is that of a display; without one they could only pretend.
     if (QApplication::platformName() != QStringLiteral("xcb")) {
         qCritical("these tests need an X display of their own, not the platform %s",
@@ -32,5 +40,6 @@ int main(int argc, char** argv)
     }
     testing::InitGoogleTest(&argc, argv);
     testing::UnitTest::GetInstance()->listeners().Append(new EndingAtFailure);
+    testing::UnitTest::GetInstance()->listeners().Append(new lineara::QuietLog);
     return RUN_ALL_TESTS();
 }

@@ -37,10 +37,12 @@ QAction* named(const Actions& actions, const QString& name)
 
 } // namespace
 
-OpenedProgram::OpenedProgram()
+OpenedProgram::OpenedProgram() : OpenedProgram(QString()) {}
+
+OpenedProgram::OpenedProgram(const QString& home) : home_(home.isEmpty() ? ownHome_.path() : home)
 {
     // Wherever the program proposes a file or keeps settings, it is here.
-    qputenv("HOME", home_.path().toLocal8Bit());
+    qputenv("HOME", home_.toLocal8Bit());
     for (const char* const folder : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
         qunsetenv(folder);
     delegate_.emplace();

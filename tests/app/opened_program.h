@@ -17,6 +17,7 @@ class QMenu;
 namespace lineara {
 
 class DocumentWindow;
+class Pool;
 class TreeView;
 
 using Generations = std::vector<std::optional<int>>;
@@ -27,6 +28,8 @@ class OpenedProgram
 {
 public:
     OpenedProgram();
+    /// In a home that is there already.
+    explicit OpenedProgram(const QString& home);
     ~OpenedProgram();
     OpenedProgram(const OpenedProgram&) = delete;
     OpenedProgram& operator=(const OpenedProgram&) = delete;
@@ -60,10 +63,11 @@ public:
     /// Whether the menu has the command now, and it can be given.
     static bool offers(const QMenu& menu, const QString& command);
 
-    QString homePath(const QString& name) const { return home_.filePath(name); }
+    QString homePath(const QString& name) const { return home_ + QLatin1Char('/') + name; }
 
 private:
-    QTemporaryDir home_;
+    QTemporaryDir ownHome_;
+    QString home_;
     std::optional<AppDelegate> delegate_;
 };
 
