@@ -9,6 +9,7 @@ from formatting import unformatted
 from include_direction import wrong_uses
 from orphans import uncompiled_sources, unused_headers
 from put_off import put_off
+from translations import unfit
 
 
 class Check(unittest.TestCase):
@@ -106,6 +107,29 @@ class PutOff(Check):
         self.assertEqual(list(put_off(self.root)),
                          ["src/a.cpp:1: TODO", "tests/b.cpp:1: DISABLED_Case", "tests/b.cpp:2: NOLINTED",
                           "tests/b.cpp:3: NOLINTNEXTLINE"])
+
+
+class Translations(Check):
+    def found(self, source, translation):
+        self.plant("translations/lineara_de.ts",
+                   f"<TS><context><name>Menu</name><message><source>{source}</source>{translation}</message></context></TS>")
+        return list(unfit(self.root / "translations/lineara_de.ts"))
+
+    def test_one_that_fits_passes(self):
+        self.assertEqual(self.found("&amp;Open %1…", "<translation>%1 ö&amp;ffnen…</translation>"), [])
+
+    def test_a_missing_one_is_found(self):
+        self.assertEqual(len(self.found("Open", '<translation type="unfinished"></translation>')), 1)
+        self.assertEqual(len(self.found("Open", "<translation></translation>")), 1)
+
+    def test_one_that_lost_a_placeholder_is_found(self):
+        self.assertEqual(len(self.found("%1 and %2", "<translation>%1 und %1</translation>")), 1)
+        self.assertEqual(len(self.found("%n file(s)", "<translation><numerusform>%n Datei</numerusform>"
+                                                      "<numerusform>Dateien</numerusform></translation>")), 1)
+
+    def test_one_that_lost_its_underlined_letter_or_ending_is_found(self):
+        self.assertEqual(len(self.found("&amp;Open", "<translation>Öffnen</translation>")), 1)
+        self.assertEqual(len(self.found("Open…", "<translation>Öffnen</translation>")), 1)
 
 
 if __name__ == "__main__":

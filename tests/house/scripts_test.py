@@ -16,7 +16,8 @@ import screenshot  # noqa: E402
 
 class Scripts(unittest.TestCase):
     def test_all_are_sound_and_can_be_started(self):
-        for name in ("run", "test", ".ci/run", "scripts/lint", "scripts/fuzz", "scripts/recording"):
+        for name in ("run", "test", ".ci/run", "scripts/lint", "scripts/fuzz", "scripts/chaos", "scripts/icons",
+                     "scripts/recording", "scripts/translations"):
             subprocess.run(["bash", "-n", HOUSE / name], check=True)
             self.assertTrue(os.access(HOUSE / name, os.X_OK), name)
 
