@@ -1,0 +1,1508 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>AppDelegate</name>
+    <message>
+        <source>Open a Family</source>
+        <translation>Familie öffnen</translation>
+    </message>
+    <message>
+        <source>Families (*.lineara *.ged *.GED);;Family files (*.lineara);;GEDCOM files (*.ged *.GED);;All files (*)</source>
+        <translation>Familien (*.lineara *.ged *.GED);;Familiendateien (*.lineara);;GEDCOM-Dateien (*.ged *.GED);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Import a Family</source>
+        <translation>Familie importieren</translation>
+    </message>
+    <message>
+        <source>GEDCOM files (*.ged *.GED);;All files (*)</source>
+        <translation>GEDCOM-Dateien (*.ged *.GED);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>unknown folder</source>
+        <translation>unbekannter Ordner</translation>
+    </message>
+</context>
+<context>
+    <name>BringUpToDate</name>
+    <message>
+        <source>“%1” is not brought up to date, because no copy of it can be kept in “%2”: %3</source>
+        <translation>„%1“ wird nicht auf den neuen Stand gebracht, weil in „%2“ keine Kopie davon aufbewahrt werden kann: %3</translation>
+    </message>
+    <message>
+        <source>“%1” was written by a newer version of Lineara (data model %2); this version reads data models up to %3. The file was not changed.</source>
+        <translation>„%1“ wurde von einer neueren Version von Lineara geschrieben (Datenmodell %2); diese Version liest Datenmodelle bis %3. Die Datei wurde nicht verändert.</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t be brought up to date: this version of Lineara knows no way from data model %2 to %3.</source>
+        <translation>„%1“ lässt sich nicht auf den neuen Stand bringen: Diese Version von Lineara kennt keinen Weg vom Datenmodell %2 zu %3.</translation>
+    </message>
+    <message>
+        <source>%1 The file as it was is kept in “%2”.</source>
+        <translation>%1 Die Datei, wie sie war, wird unter „%2“ aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t be opened, because no copy of it can be made: %2</source>
+        <translation>„%1“ lässt sich nicht öffnen, weil keine Kopie davon angelegt werden kann: %2</translation>
+    </message>
+</context>
+<context>
+    <name>CellTexts</name>
+    <message>
+        <source>Remove Picture</source>
+        <translation>Bild entfernen</translation>
+    </message>
+    <message>
+        <source>Birth</source>
+        <translation>Geburt</translation>
+    </message>
+    <message>
+        <source>Edit Birth</source>
+        <translation>Geburt bearbeiten</translation>
+    </message>
+    <message>
+        <source>Death</source>
+        <translation>Tod</translation>
+    </message>
+    <message>
+        <source>Edit Death</source>
+        <translation>Tod bearbeiten</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Set Pic</source>
+        <translation>Bild setzen</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Edit Name</source>
+        <translation>Namen bearbeiten</translation>
+    </message>
+    <message>
+        <source>Edit Notes</source>
+        <translation>Notizen bearbeiten</translation>
+    </message>
+</context>
+<context>
+    <name>Closing</name>
+    <message>
+        <source>Do you want to save the changes to “%1”?</source>
+        <translation>Die Änderungen an „%1“ speichern?</translation>
+    </message>
+    <message>
+        <source>They are lost otherwise.</source>
+        <translation>Sonst gehen sie verloren.</translation>
+    </message>
+</context>
+<context>
+    <name>ConnectorView</name>
+    <message>
+        <source>Click and drag to connect to partner</source>
+        <translation>Klicken und ziehen, um mit einem Partner zu verbinden</translation>
+    </message>
+    <message>
+        <source>Click and drag to connect to child</source>
+        <translation>Klicken und ziehen, um mit einem Kind zu verbinden</translation>
+    </message>
+</context>
+<context>
+    <name>DateEntry</name>
+    <message>
+        <source>There is no month %1.</source>
+        <translation>Es gibt keinen Monat %1.</translation>
+    </message>
+    <message>
+        <source>There is no day %1.</source>
+        <translation>Es gibt keinen Tag %1.</translation>
+    </message>
+    <message>
+        <source>%1 %2 had no day %3.</source>
+        <translation>Im %1 %2 gab es keinen Tag %3.</translation>
+    </message>
+    <message>
+        <source>%1 has no day %2.</source>
+        <translation>Im %1 gibt es keinen Tag %2.</translation>
+    </message>
+    <message>
+        <source>“%1” is no day.</source>
+        <translation>„%1“ ist kein Tag.</translation>
+    </message>
+    <message>
+        <source>“%1” is no month.</source>
+        <translation>„%1“ ist kein Monat.</translation>
+    </message>
+    <message>
+        <source>“%1” is no year.</source>
+        <translation>„%1“ ist kein Jahr.</translation>
+    </message>
+    <message>
+        <source>The day needs its month.</source>
+        <translation>Zum Tag fehlt der Monat.</translation>
+    </message>
+    <message>
+        <source>The month needs its year.</source>
+        <translation>Zum Monat fehlt das Jahr.</translation>
+    </message>
+</context>
+<context>
+    <name>DateFormatter</name>
+    <message>
+        <source>“%1” is no date.</source>
+        <translation>„%1“ ist kein Datum.</translation>
+    </message>
+</context>
+<context>
+    <name>Document</name>
+    <message>
+        <source>Link as Partner of</source>
+        <translation>Verbinden als Partner von</translation>
+    </message>
+    <message>
+        <source>Link as Child of</source>
+        <translation>Verbinden als Kind von</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t be opened: it is open in another window already.</source>
+        <translation>„%1“ lässt sich nicht öffnen: Es ist schon in einem anderen Fenster offen.</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentController</name>
+    <message>
+        <source>“%1” is being worked on in another window of Lineara.</source>
+        <translation>An „%1“ wird in einem anderen Fenster von Lineara gearbeitet.</translation>
+    </message>
+    <message>
+        <source>A copy can be opened as it is in the file now. It is saved to a file of its own.</source>
+        <translation>Eine Kopie lässt sich öffnen, so wie die Datei jetzt ist. Sie wird in einer eigenen Datei gespeichert.</translation>
+    </message>
+    <message>
+        <source>Open a Copy</source>
+        <translation>Kopie öffnen</translation>
+    </message>
+    <message>
+        <source>The unsaved changes of “%1” are gone: they are open in another window, or were removed.</source>
+        <translation>Die nicht gespeicherten Änderungen von „%1“ sind fort: Sie sind in einem anderen Fenster offen oder wurden entfernt.</translation>
+    </message>
+    <message>
+        <source>“%1” was closed with unsaved changes, which are kept.</source>
+        <translation>„%1“ wurde mit nicht gespeicherten Änderungen geschlossen; sie sind aufgehoben.</translation>
+    </message>
+    <message>
+        <source>Open Them</source>
+        <translation>Änderungen öffnen</translation>
+    </message>
+    <message>
+        <source>Can&apos;t Open the Family</source>
+        <translation>Die Familie lässt sich nicht öffnen</translation>
+    </message>
+    <message>
+        <source>A copy that is up to date can be opened. It is saved to a file of its own.</source>
+        <translation>Eine Kopie auf dem neuen Stand lässt sich öffnen. Sie wird in einer eigenen Datei gespeichert.</translation>
+    </message>
+    <message>
+        <source>Unsaved changes of “%1” were kept on %2.</source>
+        <translation>Nicht gespeicherte Änderungen von „%1“ wurden am %2 aufbewahrt.</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentSaving</name>
+    <message>
+        <source>“%1” can&apos;t be saved: the file is open in another window. Close it there, or save under another name.</source>
+        <translation>„%1“ lässt sich nicht speichern: Die Datei ist in einem anderen Fenster offen. Dort schließen oder unter einem anderen Namen speichern.</translation>
+    </message>
+    <message>
+        <source>Unsaved changes of “%1” would be lost in a crash, so save soon. No copy of them can be kept: %2</source>
+        <translation>Nicht gespeicherte Änderungen von „%1“ gingen bei einem Absturz verloren, also bitte bald speichern. Eine Kopie davon lässt sich nicht aufbewahren: %2</translation>
+    </message>
+    <message>
+        <source>%1 (copy)</source>
+        <translation>%1 (Kopie)</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentWindow</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>&amp;Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>&amp;Actual Size</source>
+        <translation>&amp;Originalgröße</translation>
+    </message>
+    <message>
+        <source>&amp;Fit</source>
+        <translation>&amp;Alles zeigen</translation>
+    </message>
+    <message>
+        <source>F&amp;ull Screen</source>
+        <translation>Voll&amp;bild</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Details…</source>
+        <translation>Einzelheiten…</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>&amp;Fenster</translation>
+    </message>
+    <message>
+        <source>&amp;Person</source>
+        <translation>&amp;Person</translation>
+    </message>
+</context>
+<context>
+    <name>EditTexts</name>
+    <message>
+        <source>&amp;Remove Person</source>
+        <translation>Person &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove Partner Link</source>
+        <translation>Partnerverbindung &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove Child Link</source>
+        <translation>Kindverbindung &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>Re&amp;do</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Add Person</source>
+        <translation>Person &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>Edit &amp;Name</source>
+        <translation>&amp;Namen bearbeiten</translation>
+    </message>
+    <message>
+        <source>Set Pic&amp;ture…</source>
+        <translation>&amp;Bild setzen…</translation>
+    </message>
+    <message>
+        <source>Re&amp;move Picture</source>
+        <translation>Bi&amp;ld entfernen</translation>
+    </message>
+    <message>
+        <source>Link as &amp;Partner of…</source>
+        <translation>Verbinden als &amp;Partner von…</translation>
+    </message>
+    <message>
+        <source>Link as &amp;Child of…</source>
+        <translation>Verbinden als &amp;Kind von…</translation>
+    </message>
+    <message>
+        <source>&amp;Find…</source>
+        <translation>&amp;Suchen…</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>Re&amp;do %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>EngineWait</name>
+    <message>
+        <source>Working out the rows… Finishing now may leave some partners in different rows.</source>
+        <translation>Die Reihen werden bestimmt… Wer nicht wartet, findet vielleicht manche Partner in verschiedenen Reihen.</translation>
+    </message>
+    <message>
+        <source>Finish Now</source>
+        <translation>Nicht warten</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyTasks</name>
+    <message>
+        <source>The unsaved changes of “%1” can&apos;t be opened. The copy that holds them stays until it is discarded in the start window. What is wrong with it: %2</source>
+        <translation>Die nicht gespeicherten Änderungen von „%1“ lassen sich nicht öffnen. Die Kopie, in der sie stehen, bleibt, bis sie im Startfenster verworfen wird. Was damit nicht stimmt: %2</translation>
+    </message>
+</context>
+<context>
+    <name>FieldTexts</name>
+    <message>
+        <source>Choose from a calendar</source>
+        <translation>Aus einem Kalender wählen</translation>
+    </message>
+    <message>
+        <source>%1 calendar</source>
+        <translation>%1: Kalender</translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation>Tag</translation>
+    </message>
+    <message>
+        <source>Month</source>
+        <translation>Monat</translation>
+    </message>
+    <message>
+        <source>Year</source>
+        <translation>Jahr</translation>
+    </message>
+    <message>
+        <source>%1 day</source>
+        <comment>day of birth or death</comment>
+        <translation>%1: Tag</translation>
+    </message>
+    <message>
+        <source>%1 month</source>
+        <translation>%1: Monat</translation>
+    </message>
+    <message>
+        <source>%1 year</source>
+        <translation>%1: Jahr</translation>
+    </message>
+</context>
+<context>
+    <name>HelpTexts</name>
+    <message>
+        <source>No program of this computer could be asked to show “%1”.</source>
+        <translation>Kein Programm dieses Rechners kann „%1“ zeigen.</translation>
+    </message>
+</context>
+<context>
+    <name>ImportTexts</name>
+    <message>
+        <source>it does not start with a level</source>
+        <translation>am Anfang steht keine Ebene</translation>
+    </message>
+    <message>
+        <source>its cross-reference has no closing @</source>
+        <translation>dem Querverweis fehlt das schließende @</translation>
+    </message>
+    <message>
+        <source>it has no tag</source>
+        <translation>das Schlüsselwort fehlt</translation>
+    </message>
+    <message>
+        <source>it is written in the character set %1, which can&apos;t be read yet; save it as UTF-8 and import it again.</source>
+        <translation>Sie ist im Zeichensatz %1 geschrieben, der noch nicht lesbar ist; als UTF-8 gespeichert lässt sie sich importieren.</translation>
+    </message>
+    <message>
+        <source>it is said to be in UTF-8, but is not; save it as UTF-8 and import it again.</source>
+        <translation>Sie soll in UTF-8 sein, ist es aber nicht; als UTF-8 gespeichert lässt sie sich importieren.</translation>
+    </message>
+    <message>
+        <source>the file is empty.</source>
+        <translation>Die Datei ist leer.</translation>
+    </message>
+    <message>
+        <source>The file declares the character set %1, but is in UTF-8 and was read so.</source>
+        <translation>Die Datei gibt den Zeichensatz %1 an, ist aber in UTF-8 und wurde so gelesen.</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be a partner of the same person</source>
+        <translation>%1 kann nicht Partner derselben Person sein</translation>
+    </message>
+    <message>
+        <source>one family can have %1 spouses at most</source>
+        <translation>eine Familie kann höchstens %1 Ehepartner haben</translation>
+    </message>
+    <message>
+        <source>the family names no parent for %1</source>
+        <translation>die Familie nennt keinen Elternteil für %1</translation>
+    </message>
+    <message>
+        <source>spouse</source>
+        <translation>Ehepartner</translation>
+    </message>
+    <message>
+        <source>child</source>
+        <translation>Kind</translation>
+    </message>
+    <message>
+        <source>the family of line %1 does not name %2 as a %3</source>
+        <translation>die Familie der Zeile %1 nennt %2 nicht als %3</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be a parent of the same person</source>
+        <translation>%1 kann nicht Elternteil derselben Person sein</translation>
+    </message>
+    <message>
+        <source>%1 would be a third parent of %2</source>
+        <translation>%1 wäre ein dritter Elternteil von %2</translation>
+    </message>
+    <message>
+        <source>%1 as a parent of %2 would be a descendant of %2</source>
+        <translation>%1 als Elternteil von %2 wäre ein Nachkomme von %2</translation>
+    </message>
+    <message>
+        <source>it has more than 512 MB.</source>
+        <translation>Sie hat mehr als 512 MB.</translation>
+    </message>
+    <message>
+        <source>the notes that persons of this file share are too long in all</source>
+        <translation>die Notizen, die sich Personen dieser Datei teilen, sind insgesamt zu lang</translation>
+    </message>
+    <message>
+        <source>day %1</source>
+        <translation>Tag %1</translation>
+    </message>
+    <message>
+        <source>month %1</source>
+        <translation>Monat %1</translation>
+    </message>
+    <message>
+        <source>year %1</source>
+        <translation>Jahr %1</translation>
+    </message>
+    <message>
+        <source>only one birth is kept</source>
+        <translation>nur eine Geburt wird übernommen</translation>
+    </message>
+    <message>
+        <source>only one death is kept</source>
+        <translation>nur ein Tod wird übernommen</translation>
+    </message>
+    <message>
+        <source>only one name is kept</source>
+        <translation>nur ein Name wird übernommen</translation>
+    </message>
+    <message>
+        <source>it is empty</source>
+        <translation>der Eintrag ist leer</translation>
+    </message>
+    <message>
+        <source>was taken as %1</source>
+        <translation>wurde übernommen als %1</translation>
+    </message>
+    <message>
+        <source>it is counted in another calendar</source>
+        <translation>das Datum folgt einem anderen Kalender</translation>
+    </message>
+    <message>
+        <source>it is not understood as a date</source>
+        <translation>als Datum nicht verstanden</translation>
+    </message>
+    <message>
+        <source>has no cross-reference, so that no family can name this person</source>
+        <translation>hat keinen Querverweis, also kann keine Familie diese Person nennen</translation>
+    </message>
+    <message>
+        <source>the person of line %1</source>
+        <translation>die Person der Zeile %1</translation>
+    </message>
+    <message>
+        <source>it does not point at a record</source>
+        <translation>der Eintrag verweist auf keinen Datensatz</translation>
+    </message>
+    <message>
+        <source>it points at nobody</source>
+        <translation>der Eintrag verweist auf niemanden</translation>
+    </message>
+    <message>
+        <source>it points at a record that is not in the file</source>
+        <translation>der Eintrag verweist auf einen Datensatz, der nicht in der Datei steht</translation>
+    </message>
+    <message>
+        <source>it points at a record of another kind</source>
+        <translation>der Eintrag verweist auf einen Datensatz anderer Art</translation>
+    </message>
+    <message>
+        <source>%1 was not taken: it belongs to line %2, which was not taken</source>
+        <translation>%1 wurde nicht übernommen: gehört zu Zeile %2, die nicht übernommen wurde</translation>
+    </message>
+    <message>
+        <source>%1 could not be read: %2</source>
+        <translation>%1 war nicht lesbar: %2</translation>
+    </message>
+    <message>
+        <source>%1 was not taken: its level skips at least one</source>
+        <translation>%1 wurde nicht übernommen: die Ebene überspringt mindestens eine</translation>
+    </message>
+    <message>
+        <source>%1 is defined by line %2 already; what points at it means the record there</source>
+        <translation>%1 ist schon in Zeile %2 bestimmt; was darauf verweist, meint den Datensatz dort</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t be imported: %2</source>
+        <translation>„%1“ lässt sich nicht importieren: %2</translation>
+    </message>
+    <message>
+        <source>it is not a GEDCOM file.</source>
+        <translation>Das ist keine GEDCOM-Datei.</translation>
+    </message>
+    <message>
+        <source>importing it was cancelled.</source>
+        <translation>Das Importieren wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>and %1 more notes of the same kinds</source>
+        <translation>und %1 weitere Bemerkungen gleicher Art</translation>
+    </message>
+    <message>
+        <source>%1 was not taken: %2</source>
+        <translation>%1 wurde nicht übernommen: %2</translation>
+    </message>
+    <message>
+        <source>held characters that can&apos;t be written to a file; they were replaced</source>
+        <translation>enthielt Zeichen, die in keiner Datei stehen können; sie wurden ersetzt</translation>
+    </message>
+    <message>
+        <source>%1 was refused: %2</source>
+        <translation>%1 wurde abgelehnt: %2</translation>
+    </message>
+    <message>
+        <source>a family has no place for it</source>
+        <translation>in einer Familie ist kein Platz dafür</translation>
+    </message>
+</context>
+<context>
+    <name>LeafInfoView</name>
+    <message>
+        <source>Unnamed</source>
+        <translation>Ohne Namen</translation>
+    </message>
+</context>
+<context>
+    <name>Notice</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingPicture</name>
+    <message>
+        <source>Two partners and their child, and a line that is drawn from one person to another</source>
+        <translation>Zwei Partner und ihr Kind, und eine Linie, die von einer Person zur anderen gezogen wird</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingView</name>
+    <message>
+        <source>Add Person</source>
+        <translation>Person hinzufügen</translation>
+    </message>
+    <message>
+        <source>Import…</source>
+        <translation>Importieren…</translation>
+    </message>
+    <message>
+        <source>Or bring a family along from another program, as a GEDCOM file:</source>
+        <translation>Oder eine Familie aus einem anderen Programm mitbringen, als GEDCOM-Datei:</translation>
+    </message>
+    <message>
+        <source>This family is still empty</source>
+        <translation>Diese Familie ist noch leer</translation>
+    </message>
+    <message>
+        <source>Add the first person (%1) and type a name. Then draw lines from the round handles: to a partner, to a child. Everybody finds the right row alone.</source>
+        <translation>Die erste Person hinzufügen (%1) und einen Namen tippen. Dann Linien von den runden Griffen ziehen: zu einem Partner, zu einem Kind. Alle finden von allein ihre Reihe.</translation>
+    </message>
+</context>
+<context>
+    <name>Opening</name>
+    <message>
+        <source>Opening “%1”…</source>
+        <translation>„%1“ wird geöffnet…</translation>
+    </message>
+</context>
+<context>
+    <name>OpeningNotices</name>
+    <message>
+        <source>Save As…</source>
+        <translation>Speichern unter…</translation>
+    </message>
+    <message>
+        <source>This is an up-to-date copy of “%1”. The file itself is of an older version of Lineara and stays as it is: %2</source>
+        <translation>Das ist eine Kopie von „%1“ auf dem neuen Stand. Die Datei selbst ist von einer älteren Version von Lineara und bleibt, wie sie ist: %2</translation>
+    </message>
+    <message>
+        <source>“%1” is being worked on in another window of Lineara, so these unsaved changes of it can&apos;t be saved there. They become a file of their own.</source>
+        <translation>An „%1“ wird in einem anderen Fenster von Lineara gearbeitet, also können diese nicht gespeicherten Änderungen nicht dort gespeichert werden. Sie kommen in eine eigene Datei.</translation>
+    </message>
+</context>
+<context>
+    <name>PersonCell</name>
+    <message>
+        <source>A date was not understood</source>
+        <translation>Ein Datum wurde nicht verstanden</translation>
+    </message>
+</context>
+<context>
+    <name>PersonChooser</name>
+    <message>
+        <source>Without a name</source>
+        <translation>Ohne Namen</translation>
+    </message>
+    <message>
+        <source>Search name, years or notes</source>
+        <translation>Name, Jahre oder Notizen suchen</translation>
+    </message>
+</context>
+<context>
+    <name>PersonList</name>
+    <message>
+        <source>Search persons</source>
+        <translation>Personen suchen</translation>
+    </message>
+    <message>
+        <source>Search name, years or notes</source>
+        <translation>Name, Jahre oder Notizen suchen</translation>
+    </message>
+    <message>
+        <source>No person found</source>
+        <translation>Niemand gefunden</translation>
+    </message>
+    <message>
+        <source>Without a name</source>
+        <translation>Ohne Namen</translation>
+    </message>
+    <message>
+        <source>Persons</source>
+        <translation>Personen</translation>
+    </message>
+    <message>
+        <source>Pictures (%1)</source>
+        <translation>Bilder (%1)</translation>
+    </message>
+    <message>
+        <source>Choose a Picture</source>
+        <translation>Bild wählen</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Can&apos;t Set the Picture</source>
+        <translation>Das Bild lässt sich nicht setzen</translation>
+    </message>
+    <message>
+        <source>“%1” is not a picture that can be read. Choose another file, such as a PNG or JPEG picture.</source>
+        <translation>„%1“ ist kein lesbares Bild. Eine andere Datei hilft, etwa ein PNG- oder JPEG-Bild.</translation>
+    </message>
+    <message>
+        <source>Set Picture</source>
+        <translation>Bild setzen</translation>
+    </message>
+    <message>
+        <source>Remove Picture</source>
+        <translation>Bild entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>ProgramMenus</name>
+    <message>
+        <source>&amp;Clear Menu</source>
+        <translation>Menü &amp;leeren</translation>
+    </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>Do you want to open “%1” again as it is in the file?</source>
+        <translation>„%1“ noch einmal öffnen, so wie es in der Datei steht?</translation>
+    </message>
+    <message>
+        <source>Everything that was changed since it was saved is lost.</source>
+        <translation>Alles, was seit dem Speichern geändert wurde, geht verloren.</translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <translation>Zurückkehren</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
+    <message>
+        <source>Save a Cop&amp;y…</source>
+        <translation>&amp;Kopie speichern…</translation>
+    </message>
+    <message>
+        <source>Re&amp;vert…</source>
+        <translation>Zu&amp;rückkehren…</translation>
+    </message>
+    <message>
+        <source>&amp;Minimize</source>
+        <translation>&amp;Minimieren</translation>
+    </message>
+    <message>
+        <source>&amp;Zoom</source>
+        <translation>&amp;Zoomen</translation>
+    </message>
+    <message>
+        <source>&amp;Start Window</source>
+        <translation>&amp;Startfenster</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>&amp;Import…</source>
+        <translation>&amp;Importieren…</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Lineara &amp;Help</source>
+        <translation>Lineara-&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Send &amp;Feedback</source>
+        <translation>&amp;Rückmeldung senden</translation>
+    </message>
+    <message>
+        <source>Report a &amp;Problem</source>
+        <translation>&amp;Problem melden</translation>
+    </message>
+    <message>
+        <source>&amp;About Lineara</source>
+        <translation>&amp;Über Lineara</translation>
+    </message>
+</context>
+<context>
+    <name>ProgressiveMigration</name>
+    <message>
+        <source>%1 The family as brought up to date is kept in “%2”.</source>
+        <translation>%1 Die Familie auf dem neuen Stand wird unter „%2“ aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t be brought up to date, because no temporary file can be made: %2</source>
+        <translation>„%1“ lässt sich nicht auf den neuen Stand bringen, weil keine temporäre Datei angelegt werden kann: %2</translation>
+    </message>
+</context>
+<context>
+    <name>QDialog</name>
+    <message>
+        <source>What Was Read</source>
+        <translation>Was gelesen wurde</translation>
+    </message>
+</context>
+<context>
+    <name>RecoveryCopy</name>
+    <message>
+        <source>A damaged copy</source>
+        <translation>Eine beschädigte Kopie</translation>
+    </message>
+</context>
+<context>
+    <name>ReportTexts</name>
+    <message>
+        <source>%1 persons, %2 partner links and %3 parent links were taken over.</source>
+        <translation>Übernommen: Personen %1, Partnerverbindungen %2, Elternverbindungen %3.</translation>
+    </message>
+    <message>
+        <source>Links refused: %1.</source>
+        <translation>Abgelehnte Verbindungen: %1.</translation>
+    </message>
+    <message>
+        <source>Lines not taken: %1.</source>
+        <translation>Nicht übernommene Zeilen: %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>The file was damaged and has been mended in memory: %n remark(s).</source>
+        <translation>
+            <numerusform>Die Datei war beschädigt und wurde im Speicher ausgebessert: %n Bemerkung.</numerusform>
+            <numerusform>Die Datei war beschädigt und wurde im Speicher ausgebessert: %n Bemerkungen.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>Saving</name>
+    <message>
+        <source>The family stays open, with all its changes.</source>
+        <translation>Die Familie bleibt offen, mit allen Änderungen.</translation>
+    </message>
+    <message>
+        <source>Save As…</source>
+        <translation>Speichern unter…</translation>
+    </message>
+    <message>
+        <source>“%1” was changed by another program since it was opened here.</source>
+        <translation>„%1“ wurde von einem anderen Programm geändert, seit es hier geöffnet wurde.</translation>
+    </message>
+    <message>
+        <source>Saving overwrites what the other program wrote.</source>
+        <translation>Speichern überschreibt, was das andere Programm geschrieben hat.</translation>
+    </message>
+    <message>
+        <source>Save Anyway</source>
+        <translation>Trotzdem speichern</translation>
+    </message>
+    <message>
+        <source>Family files (*.lineara)</source>
+        <translation>Familiendateien (*.lineara)</translation>
+    </message>
+    <message>
+        <source>Save the Family</source>
+        <translation>Familie speichern</translation>
+    </message>
+    <message>
+        <source>Save a Copy of the Family</source>
+        <translation>Kopie der Familie speichern</translation>
+    </message>
+    <message>
+        <source>%1 copy</source>
+        <translation>%1 Kopie</translation>
+    </message>
+</context>
+<context>
+    <name>StepNames</name>
+    <message>
+        <source>Add Person</source>
+        <translation>Person hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove Person</source>
+        <translation>Person entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Link</source>
+        <translation>Verbindung entfernen</translation>
+    </message>
+    <message>
+        <source>Update Rows</source>
+        <translation>Reihen aktualisieren</translation>
+    </message>
+    <message>
+        <source>Edit Name</source>
+        <translation>Namen bearbeiten</translation>
+    </message>
+</context>
+<context>
+    <name>StoreTexts</name>
+    <message>
+        <source>the folder or file does not exist.</source>
+        <translation>Den Ordner oder die Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>a part of the path is not a folder.</source>
+        <translation>Ein Teil des Pfades ist kein Ordner.</translation>
+    </message>
+    <message>
+        <source>permission is denied.</source>
+        <translation>Die Berechtigung fehlt.</translation>
+    </message>
+    <message>
+        <source>the disk is read-only.</source>
+        <translation>Auf den Datenträger kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>there is no space left on the disk.</source>
+        <translation>Auf dem Datenträger ist kein Platz mehr.</translation>
+    </message>
+    <message>
+        <source>your share of the disk is used up.</source>
+        <translation>Der eigene Anteil am Datenträger ist aufgebraucht.</translation>
+    </message>
+    <message>
+        <source>the file would be too large for the disk.</source>
+        <translation>Die Datei wäre zu groß für den Datenträger.</translation>
+    </message>
+    <message>
+        <source>it is a folder.</source>
+        <translation>Das ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>it is not an ordinary file.</source>
+        <translation>Das ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>the name is too long.</source>
+        <translation>Der Name ist zu lang.</translation>
+    </message>
+    <message>
+        <source>its symbolic links lead in a circle.</source>
+        <translation>Die symbolischen Verknüpfungen führen im Kreis.</translation>
+    </message>
+    <message>
+        <source>the disk reports an error.</source>
+        <translation>Der Datenträger meldet einen Fehler.</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t be saved: %2</source>
+        <translation>„%1“ lässt sich nicht speichern: %2</translation>
+    </message>
+    <message>
+        <source>The next object number was in use already; it is %1 now.</source>
+        <translation>Die nächste Objektnummer war schon vergeben; nun ist es %1.</translation>
+    </message>
+    <message>
+        <source>object z%1 is there twice.</source>
+        <translation>Das Objekt z%1 kommt zweimal vor.</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t be opened: %2</source>
+        <translation>„%1“ lässt sich nicht öffnen: %2</translation>
+    </message>
+    <message>
+        <source>“%1” (z%2)</source>
+        <translation>„%1“ (z%2)</translation>
+    </message>
+    <message>
+        <source>which is no person.</source>
+        <translation>das keine Person ist.</translation>
+    </message>
+    <message>
+        <source>which is not in the file.</source>
+        <translation>das nicht in der Datei steht.</translation>
+    </message>
+    <message>
+        <source>object z%1: relationship “%2” refers to z%3, %4</source>
+        <translation>Objekt z%1: Die Beziehung „%2“ verweist auf z%3, %4</translation>
+    </message>
+    <message>
+        <source>“databaseInfo” is missing.</source>
+        <translation>„databaseInfo“ fehlt.</translation>
+    </message>
+    <message>
+        <source>line %1: “databaseInfo” is missing at the beginning.</source>
+        <translation>Zeile %1: „databaseInfo“ fehlt am Anfang.</translation>
+    </message>
+    <message>
+        <source>stray text or a stray declaration stands between the objects.</source>
+        <translation>Zwischen den Objekten steht verirrter Text oder eine verirrte Deklaration.</translation>
+    </message>
+    <message>
+        <source>line %1: a second “databaseInfo”.</source>
+        <translation>Zeile %1: ein zweites „databaseInfo“.</translation>
+    </message>
+    <message>
+        <source>it has the data model version %1 instead of %2.</source>
+        <translation>Sie hat die Datenmodellversion %1 statt %2.</translation>
+    </message>
+    <message>
+        <source>object %1 of the file: stray text or a stray declaration stands before it.</source>
+        <translation>Objekt %1 der Datei: Davor steht verirrter Text oder eine verirrte Deklaration.</translation>
+    </message>
+    <message>
+        <source>The attributes of “databaseInfo” are left out when the file is saved.</source>
+        <translation>Die Attribute von „databaseInfo“ entfallen beim Speichern.</translation>
+    </message>
+    <message>
+        <source>Comments outside “database” and attributes of it are left out when the file is saved.</source>
+        <translation>Kommentare außerhalb von „database“ und dessen Attribute entfallen beim Speichern.</translation>
+    </message>
+    <message>
+        <source>line %1: “databaseInfo” is missing.</source>
+        <translation>Zeile %1: „databaseInfo“ fehlt.</translation>
+    </message>
+    <message>
+        <source>it has more than 2 GB, and a family file can&apos;t have more.</source>
+        <translation>Sie hat mehr als 2 GB, und mehr kann eine Familiendatei nicht haben.</translation>
+    </message>
+    <message>
+        <source>opening it was cancelled.</source>
+        <translation>Das Öffnen wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t be read: %2</source>
+        <translation>„%1“ lässt sich nicht lesen: %2</translation>
+    </message>
+    <message>
+        <source>line %1: stray text in “databaseInfo”.</source>
+        <translation>Zeile %1: verirrter Text in „databaseInfo“.</translation>
+    </message>
+    <message>
+        <source>line %1: “databaseInfo” says “%2” twice.</source>
+        <translation>Zeile %1: „databaseInfo“ nennt „%2“ zweimal.</translation>
+    </message>
+    <message>
+        <source>format version</source>
+        <translation>Formatversion</translation>
+    </message>
+    <message>
+        <source>data model version</source>
+        <translation>Datenmodellversion</translation>
+    </message>
+    <message>
+        <source>“databaseInfo”: “%1” is no valid UUID.</source>
+        <translation>„databaseInfo“: „%1“ ist keine gültige UUID.</translation>
+    </message>
+    <message>
+        <source>“databaseInfo” does not say the %1.</source>
+        <translation>„databaseInfo“ nennt die %1 nicht.</translation>
+    </message>
+    <message>
+        <source>“databaseInfo”: “%1” is no %2.</source>
+        <translation>„databaseInfo“: „%1“ ist keine %2.</translation>
+    </message>
+    <message>
+        <source>it was written by a newer program: it has %1 %2, and this program knows versions up to %3.</source>
+        <translation>Sie stammt von einem neueren Programm: Sie hat die %1 %2, und dieses Programm kennt Versionen bis %3.</translation>
+    </message>
+    <message>
+        <source>it has the older data model version %1; this program reads version %2.</source>
+        <translation>Sie hat die ältere Datenmodellversion %1; dieses Programm liest Version %2.</translation>
+    </message>
+    <message>
+        <source>The next object number was missing or no number; it was worked out again.</source>
+        <translation>Die nächste Objektnummer fehlte oder war keine Zahl; sie wurde neu ermittelt.</translation>
+    </message>
+    <message>
+        <source>was listed among its own %1; that link is left out.</source>
+        <translation>stand unter den eigenen „%1“; diese Verbindung entfällt.</translation>
+    </message>
+    <message>
+        <source>listed %1 twice among its %2; the second is left out.</source>
+        <translation>führte %1 zweimal unter „%2“ auf; der zweite Eintrag entfällt.</translation>
+    </message>
+    <message>
+        <source>did not list %1 among its %2, though listed there; the link was completed.</source>
+        <translation>führte %1 nicht unter „%2“ auf, obwohl es dort umgekehrt so steht; die Verbindung wurde ergänzt.</translation>
+    </message>
+    <message>
+        <source>has two parents already; the link from %1 is left out.</source>
+        <translation>hat schon zwei Elternteile; die Verbindung von %1 entfällt.</translation>
+    </message>
+    <message>
+        <source>is an ancestor of %1 and can&apos;t be its child; that link is left out.</source>
+        <translation>ist Vorfahr von %1 und kann nicht dessen Kind sein; diese Verbindung entfällt.</translation>
+    </message>
+    <message>
+        <source>%1 stands there twice.</source>
+        <translation>%1 steht dort zweimal.</translation>
+    </message>
+    <message>
+        <source>which is of another type.</source>
+        <translation>das von anderer Art ist.</translation>
+    </message>
+    <message>
+        <source>was listed a second time, by pool z%1; that is left out.</source>
+        <translation>stand ein zweites Mal im Pool z%1; dieser Eintrag entfällt.</translation>
+    </message>
+    <message>
+        <source>was not listed by its pool z%1; the link was completed.</source>
+        <translation>fehlte im eigenen Pool z%1; die Verbindung wurde ergänzt.</translation>
+    </message>
+    <message>
+        <source>object z%1: the picture belongs to two persons.</source>
+        <translation>Objekt z%1: Das Bild gehört zu zwei Personen.</translation>
+    </message>
+    <message>
+        <source>Only one side of the link between picture z%1 and its person was there; it was completed.</source>
+        <translation>Die Verbindung zwischen dem Bild z%1 und seiner Person war nur halb da; sie wurde ergänzt.</translation>
+    </message>
+    <message>
+        <source>it holds persons without a pool, and no number is left for a new one.</source>
+        <translation>Sie enthält Personen ohne Pool, und für einen neuen ist keine Nummer mehr frei.</translation>
+    </message>
+    <message>
+        <source>The file held persons without a pool; all of them were taken into a new one.</source>
+        <translation>Die Datei enthielt Personen ohne Pool; alle kamen in einen neuen.</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t be brought up to date: %2</source>
+        <translation>„%1“ lässt sich nicht auf den neuen Stand bringen: %2</translation>
+    </message>
+    <message>
+        <source>text stands outside its attributes.</source>
+        <translation>Außerhalb der Attribute steht Text.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 is not known and is left out when the file is saved.</source>
+        <translation>%1 von %2 ist unbekannt und entfällt beim Speichern.</translation>
+    </message>
+    <message>
+        <source>attribute %1 has the type %2 instead of %3.</source>
+        <translation>Das Attribut %1 hat den Typ %2 statt %3.</translation>
+    </message>
+    <message>
+        <source>attribute %1 holds an element instead of a text.</source>
+        <translation>Das Attribut %1 enthält ein Element statt eines Textes.</translation>
+    </message>
+    <message>
+        <source>attribute %1 holds a reference (“&amp;…;”) that means nothing.</source>
+        <translation>Das Attribut %1 enthält einen Verweis („&amp;…;“), der nichts bedeutet.</translation>
+    </message>
+    <message>
+        <source>attribute %1 held characters that no text can hold; they were replaced.</source>
+        <translation>Das Attribut %1 enthielt Zeichen, die in keinem Text stehen können; sie wurden ersetzt.</translation>
+    </message>
+    <message>
+        <source>the value %1 of attribute %2 is out of range.</source>
+        <translation>Der Wert %1 des Attributs %2 liegt außerhalb des Möglichen.</translation>
+    </message>
+    <message>
+        <source>the value %1 of attribute %2 is not a whole number.</source>
+        <translation>Der Wert %1 des Attributs %2 ist keine ganze Zahl.</translation>
+    </message>
+    <message>
+        <source>attribute %1 is not valid base64.</source>
+        <translation>Das Attribut %1 ist kein gültiges Base64.</translation>
+    </message>
+    <message>
+        <source>relationship %1 has the destination %2 instead of %3.</source>
+        <translation>Die Beziehung %1 hat das Ziel %2 statt %3.</translation>
+    </message>
+    <message>
+        <source>relationship %1 refers to %2, which is no object id.</source>
+        <translation>Die Beziehung %1 verweist auf %2, was keine Objektnummer ist.</translation>
+    </message>
+    <message>
+        <source>relationship %1 refers to more than one object.</source>
+        <translation>Die Beziehung %1 verweist auf mehr als ein Objekt.</translation>
+    </message>
+    <message>
+        <source>line %1, object %2: %3</source>
+        <translation>Zeile %1, Objekt %2: %3</translation>
+    </message>
+    <message>
+        <source>Object %1: %2</source>
+        <translation>Objekt %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 is no object id.</source>
+        <translation>%1 ist keine Objektnummer.</translation>
+    </message>
+    <message>
+        <source>attribute %1 has the type %2 instead of “date”.</source>
+        <translation>Das Attribut %1 hat den Typ %2 statt „date“.</translation>
+    </message>
+    <message>
+        <source>the value %1 of attribute %2 is no number of seconds.</source>
+        <translation>Der Wert %1 des Attributs %2 ist keine Zahl von Sekunden.</translation>
+    </message>
+    <message>
+        <source>The attribute “%1” of %2 persons was beyond all measure (first of %3) and is left out.</source>
+        <translation>Das Attribut „%1“ von %2 Personen war über jedes Maß (zuerst bei %3) und entfällt.</translation>
+    </message>
+    <message>
+        <source>%1 is not known and is left out when the file is saved.</source>
+        <translation>%1 ist unbekannt und entfällt beim Speichern.</translation>
+    </message>
+    <message>
+        <source>which is of another entity.</source>
+        <translation>das von anderer Art ist.</translation>
+    </message>
+    <message>
+        <source>More was mended in the same ways; the list ends here.</source>
+        <translation>Weiteres wurde ebenso ausgebessert; die Liste endet hier.</translation>
+    </message>
+    <message>
+        <source>“databaseInfo” is missing at the beginning.</source>
+        <translation>„databaseInfo“ fehlt am Anfang.</translation>
+    </message>
+    <message>
+        <source>it is empty.</source>
+        <translation>Sie ist leer.</translation>
+    </message>
+    <message>
+        <source>line 1: it is not encoded in UTF-8.</source>
+        <translation>Zeile 1: Sie ist nicht in UTF-8 kodiert.</translation>
+    </message>
+    <message>
+        <source>line %1: it holds zero bytes, so it is no text.</source>
+        <translation>Zeile %1: Sie enthält Nullbytes, ist also kein Text.</translation>
+    </message>
+    <message>
+        <source>line %1: it is not an XML file.</source>
+        <translation>Zeile %1: Das ist keine XML-Datei.</translation>
+    </message>
+    <message>
+        <source>line %1: it declares a document type, which a family file never does.</source>
+        <translation>Zeile %1: Sie vereinbart einen Dokumenttyp, was eine Familiendatei nie tut.</translation>
+    </message>
+    <message>
+        <source>line 1: it declares the encoding %1; a family file is written in UTF-8.</source>
+        <translation>Zeile 1: Sie gibt die Kodierung %1 an; eine Familiendatei ist in UTF-8 geschrieben.</translation>
+    </message>
+    <message>
+        <source>line %1: it is cut off or not well-formed XML.</source>
+        <translation>Zeile %1: Sie ist abgeschnitten oder kein wohlgeformtes XML.</translation>
+    </message>
+    <message>
+        <source>line %1: its root element is %2 instead of %3.</source>
+        <translation>Zeile %1: Ihr Wurzelelement ist %2 statt %3.</translation>
+    </message>
+    <message>
+        <source>line %1: it is cut off; the end of the family is missing.</source>
+        <translation>Zeile %1: Sie ist abgeschnitten; das Ende der Familie fehlt.</translation>
+    </message>
+    <message>
+        <source>line %1: a second root element follows the first.</source>
+        <translation>Zeile %1: Auf das erste Wurzelelement folgt ein zweites.</translation>
+    </message>
+    <message>
+        <source>line %1: text follows the end of the family.</source>
+        <translation>Zeile %1: Nach dem Ende der Familie folgt Text.</translation>
+    </message>
+    <message>
+        <source>from line %1 on: one object holds more parts than any person has.</source>
+        <translation>ab Zeile %1: Ein Objekt hat mehr Teile als jede Person.</translation>
+    </message>
+    <message>
+        <source>it needs more memory than there is.</source>
+        <translation>Sie braucht mehr Speicher, als da ist.</translation>
+    </message>
+    <message>
+        <source>line %1: it is not well-formed XML (%2).</source>
+        <translation>Zeile %1: Sie ist kein wohlgeformtes XML (%2).</translation>
+    </message>
+    <message>
+        <source>line %1: it is not encoded in UTF-8.</source>
+        <translation>Zeile %1: Sie ist nicht in UTF-8 kodiert.</translation>
+    </message>
+    <message>
+        <source>permission to write to the file is denied.</source>
+        <translation>es fehlt die Berechtigung, in die Datei zu schreiben.</translation>
+    </message>
+    <message>
+        <source>permission to write to its folder is denied.</source>
+        <translation>es fehlt die Berechtigung, in ihren Ordner zu schreiben.</translation>
+    </message>
+    <message>
+        <source>permission to read the file is denied.</source>
+        <translation>es fehlt die Berechtigung, die Datei zu lesen.</translation>
+    </message>
+    <message>
+        <source>permission to open its folder is denied.</source>
+        <translation>es fehlt die Berechtigung, ihren Ordner zu öffnen.</translation>
+    </message>
+</context>
+<context>
+    <name>TreeView</name>
+    <message>
+        <source>Family tree</source>
+        <translation>Stammbaum</translation>
+    </message>
+    <message>
+        <source>Move Person</source>
+        <translation>Person verschieben</translation>
+    </message>
+    <message>
+        <source>Link Partner</source>
+        <translation>Partner verbinden</translation>
+    </message>
+    <message>
+        <source>Link Child</source>
+        <translation>Kind verbinden</translation>
+    </message>
+</context>
+<context>
+    <name>WaitingPage</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Working out the rows…</source>
+        <translation>Die Reihen werden bestimmt…</translation>
+    </message>
+</context>
+<context>
+    <name>lineara::AboutDialog</name>
+    <message>
+        <source>About Lineara</source>
+        <translation>Über Lineara</translation>
+    </message>
+    <message>
+        <source>A family tree that draws itself: whoever is linked finds the right row alone.</source>
+        <translation>Ein Stammbaum, der sich selbst zeichnet: Wer verbunden ist, findet von allein die richtige Reihe.</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;Lineara stands on the work of others, with thanks:&lt;/p&gt;&lt;p&gt;&lt;b&gt;Qt %1&lt;/b&gt;, the toolkit for windows and drawing, under the GNU Lesser General Public License, version 3&lt;br&gt;&lt;b&gt;pugixml&lt;/b&gt; by Arseny Kapoulkine, the reader of XML files, under the MIT License&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Lineara steht auf der Arbeit anderer, mit Dank:&lt;/p&gt;&lt;p&gt;&lt;b&gt;Qt %1&lt;/b&gt;, für Fenster und Zeichnung, unter der GNU Lesser General Public License, Version 3&lt;br&gt;&lt;b&gt;pugixml&lt;/b&gt; von Arseny Kapoulkine, zum Lesen von XML-Dateien, unter der MIT-Lizenz&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>About &amp;Qt</source>
+        <translation>Über &amp;Qt</translation>
+    </message>
+</context>
+<context>
+    <name>lineara::RecentTable</name>
+    <message>
+        <source>Recent families</source>
+        <translation>Zuletzt geöffnete Familien</translation>
+    </message>
+    <message>
+        <source>not found</source>
+        <translation>nicht gefunden</translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <comment>folder — date</comment>
+        <translation>%1 — %2</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>Ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from List</source>
+        <translation>Aus der Liste &amp;entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>lineara::RecoveryPanel</name>
+    <message>
+        <source>never saved</source>
+        <translation>nie gespeichert</translation>
+    </message>
+    <message>
+        <source>changed %1 — %2</source>
+        <comment>date and time — folder</comment>
+        <translation>geändert %1 — %2</translation>
+    </message>
+    <message>
+        <source>Unsaved work</source>
+        <translation>Nicht gespeicherte Arbeit</translation>
+    </message>
+    <message>
+        <source>Not saved when Lineara ended, but not lost:</source>
+        <translation>Beim Ende von Lineara nicht gespeichert, aber nicht verloren:</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Open what was left of “%1”</source>
+        <translation>Öffnen, was von „%1“ übrig ist</translation>
+    </message>
+    <message>
+        <source>Discard…</source>
+        <translation>Verwerfen…</translation>
+    </message>
+    <message>
+        <source>Discard what was left of “%1”</source>
+        <translation>Verwerfen, was von „%1“ übrig ist</translation>
+    </message>
+    <message>
+        <source>Discard Unsaved Work</source>
+        <translation>Nicht gespeicherte Arbeit verwerfen</translation>
+    </message>
+    <message>
+        <source>Discard the unsaved changes of “%1”?</source>
+        <translation>Die nicht gespeicherten Änderungen von „%1“ verwerfen?</translation>
+    </message>
+    <message>
+        <source>They can&apos;t be brought back.</source>
+        <translation>Sie lassen sich nicht zurückholen.</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+</context>
+<context>
+    <name>lineara::StartWindow</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>A family tree that draws itself.</source>
+        <translation>Ein Stammbaum, der sich selbst zeichnet.</translation>
+    </message>
+    <message>
+        <source>Begin a &amp;New Family</source>
+        <translation>&amp;Neue Familie beginnen</translation>
+    </message>
+    <message>
+        <source>&amp;Open a Family…</source>
+        <translation>Familie ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>&amp;Import…</source>
+        <translation>&amp;Importieren…</translation>
+    </message>
+    <message>
+        <source>Show the &amp;Sample Family</source>
+        <translation>&amp;Beispielfamilie zeigen</translation>
+    </message>
+    <message>
+        <source>Recent Families</source>
+        <translation>Zuletzt geöffnete Familien</translation>
+    </message>
+    <message>
+        <source>Families that are opened or saved will be listed here.
+A file can also be dropped onto this window.</source>
+        <translation>Hier werden Familien stehen, die geöffnet oder gespeichert wurden.
+Eine Datei lässt sich auch auf dieses Fenster ziehen.</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>&amp;Fenster</translation>
+    </message>
+</context>
+</TS>
