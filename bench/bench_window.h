@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QTemporaryDir>
 
 #include <cstdint>
 #include <cstdlib>
@@ -14,6 +15,20 @@ inline void drawIntoMemory()
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
 }
+
+/// What documents keep for their user is kept in a folder that is gone afterwards.
+class OwnFolders
+{
+public:
+    OwnFolders()
+    {
+        for (const char* const folder : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
+            qputenv(folder, folder_.path().toLocal8Bit());
+    }
+
+private:
+    QTemporaryDir folder_;
+};
 
 /// Sizes of families, in persons: those given on the command line, else the usual ones.
 inline std::vector<std::uint32_t> familySizes(int argc, char** argv, std::vector<std::uint32_t> usual)

@@ -1,19 +1,25 @@
 // Prints what going back and forth through the history of a large family costs: replaying the records of a step, the
-// picture that follows, and the memory of many steps; and what a key costs where a person is chosen. Families of 3,000,
-// 10,000 and 100,000 persons, or of the sizes given as arguments. Milliseconds; a window of 1400 x 900 pixels.
+// picture that follows, and the memory of many steps; and what a key costs where a person is chosen, and where notes
+// are typed. Families of 3,000, 10,000 and 100,000 persons, or of the sizes given as arguments. Milliseconds; a window
+// of 1400 x 900 pixels.
 
 #include "bench_window.h"
 #include "canvas/tree_view.h"
 #include "document/document.h"
 #include "document/document_window.h"
 #include "person_chooser.h"
+#include "personlist/person_list.h"
 #include "platform/serial_queue.h"
 #include "store/family_file.h"
 #include "store/made_family.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <algorithm>
 #include <chrono>
@@ -30,6 +36,8 @@ namespace {
 
 constexpr int rounds = 15;
 constexpr int steps = 10'000;
+constexpr int typingTime = 9000; // milliseconds, in which several copies are written
+constexpr int keyPause = 5;      // milliseconds
 
 double millisecondsOf(const std::function<void()>& work)
 {
@@ -133,6 +141,28 @@ void printChoosing(Document& document)
     keys.print("a key where a person is chosen");
 }
 
+/// Each letter that is typed into notes, up to its picture, while what is unsaved is copied every few seconds.
+void printTyping(Document& document)
+{
+    document.list().select(member(document, 0));
+    QApplication::processEvents();
+    auto* const notes = document.window().findChild<QPlainTextEdit*>();
+    notes->setFocus();
+    Times letters;
+    QElapsedTimer time;
+    time.start();
+    while (time.elapsed() < typingTime) {
+        letters.all.push_back(millisecondsOf([&] {
+            QKeyEvent key(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
+            QApplication::sendEvent(notes, &key);
+            QApplication::processEvents();
+        }));
+        QThread::msleep(keyPause);
+    }
+    settle(document);
+    letters.print("a letter, while copies are kept");
+}
+
 /// Everybody is moved in turn to one side and the other, each time as a step of its own.
 void printManySteps(ObjectContext& family)
 {
@@ -154,6 +184,7 @@ void measure(std::size_t persons)
     Journal& journal = document->context().journal();
 
     printChoosing(*document);
+    printTyping(*document);
 
     journal.begin(QStringLiteral("Edit Name"));
     member(*document, 0).setName(QStringLiteral("Anna"));
@@ -187,6 +218,7 @@ void measure(std::size_t persons)
 int main(int argc, char** argv)
 {
     lineara::bench::drawIntoMemory();
+    const lineara::bench::OwnFolders folders;
     const QApplication application(argc, argv);
     for (const std::uint32_t persons : lineara::bench::familySizes(argc, argv, {3'000, 10'000, 100'000}))
         lineara::bench::measure(persons);

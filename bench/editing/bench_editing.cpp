@@ -192,6 +192,7 @@ void measure(FrameClock& clock, std::uint32_t persons)
 int main(int argc, char** argv)
 {
     lineara::bench::drawIntoMemory();
+    const lineara::bench::OwnFolders folders;
     lineara::bench::FrameClock clock(argc, argv);
     for (const std::uint32_t persons : lineara::bench::familySizes(argc, argv, {3'000, 10'000, 100'000}))
         lineara::bench::measure(clock, persons);

@@ -1,10 +1,13 @@
 #include "made_family.h"
 #include "store/family_file.h"
+#include "store/migration_manager.h"
+#include "store/model_bundle.h"
 #include "xml_fragment.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QBuffer>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <optional>
@@ -129,9 +132,79 @@ void writing(benchmark::State& state)
     comparison.report(state, size);
 }
 
+/// What the main thread pays for a copy that is written elsewhere. `ms` is the median, `letting_go_ms` what dropping it
+/// costs on whatever thread that happens.
+/// The family as version 12 wrote it: with dates instead of days, months and years.
+QByteArray olderText(const ObjectContext& family)
+{
+    QByteArray result;
+    for (QByteArray line : textOf(family).split('\n')) {
+        if (line.contains("Day\"") || line.contains("Month\""))
+            continue;
+        if (const auto year = line.indexOf("Year\" type=\"int32\""); year >= 0)
+            line = line.left(year) + "\" type=\"date\">-4733589600.5</attribute>";
+        result += line + '\n';
+    }
+    result.chop(1);
+    return result.replace("modelVersion\">14", "modelVersion\">12");
+}
+
+void migrating(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    const auto text = olderText(*madeFamily(static_cast<std::size_t>(state.range(0))));
+    QFile file(folder.filePath(QStringLiteral("old")));
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+        return state.SkipWithError("no room for the old file");
+    file.close();
+    const ResourceBundle bundle;
+    const auto source = bundle.model(bundle.resources(u"mom"_qs, u"Document.momd"_qs).at(1)).value();
+    const MigrationManager manager(source, bundle.currentModel());
+    const auto mapping = bundle.mappingModel(source, bundle.currentModel()).value();
+    Comparison comparison;
+    for (auto _ : state) {
+        QByteArray floorBytes(text.constData(), text.size());
+        pugi::xml_document document;
+        const double floor = secondsOf([&] { parse(document, floorBytes); });
+        document.reset();
+        const double ours = secondsOf([&] {
+            const auto done = manager.migrateStore(file.fileName(), folder.filePath(QStringLiteral("new")), mapping);
+            if (done.failed())
+                state.SkipWithError(qPrintable(done.failure().message));
+        });
+        comparison.add(ours, floor);
+        state.SetIterationTime(ours);
+    }
+    comparison.report(state, text.size());
+}
+
+void takingContent(benchmark::State& state)
+{
+    const auto family = madeFamily(static_cast<std::size_t>(state.range(0)));
+    std::vector<double> taking;
+    std::vector<double> lettingGo;
+    for (auto _ : state) {
+        std::optional<FamilyContent> content;
+        taking.push_back(secondsOf([&] { content.emplace(*family); }));
+        lettingGo.push_back(secondsOf([&] { content.reset(); }));
+        state.SetIterationTime(taking.back());
+    }
+    state.counters["ms"] = 1e3 * median(taking);
+    state.counters["letting_go_ms"] = 1e3 * median(lettingGo);
+}
+
+BENCHMARK(takingContent)
+    ->Arg(1'000)
+    ->Arg(10'000)
+    ->Arg(100'000)
+    ->UseManualTime()
+    ->Iterations(21)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(reading)->Arg(1'000)->Arg(10'000)->Arg(100'000)->UseManualTime()->Iterations(11)->Unit(
     benchmark::kMillisecond);
 BENCHMARK(writing)->Arg(1'000)->Arg(10'000)->Arg(100'000)->UseManualTime()->Iterations(11)->Unit(
+    benchmark::kMillisecond);
+BENCHMARK(migrating)->Arg(1'000)->Arg(10'000)->Arg(100'000)->UseManualTime()->Iterations(7)->Unit(
     benchmark::kMillisecond);
 
 } // namespace
