@@ -13,7 +13,7 @@ namespace lineara {
 
 namespace {
 
-constexpr int emblemSize = 96;
+constexpr int aboutIconSize = 96;
 constexpr int textWidth = 380;
 
 QLabel* makeText(const QString& text)
@@ -35,7 +35,7 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent)
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("About Lineara"));
     auto* const icon = new QLabel;
-    icon->setPixmap(programIcon().pixmap(QSize(emblemSize, emblemSize), devicePixelRatioF()));
+    icon->setPixmap(programIcon().pixmap(QSize(aboutIconSize, aboutIconSize), devicePixelRatioF()));
     auto* const texts = new QVBoxLayout;
     texts->addWidget(makeText(QStringLiteral("<h2>Lineara %1</h2>").arg(QApplication::applicationVersion())));
     texts->addWidget(makeText(tr("A family tree that draws itself: whoever is linked finds the right row alone.")));

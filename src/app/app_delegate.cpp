@@ -28,7 +28,7 @@ namespace {
 
 const QString usesKey = QStringLiteral("uses");
 
-struct Text
+struct AppDelegateTexts
 {
     Q_DECLARE_TR_FUNCTIONS(AppDelegate)
 };
@@ -47,7 +47,7 @@ QStringList choosePaths(const QString& title, const QString& kinds)
 RecoveryOffer offerOf(const LeftWork& work)
 {
     const QString folder = work.path.isEmpty() ? QString() : QFileInfo(work.path).path();
-    return {work.name, work.isDamaged ? Text::tr("unknown folder") : folder, work.changed, work.id};
+    return {work.name, work.isDamaged ? AppDelegateTexts::tr("unknown folder") : folder, work.changed, work.id};
 }
 
 } // namespace
@@ -153,14 +153,16 @@ void AppDelegate::recover(const QString& id)
 
 void AppDelegate::chooseAndOpen()
 {
-    open(choosePaths(Text::tr("Open a Family"),
-                     Text::tr("Families (*.lineara *.ged *.GED);;Family files (*.lineara);;GEDCOM files (*.ged "
-                              "*.GED);;All files (*)")));
+    open(choosePaths(
+        AppDelegateTexts::tr("Open a Family"),
+        AppDelegateTexts::tr("Families (*.lineara *.ged *.GED);;Family files (*.lineara);;GEDCOM files (*.ged "
+                             "*.GED);;All files (*)")));
 }
 
 void AppDelegate::chooseAndImport()
 {
-    open(choosePaths(Text::tr("Import a Family"), Text::tr("GEDCOM files (*.ged *.GED);;All files (*)")));
+    open(choosePaths(AppDelegateTexts::tr("Import a Family"),
+                     AppDelegateTexts::tr("GEDCOM files (*.ged *.GED);;All files (*)")));
 }
 
 void AppDelegate::showStartWindow()

@@ -14,7 +14,7 @@ namespace lineara {
 
 namespace {
 
-struct Text
+struct ClosingTexts
 {
     Q_DECLARE_TR_FUNCTIONS(Closing)
 };
@@ -39,11 +39,11 @@ void ask(Document& document, const std::function<void(bool)>& answered)
 {
     auto* const box =
         new QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
-                        Text::tr("Do you want to save the changes to “%1”?").arg(document.name()),
+                        ClosingTexts::tr("Do you want to save the changes to “%1”?").arg(document.name()),
                         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &document.window());
     box->setObjectName(QStringLiteral("closeQuestion"));
     box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setInformativeText(Text::tr("They are lost otherwise."));
+    box->setInformativeText(ClosingTexts::tr("They are lost otherwise."));
     box->setDefaultButton(QMessageBox::Save);
     box->setEscapeButton(QMessageBox::Cancel);
     QObject::connect(box, &QMessageBox::finished, &document.window(), [&document, answered](int answer) {

@@ -24,11 +24,6 @@ namespace lineara {
 
 namespace {
 
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(DocumentController)
-};
-
 QString nameOf(const QString& path)
 {
     return QFileInfo(path).fileName();
@@ -80,15 +75,13 @@ void DocumentController::openCopy(const QString& path)
 
 void DocumentController::offerCopy(const QString& path)
 {
-    auto* const box =
-        new QMessageBox(QMessageBox::Question, QGuiApplication::applicationDisplayName(),
-                        Text::tr("“%1” is being worked on in another window of Lineara.").arg(nameOf(path)),
-                        QMessageBox::Cancel, windowInFront());
+    auto* const box = new QMessageBox(QMessageBox::Question, QGuiApplication::applicationDisplayName(),
+                                      tr("“%1” is being worked on in another window of Lineara.").arg(nameOf(path)),
+                                      QMessageBox::Cancel, windowInFront());
     box->setObjectName(QStringLiteral("openElsewhere"));
     box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setInformativeText(
-        Text::tr("A copy can be opened as it is in the file now. It is saved to a file of its own."));
-    QPushButton* const copy = box->addButton(Text::tr("Open a Copy"), QMessageBox::AcceptRole);
+    box->setInformativeText(tr("A copy can be opened as it is in the file now. It is saved to a file of its own."));
+    QPushButton* const copy = box->addButton(tr("Open a Copy"), QMessageBox::AcceptRole);
     box->setDefaultButton(copy);
     connect(box, &QMessageBox::finished, this, [this, box, copy, path] {
         if (box->clickedButton() == copy)
@@ -105,7 +98,7 @@ void DocumentController::recover(const LeftWork& work)
     }
     auto copy = RecoveryCopy::adopt(work.id);
     if (!copy) {
-        tell(Text::tr("The unsaved changes of “%1” are gone: they are open in another window, or were removed.")
+        tell(tr("The unsaved changes of “%1” are gone: they are open in another window, or were removed.")
                  .arg(work.name));
         return;
     }
@@ -282,8 +275,8 @@ bool DocumentController::isOnItsWay(const QString& path) const
 
 QMessageBox& DocumentController::tell(const QString& message)
 {
-    auto* const box = new QMessageBox(QMessageBox::Warning, Text::tr("Can't Open the Family"), message, QMessageBox::Ok,
-                                      windowInFront());
+    auto* const box =
+        new QMessageBox(QMessageBox::Warning, tr("Can't Open the Family"), message, QMessageBox::Ok, windowInFront());
     box->setObjectName(QStringLiteral("openingFailed"));
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
@@ -295,8 +288,8 @@ void DocumentController::tellFailure(const Opening::Result& opened)
     QMessageBox& box = tell(opened.family.failure().message);
     if (opened.path.isEmpty() || !isUpdateStuck(opened.path))
         return;
-    box.setInformativeText(Text::tr("A copy that is up to date can be opened. It is saved to a file of its own."));
-    QPushButton* const copy = box.addButton(Text::tr("Open a Copy"), QMessageBox::AcceptRole);
+    box.setInformativeText(tr("A copy that is up to date can be opened. It is saved to a file of its own."));
+    QPushButton* const copy = box.addButton(tr("Open a Copy"), QMessageBox::AcceptRole);
     connect(copy, &QPushButton::clicked, this, [this, path = opened.path] { openCopy(path); });
 }
 
@@ -307,9 +300,9 @@ void DocumentController::offerLeftWork(Document& document)
         return;
     for (const LeftWork& work : RecoveryCopy::left()) {
         if (work.isOwn && canonicalPath(work.path) == canonicalPath(document.path()))
-            document.window().offer(Text::tr("Unsaved changes of “%1” were kept on %2.")
+            document.window().offer(tr("Unsaved changes of “%1” were kept on %2.")
                                         .arg(work.name, QLocale().toString(work.changed, QLocale::ShortFormat)),
-                                    Text::tr("Open Them"), [this, work] { recover(work); });
+                                    tr("Open Them"), [this, work] { recover(work); });
     }
 }
 

@@ -3,6 +3,7 @@
 #include "document/document.h"
 #include "opening.h"
 
+#include <QCoreApplication>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -22,6 +23,8 @@ namespace lineara {
 /// told of, which its user worked in last. Main thread only.
 class DocumentController : public QObject
 {
+    Q_DECLARE_TR_FUNCTIONS(DocumentController)
+
 public:
     /// What the program around the documents does.
     struct Surroundings

@@ -14,15 +14,6 @@
 
 namespace lineara {
 
-namespace {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(DocumentController)
-};
-
-} // namespace
-
 void DocumentController::close(Document& document)
 {
     askToClose(document, [this, &document](bool mayClose) {
@@ -95,8 +86,8 @@ void DocumentController::offerBack(const LeftWork& work)
 {
     if (documents_.empty())
         return;
-    documents_.back()->window().offer(Text::tr("“%1” was closed with unsaved changes, which are kept.").arg(work.name),
-                                      Text::tr("Open Them"), [this, work] { recover(work); });
+    documents_.back()->window().offer(tr("“%1” was closed with unsaved changes, which are kept.").arg(work.name),
+                                      tr("Open Them"), [this, work] { recover(work); });
 }
 
 void DocumentController::stopOpening()

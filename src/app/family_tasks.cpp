@@ -9,7 +9,7 @@ namespace lineara {
 
 namespace {
 
-struct Text
+struct FamilyTaskTexts
 {
     Q_DECLARE_TR_FUNCTIONS(FamilyTasks)
 };
@@ -19,9 +19,10 @@ Failure unreadable(const LeftWork& work, const RecoveryCopy& copy, const Failure
 {
     const QString why =
         failure.reason.isEmpty() ? QString(failure.message).replace(copy.familyPath(), work.name) : failure.reason;
-    return Failure{Text::tr("The unsaved changes of “%1” can't be opened. The copy that holds them stays until it is "
+    return Failure{
+        FamilyTaskTexts::tr("The unsaved changes of “%1” can't be opened. The copy that holds them stays until it is "
                             "discarded in the start window. What is wrong with it: %2")
-                       .arg(work.name, why)};
+            .arg(work.name, why)};
 }
 
 } // namespace

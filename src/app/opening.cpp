@@ -10,7 +10,7 @@ namespace lineara {
 
 namespace {
 
-struct Text
+struct OpeningTexts
 {
     Q_DECLARE_TR_FUNCTIONS(Opening)
 };
@@ -87,7 +87,7 @@ void Opening::end(Results results)
 void Opening::updateProgress()
 {
     const std::size_t at = std::min(state_->at.load(), state_->tasks.size() - 1);
-    dialog_->setLabelText(Text::tr("Opening “%1”…").arg(state_->tasks[at].name));
+    dialog_->setLabelText(OpeningTexts::tr("Opening “%1”…").arg(state_->tasks[at].name));
     dialog_->setValue(static_cast<int>(state_->part * steps));
 }
 

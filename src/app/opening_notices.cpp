@@ -11,7 +11,7 @@ namespace lineara {
 
 namespace {
 
-struct Text
+struct OpeningNoticeTexts
 {
     Q_DECLARE_TR_FUNCTIONS(OpeningNotices)
 };
@@ -19,7 +19,7 @@ struct Text
 void offerToSave(Document& document, const QString& text)
 {
     DocumentWindow& window = document.window();
-    QWidget& notice = window.offer(text, Text::tr("Save As…"), [&document] { saveDocumentAs(document); });
+    QWidget& notice = window.offer(text, OpeningNoticeTexts::tr("Save As…"), [&document] { saveDocumentAs(document); });
     // With a file of its own, the family has another title.
     QObject::connect(&window, &QWidget::windowTitleChanged, &notice, &QObject::deleteLater);
 }
@@ -33,15 +33,17 @@ QString fileName(const Document& document)
 
 void tellThatOutOfDate(Document& document, const QString& obstacle)
 {
-    offerToSave(document, Text::tr("This is an up-to-date copy of “%1”. The file itself is of an older version of "
-                                   "Lineara and stays as it is: %2")
-                              .arg(fileName(document), obstacle));
+    offerToSave(document,
+                OpeningNoticeTexts::tr("This is an up-to-date copy of “%1”. The file itself is of an older version of "
+                                       "Lineara and stays as it is: %2")
+                    .arg(fileName(document), obstacle));
 }
 
 void tellThatInUse(Document& document)
 {
-    offerToSave(document, Text::tr("“%1” is being worked on in another window of Lineara, so these unsaved changes of "
-                                   "it can't be saved there. They become a file of their own.")
+    offerToSave(document, OpeningNoticeTexts::tr(
+                              "“%1” is being worked on in another window of Lineara, so these unsaved changes of "
+                              "it can't be saved there. They become a file of their own.")
                               .arg(fileName(document)));
 }
 

@@ -18,7 +18,7 @@ namespace lineara {
 
 namespace {
 
-struct Text
+struct ProgramMenuTexts
 {
     Q_DECLARE_TR_FUNCTIONS(ProgramMenus)
 };
@@ -49,26 +49,26 @@ void showRecent(QMenu& menu, const ProgramCommands& commands)
     }
     if (!paths.isEmpty())
         menu.addSeparator();
-    add(menu, Text::tr("&Clear Menu"), {}, commands.forgetRecent)->setEnabled(!paths.isEmpty());
+    add(menu, ProgramMenuTexts::tr("&Clear Menu"), {}, commands.forgetRecent)->setEnabled(!paths.isEmpty());
 }
 
 void addRecentMenu(QMenu& menu, const ProgramCommands& commands)
 {
-    QMenu* const recent = menu.addMenu(Text::tr("Open &Recent"));
+    QMenu* const recent = menu.addMenu(ProgramMenuTexts::tr("Open &Recent"));
     recent->setToolTipsVisible(true);
     QObject::connect(recent, &QMenu::aboutToShow, recent, [recent, commands] { showRecent(*recent, commands); });
 }
 
 void askToRevert(Document& document, const std::function<void(Document&)>& revert)
 {
-    auto* const box =
-        new QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
-                        Text::tr("Do you want to open “%1” again as it is in the file?").arg(document.name()),
-                        QMessageBox::Cancel, &document.window());
+    auto* const box = new QMessageBox(
+        QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
+        ProgramMenuTexts::tr("Do you want to open “%1” again as it is in the file?").arg(document.name()),
+        QMessageBox::Cancel, &document.window());
     box->setObjectName(QStringLiteral("revertQuestion"));
     box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setInformativeText(Text::tr("Everything that was changed since it was saved is lost."));
-    const QPushButton* const sure = box->addButton(Text::tr("Revert"), QMessageBox::DestructiveRole);
+    box->setInformativeText(ProgramMenuTexts::tr("Everything that was changed since it was saved is lost."));
+    const QPushButton* const sure = box->addButton(ProgramMenuTexts::tr("Revert"), QMessageBox::DestructiveRole);
     QObject::connect(box, &QMessageBox::finished, &document.window(), [&document, box, sure, revert] {
         if (box->clickedButton() == sure)
             revert(document);
@@ -79,12 +79,12 @@ void askToRevert(Document& document, const std::function<void(Document&)>& rever
 void addSaving(QMenu& menu, Document& document, const ProgramCommands& commands)
 {
     menu.addSeparator();
-    add(menu, Text::tr("&Save"), QKeySequence::Save, [&document] { saveDocument(document); });
-    add(menu, Text::tr("Save &As…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+    add(menu, ProgramMenuTexts::tr("&Save"), QKeySequence::Save, [&document] { saveDocument(document); });
+    add(menu, ProgramMenuTexts::tr("Save &As…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
         [&document] { saveDocumentAs(document); });
-    add(menu, Text::tr("Save a Cop&y…"), {}, [&document] { saveDocumentCopy(document); });
-    QAction* const revert =
-        add(menu, Text::tr("Re&vert…"), {}, [&document, commands] { askToRevert(document, commands.revert); });
+    add(menu, ProgramMenuTexts::tr("Save a Cop&y…"), {}, [&document] { saveDocumentCopy(document); });
+    QAction* const revert = add(menu, ProgramMenuTexts::tr("Re&vert…"), {},
+                                [&document, commands] { askToRevert(document, commands.revert); });
     QObject::connect(&menu, &QMenu::aboutToShow, revert, [revert, &document] {
         revert->setEnabled(document.hasOwnFile() && document.isModified() && QFileInfo::exists(document.path()));
     });
@@ -93,10 +93,12 @@ void addSaving(QMenu& menu, Document& document, const ProgramCommands& commands)
 void showWindows(QMenu& menu, QMainWindow& window, const ProgramCommands& commands)
 {
     menu.clear();
-    add(menu, Text::tr("&Minimize"), QKeySequence(Qt::CTRL | Qt::Key_M), [&window] { window.showMinimized(); });
-    add(menu, Text::tr("&Zoom"), {}, [&window] { window.setWindowState(window.windowState() ^ Qt::WindowMaximized); });
+    add(menu, ProgramMenuTexts::tr("&Minimize"), QKeySequence(Qt::CTRL | Qt::Key_M),
+        [&window] { window.showMinimized(); });
+    add(menu, ProgramMenuTexts::tr("&Zoom"), {},
+        [&window] { window.setWindowState(window.windowState() ^ Qt::WindowMaximized); });
     menu.addSeparator();
-    add(menu, Text::tr("&Start Window"), {}, commands.showStartWindow);
+    add(menu, ProgramMenuTexts::tr("&Start Window"), {}, commands.showStartWindow);
     menu.addSeparator();
     int number = 0;
     for (const QPointer<QMainWindow> other : commands.windows()) {
@@ -117,15 +119,15 @@ void showWindows(QMenu& menu, QMainWindow& window, const ProgramCommands& comman
 
 void fillFileMenu(QMenu& menu, QMainWindow& window, Document* document, const ProgramCommands& commands)
 {
-    add(menu, Text::tr("&New"), QKeySequence::New, commands.openNew);
-    add(menu, Text::tr("&Open…"), QKeySequence::Open, commands.open);
+    add(menu, ProgramMenuTexts::tr("&New"), QKeySequence::New, commands.openNew);
+    add(menu, ProgramMenuTexts::tr("&Open…"), QKeySequence::Open, commands.open);
     addRecentMenu(menu, commands);
-    add(menu, Text::tr("&Import…"), {}, commands.import);
+    add(menu, ProgramMenuTexts::tr("&Import…"), {}, commands.import);
     if (document)
         addSaving(menu, *document, commands);
     menu.addSeparator();
-    add(menu, Text::tr("&Close"), QKeySequence::Close, [&window] { window.close(); });
-    add(menu, Text::tr("&Quit"), QKeySequence::Quit, commands.quit);
+    add(menu, ProgramMenuTexts::tr("&Close"), QKeySequence::Close, [&window] { window.close(); });
+    add(menu, ProgramMenuTexts::tr("&Quit"), QKeySequence::Quit, commands.quit);
 }
 
 void fillWindowMenu(QMenu& menu, QMainWindow& window, const ProgramCommands& commands)
@@ -138,14 +140,14 @@ void fillWindowMenu(QMenu& menu, QMainWindow& window, const ProgramCommands& com
 
 void fillHelpMenu(QMenu& menu, const ProgramCommands& commands)
 {
-    add(menu, Text::tr("Lineara &Help"), QKeySequence::HelpContents, commands.openHelp);
+    add(menu, ProgramMenuTexts::tr("Lineara &Help"), QKeySequence::HelpContents, commands.openHelp);
     menu.addSeparator();
-    for (const QString& title : {Text::tr("Send &Feedback"), Text::tr("Report a &Problem")}) {
+    for (const QString& title : {ProgramMenuTexts::tr("Send &Feedback"), ProgramMenuTexts::tr("Report a &Problem")}) {
         QAction* const action = menu.addAction(title);
         QObject::connect(action, &QAction::triggered, action, [action, commands] { commands.contact(*action); });
     }
     menu.addSeparator();
-    add(menu, Text::tr("&About Lineara"), {}, commands.showAbout);
+    add(menu, ProgramMenuTexts::tr("&About Lineara"), {}, commands.showAbout);
 }
 
 } // namespace lineara

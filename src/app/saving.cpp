@@ -15,7 +15,7 @@ namespace lineara {
 
 namespace {
 
-struct Text
+struct SavingTexts
 {
     Q_DECLARE_TR_FUNCTIONS(Saving)
 };
@@ -35,7 +35,7 @@ QString baseName(const Document& document)
 
 QString nameOfCopy(const Document& document)
 {
-    return Text::tr("%1 copy").arg(baseName(document));
+    return SavingTexts::tr("%1 copy").arg(baseName(document));
 }
 
 /// Belongs to the document's window, so the document is there as long as the box is.
@@ -50,9 +50,9 @@ QMessageBox* makeBox(Document& document, const QString& message, const QString& 
 
 void tellFailure(Document& document, const QString& reason, const Settled& settled)
 {
-    QMessageBox* const box = makeBox(document, reason, Text::tr("The family stays open, with all its changes."));
+    QMessageBox* const box = makeBox(document, reason, SavingTexts::tr("The family stays open, with all its changes."));
     box->setObjectName(QStringLiteral("savingFailed"));
-    const QPushButton* const saveAs = box->addButton(Text::tr("Save As…"), QMessageBox::AcceptRole);
+    const QPushButton* const saveAs = box->addButton(SavingTexts::tr("Save As…"), QMessageBox::AcceptRole);
     box->addButton(QMessageBox::Close);
     QObject::connect(box, &QMessageBox::finished, &document.window(), [&document, box, saveAs, settled] {
         if (box->clickedButton() == saveAs)
@@ -68,11 +68,11 @@ void saveTo(Document& document, const QString& path, const Settled& settled, Doc
 void askAboutChange(Document& document, const QString& path, const Settled& settled)
 {
     QMessageBox* const box =
-        makeBox(document, Text::tr("“%1” was changed by another program since it was opened here.").arg(path),
-                Text::tr("Saving overwrites what the other program wrote."));
+        makeBox(document, SavingTexts::tr("“%1” was changed by another program since it was opened here.").arg(path),
+                SavingTexts::tr("Saving overwrites what the other program wrote."));
     box->setObjectName(QStringLiteral("fileHasChanged"));
-    const QPushButton* const overwrite = box->addButton(Text::tr("Save Anyway"), QMessageBox::DestructiveRole);
-    QPushButton* const saveAs = box->addButton(Text::tr("Save As…"), QMessageBox::AcceptRole);
+    const QPushButton* const overwrite = box->addButton(SavingTexts::tr("Save Anyway"), QMessageBox::DestructiveRole);
+    QPushButton* const saveAs = box->addButton(SavingTexts::tr("Save As…"), QMessageBox::AcceptRole);
     box->setDefaultButton(saveAs);
     box->setEscapeButton(box->addButton(QMessageBox::Cancel));
     QObject::connect(box, &QMessageBox::finished, &document.window(),
@@ -104,7 +104,8 @@ void saveTo(Document& document, const QString& path, const Settled& settled, Doc
 void choosePath(Document& document, const QString& title, const QString& proposed,
                 const std::function<void(const QString&)>& chosen)
 {
-    auto* const dialog = new QFileDialog(&document.window(), title, QString(), Text::tr("Family files (*.lineara)"));
+    auto* const dialog =
+        new QFileDialog(&document.window(), title, QString(), SavingTexts::tr("Family files (*.lineara)"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("lineara"));
@@ -137,7 +138,7 @@ void saveDocument(Document& document, const Settled& settled)
 
 void saveDocumentAs(Document& document, const Settled& settled)
 {
-    choosePath(document, Text::tr("Save the Family"),
+    choosePath(document, SavingTexts::tr("Save the Family"),
                proposedPath(document, document.origin().isCopy ? nameOfCopy(document) : baseName(document)),
                [&document, settled](const QString& path) {
                    if (path.isEmpty())
@@ -149,7 +150,7 @@ void saveDocumentAs(Document& document, const Settled& settled)
 
 void saveDocumentCopy(Document& document)
 {
-    choosePath(document, Text::tr("Save a Copy of the Family"), proposedPath(document, nameOfCopy(document)),
+    choosePath(document, SavingTexts::tr("Save a Copy of the Family"), proposedPath(document, nameOfCopy(document)),
                [&document](const QString& path) {
                    if (path.isEmpty())
                        return;

@@ -16,7 +16,7 @@ namespace lineara {
 
 namespace {
 
-struct Texts
+struct BringUpToDateTexts
 {
     Q_DECLARE_TR_FUNCTIONS(BringUpToDate)
 };
@@ -62,8 +62,9 @@ Outcome<QString> keptOriginal(const QString& path, const QString& folder, const 
     QDir().mkpath(folder);
     auto kept = store::createFreeFile(folder, QFileInfo(path).fileName());
     if (kept.failed())
-        return Failure{Texts::tr("“%1” is not brought up to date, because no copy of it can be kept in “%2”: %3")
-                           .arg(path, folder, kept.failure().message)};
+        return Failure{
+            BringUpToDateTexts::tr("“%1” is not brought up to date, because no copy of it can be kept in “%2”: %3")
+                .arg(path, folder, kept.failure().message)};
     note.addOriginal(kept.value());
     const auto copied = store::copyOver(path, kept.value(), calls);
     if (!copied.failed())
@@ -81,12 +82,14 @@ QString refusal(const QString& path)
         return metadata.failure().message;
     const int version = metadata.value().modelVersion;
     if (version > currentModelVersion)
-        return Texts::tr("“%1” was written by a newer version of Lineara (data model %2); this version reads data "
-                         "models up to %3. The file was not changed.")
+        return BringUpToDateTexts::tr(
+                   "“%1” was written by a newer version of Lineara (data model %2); this version reads data "
+                   "models up to %3. The file was not changed.")
             .arg(path)
             .arg(version)
             .arg(currentModelVersion);
-    return Texts::tr("“%1” can't be brought up to date: this version of Lineara knows no way from data model %2 to %3.")
+    return BringUpToDateTexts::tr(
+               "“%1” can't be brought up to date: this version of Lineara knows no way from data model %2 to %3.")
         .arg(path)
         .arg(version)
         .arg(currentModelVersion);
@@ -149,7 +152,7 @@ Failure failureOf(const QString& path, const QString& reason, UpToDateFile& file
         QFile::remove(*file.original);
         return Failure{reason};
     }
-    return Failure{Texts::tr("%1 The file as it was is kept in “%2”.").arg(reason, *file.original)};
+    return Failure{BringUpToDateTexts::tr("%1 The file as it was is kept in “%2”.").arg(reason, *file.original)};
 }
 
 } // namespace
@@ -201,7 +204,7 @@ Outcome<ReadableFile> readableCopy(const QString& path, const Progress& progress
     copy.path = copy.folder->filePath(QFileInfo(path).fileName());
     if (const auto copied = store::copyOver(path, copy.path); copied.failed()) {
         const auto& failure = copied.failure();
-        return Failure{Texts::tr("“%1” can't be opened, because no copy of it can be made: %2")
+        return Failure{BringUpToDateTexts::tr("“%1” can't be opened, because no copy of it can be made: %2")
                            .arg(path, failure.reason.isEmpty() ? failure.message : failure.reason)};
     }
     const auto current = bringUpToDate(copy.path, {copy.folder->path(), {}}, progress);

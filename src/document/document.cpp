@@ -23,7 +23,7 @@ namespace lineara {
 
 namespace {
 
-struct Text
+struct DocumentTexts
 {
     Q_DECLARE_TR_FUNCTIONS(Document)
 };
@@ -39,7 +39,7 @@ Outcome<std::unique_ptr<Document>> Document::open(const QString& path)
 {
     auto lock = lockFamilyFile(path);
     if (!lock)
-        return Failure{Text::tr("“%1” can't be opened: it is open in another window already.").arg(path)};
+        return Failure{DocumentTexts::tr("“%1” can't be opened: it is open in another window already.").arg(path)};
     auto family = openFamily(path);
     if (family.failed())
         return family.failure();

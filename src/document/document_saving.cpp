@@ -15,15 +15,16 @@ namespace lineara {
 
 namespace {
 
-struct Text
+struct DocumentSavingTexts
 {
     Q_DECLARE_TR_FUNCTIONS(DocumentSaving)
 };
 
 Failure openElsewhere(const QString& path)
 {
-    return Failure{Text::tr("“%1” can't be saved: the file is open in another window. Close it there, or save under "
-                            "another name.")
+    return Failure{DocumentSavingTexts::tr(
+                       "“%1” can't be saved: the file is open in another window. Close it there, or save under "
+                       "another name.")
                        .arg(path)};
 }
 
@@ -33,7 +34,8 @@ QString warningOf(const Outcome<Done>& copying, const QString& family)
     if (!copying.failed())
         return {};
     const Failure& failure = copying.failure();
-    return Text::tr("Unsaved changes of “%1” would be lost in a crash, so save soon. No copy of them can be kept: %2")
+    return DocumentSavingTexts::tr(
+               "Unsaved changes of “%1” would be lost in a crash, so save soon. No copy of them can be kept: %2")
         .arg(family, failure.reason.isEmpty() ? failure.message : failure.reason);
 }
 
@@ -57,7 +59,7 @@ QString DocumentSaving::name() const
     if (origin_.path.isEmpty())
         return Document::defaultDraftName();
     const QString fileName = QFileInfo(origin_.path).fileName();
-    return origin_.isCopy ? Text::tr("%1 (copy)").arg(fileName) : fileName;
+    return origin_.isCopy ? DocumentSavingTexts::tr("%1 (copy)").arg(fileName) : fileName;
 }
 
 bool DocumentSaving::isModified() const

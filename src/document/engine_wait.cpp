@@ -13,7 +13,7 @@ namespace {
 /// Who has waved the bar away sees it again after so long.
 constexpr std::chrono::seconds untilToldAgain{10};
 
-struct Text
+struct EngineWaitTexts
 {
     Q_DECLARE_TR_FUNCTIONS(EngineWait)
 };
@@ -59,8 +59,9 @@ void EngineWait::tell()
     timer_.start(untilToldAgain);
     if (bar_)
         return;
-    bar_ = &window_.offer(Text::tr("Working out the rows… Finishing now may leave some partners in different rows."),
-                          Text::tr("Finish Now"), hurry_);
+    bar_ = &window_.offer(
+        EngineWaitTexts::tr("Working out the rows… Finishing now may leave some partners in different rows."),
+        EngineWaitTexts::tr("Finish Now"), hurry_);
 }
 
 } // namespace lineara

@@ -11,7 +11,7 @@ namespace lineara {
 
 namespace {
 
-struct Text
+struct NoticeTexts
 {
     Q_DECLARE_TR_FUNCTIONS(Notice)
 };
@@ -31,7 +31,7 @@ Notice::Notice(const QString& text, const QString& command, std::function<void()
     auto* const close = new QToolButton;
     close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
     close->setAutoRaise(true);
-    close->setAccessibleName(Text::tr("Close"));
+    close->setAccessibleName(NoticeTexts::tr("Close"));
     auto* const row = new QHBoxLayout(this);
     row->addWidget(label, 1);
     row->addWidget(button);

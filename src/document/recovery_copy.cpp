@@ -20,7 +20,7 @@ namespace lineara {
 
 namespace {
 
-struct Text
+struct RecoveryCopyTexts
 {
     Q_DECLARE_TR_FUNCTIONS(RecoveryCopy)
 };
@@ -62,7 +62,7 @@ void read(const QJsonObject& object, LeftWork& work)
     work.name = object[QStringLiteral("name")].toString();
     work.isDamaged = work.name.isEmpty();
     if (work.isDamaged)
-        work.name = Text::tr("A damaged copy");
+        work.name = RecoveryCopyTexts::tr("A damaged copy");
     work.path = object[QStringLiteral("path")].toString();
     work.isOwn = object[QStringLiteral("own")].toBool() && !work.path.isEmpty();
     work.isCopy = object[QStringLiteral("copy")].toBool();

@@ -13,7 +13,7 @@ namespace lineara {
 
 namespace {
 
-struct Text
+struct WaitingPageTexts
 {
     Q_DECLARE_TR_FUNCTIONS(WaitingPage)
 };
@@ -33,11 +33,11 @@ WaitingPage::WaitingPage(std::function<void()> giveUp) : content_(new QWidget)
     bar->setRange(0, 0);
     bar->setFixedWidth(barWidth);
     bar->setTextVisible(false);
-    auto* const cancel = new QPushButton(Text::tr("Cancel"));
+    auto* const cancel = new QPushButton(WaitingPageTexts::tr("Cancel"));
     cancel->setObjectName(QStringLiteral("giveUpButton"));
     connect(cancel, &QPushButton::clicked, this, std::move(giveUp));
     auto* const column = new QVBoxLayout(content_);
-    column->addWidget(new QLabel(Text::tr("Working out the rows\u2026")), 0, Qt::AlignHCenter);
+    column->addWidget(new QLabel(WaitingPageTexts::tr("Working out the rows\u2026")), 0, Qt::AlignHCenter);
     column->addWidget(bar, 0, Qt::AlignHCenter);
     column->addWidget(cancel, 0, Qt::AlignHCenter);
     auto* const page = new QVBoxLayout(this);

@@ -7,16 +7,6 @@
 
 namespace lineara {
 
-namespace {
-
-void makeWritable(std::optional<QString>& text)
-{
-    if (text)
-        text = writableText(*std::move(text));
-}
-
-} // namespace
-
 ContextLoader::ContextLoader(QUuid storeUuid, std::uint64_t nextNumber, std::size_t expectedRecords)
     : context_(std::make_unique<ObjectContext>(storeUuid))
 {
@@ -31,8 +21,8 @@ Person& ContextLoader::addPerson(RecordId id, PersonValues values)
     std::unique_ptr<Person> owner(new Person(*context_, id));
     Person& person = *owner;
     person.values_ = std::move(values);
-    makeWritable(person.values_.name);
-    makeWritable(person.values_.additional);
+    person.values_.name = writableText(std::move(person.values_.name));
+    person.values_.additional = writableText(std::move(person.values_.additional));
     context_->records_->append(std::move(owner));
     return person;
 }

@@ -8,17 +8,6 @@
 
 namespace lineara {
 
-namespace {
-
-std::optional<QString> writable(std::optional<QString> text)
-{
-    if (text)
-        text = writableText(*std::move(text));
-    return text;
-}
-
-} // namespace
-
 ObjectContext::ObjectContext(QUuid storeUuid) : storeUuid_(storeUuid), records_(std::make_unique<RecordTable>()) {}
 
 ObjectContext::~ObjectContext() = default;
@@ -32,8 +21,8 @@ Person& ObjectContext::insertPerson(PersonValues values)
 {
     std::unique_ptr<Person> person(new Person(*this, takeNumber()));
     person->values_ = std::move(values);
-    person->values_.name = writable(std::move(person->values_.name));
-    person->values_.additional = writable(std::move(person->values_.additional));
+    person->values_.name = writableText(std::move(person->values_.name));
+    person->values_.additional = writableText(std::move(person->values_.additional));
     return static_cast<Person&>(attach(std::move(person)));
 }
 

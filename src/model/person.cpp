@@ -11,13 +11,6 @@ namespace lineara {
 
 namespace {
 
-AttributeValue writable(std::optional<QString> text)
-{
-    if (text)
-        text = writableText(*std::move(text));
-    return text;
-}
-
 /// Empty, but never null, for a file that can't be read.
 QByteArray bytesOf(const QString& fileName)
 {
@@ -36,12 +29,12 @@ Person::~Person() = default;
 
 void Person::setName(std::optional<QString> name)
 {
-    context().setAttribute(*this, PersonAttribute::Name, writable(std::move(name)));
+    context().setAttribute(*this, PersonAttribute::Name, writableText(std::move(name)));
 }
 
 void Person::setAdditional(std::optional<QString> notes)
 {
-    context().setAttribute(*this, PersonAttribute::Additional, writable(std::move(notes)));
+    context().setAttribute(*this, PersonAttribute::Additional, writableText(std::move(notes)));
 }
 
 void Person::setBirthDay(std::optional<std::int32_t> day)

@@ -1,6 +1,7 @@
 #include "model/text_hygiene.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace lineara {
 
@@ -44,6 +45,13 @@ QString writableText(QString text, bool* repaired)
         }
         at += std::max<qsizetype>(length, 1);
     }
+    return text;
+}
+
+std::optional<QString> writableText(std::optional<QString> text)
+{
+    if (text)
+        text = writableText(*std::move(text));
     return text;
 }
 

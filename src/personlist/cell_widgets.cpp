@@ -1,9 +1,9 @@
 #include "cell_widgets.h"
 
+#include "cell_texts.h"
 #include "list_colours.h"
 #include "thumbnails.h"
 
-#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -11,11 +11,6 @@
 namespace lineara {
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(CellTexts)
-};
 
 /// Of a row that is closing, only what is shown fades: nothing moves up where a button went.
 void keepPlace(QWidget& button)
@@ -46,7 +41,7 @@ QPushButton* makePicButton()
 
 QPushButton* makePicRemoveButton()
 {
-    auto* const button = new QPushButton(Texts::tr("Remove Picture"));
+    auto* const button = new QPushButton(CellTexts::tr("Remove Picture"));
     button->setObjectName(QStringLiteral("picRemoveButton"));
     keepPlace(*button);
     return button;

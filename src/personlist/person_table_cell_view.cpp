@@ -1,5 +1,6 @@
 #include "person_table_cell_view.h"
 
+#include "cell_texts.h"
 #include "cell_widgets.h"
 #include "date_field.h"
 #include "list_colours.h"
@@ -9,7 +10,6 @@
 #include "refused_dates.h"
 #include "thumbnails.h"
 
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -25,12 +25,7 @@ namespace lineara {
 
 namespace {
 
-constexpr int margin = 12;
-
-struct CellTexts
-{
-    Q_DECLARE_TR_FUNCTIONS(CellTexts)
-};
+constexpr int contentsMargin = 12;
 
 void storeBirth(Person& person, const PartialDate& date)
 {
@@ -142,7 +137,7 @@ void PersonTableCellView::assemble()
     beside->addWidget(picRemoveButton_, 0, Qt::AlignLeft);
     beside->addStretch();
     auto* const layout = new QGridLayout(editables_);
-    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setContentsMargins(contentsMargin, contentsMargin, contentsMargin, contentsMargin);
     layout->setHorizontalSpacing(10);
     layout->setVerticalSpacing(6);
     layout->addWidget(picButton_, 0, 0);

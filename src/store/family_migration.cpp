@@ -12,11 +12,6 @@ namespace lineara::store {
 
 namespace {
 
-bool isElement(pugi::xml_node node, std::string_view name)
-{
-    return node.type() == pugi::node_element && node.name() == name;
-}
-
 /// Takes the children of the root one by one, and writes what becomes of each on lines of its own.
 class ChildMigration
 {

@@ -11,11 +11,6 @@ namespace lineara::store {
 
 namespace {
 
-bool isElement(pugi::xml_node node, std::string_view name)
-{
-    return node.type() == pugi::node_element && node.name() == name;
-}
-
 /// Reads the children of the root, which come in several fragments.
 class ChildReader
 {

@@ -50,9 +50,6 @@ private:
     std::uint32_t position_ = 0;
 };
 
-constexpr std::string_view objectIndent = "    ";
-constexpr std::string_view memberIndent = "        ";
-
 /// Writes one object element, member by member; begun by the constructor and ended by the destructor.
 class ObjectElement
 {

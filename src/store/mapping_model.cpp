@@ -25,7 +25,7 @@ std::optional<PropertyMapping> readProperty(pugi::xml_node node)
     return std::nullopt;
 }
 
-Outcome<EntityMapping> readEntity(pugi::xml_node node)
+Outcome<EntityMapping> readEntityMapping(pugi::xml_node node)
 {
     EntityMapping entity{node.attribute("name").value(), {}};
     for (const auto child : node.children()) {
@@ -49,7 +49,7 @@ Outcome<MappingModel> MappingModel::read(const QByteArray& mapping)
     if (model.sourceVersion < 1 || model.destinationVersion < 1)
         return Failure{u"it does not say its versions."_qs};
     for (const auto child : root.children("entity")) {
-        auto entity = readEntity(child);
+        auto entity = readEntityMapping(child);
         if (entity.failed())
             return entity.failure();
         model.entities.push_back(std::move(entity.value()));

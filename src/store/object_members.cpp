@@ -1,5 +1,6 @@
 #include "object_members.h"
 
+#include "markup_scan.h"
 #include "numbers.h"
 #include "repair_notes.h"
 #include "store_texts.h"
@@ -7,12 +8,6 @@
 #include <charconv>
 
 namespace lineara::store {
-
-namespace {
-
-constexpr std::string_view blanks = " \t\r\n";
-
-} // namespace
 
 QString shown(std::string_view text)
 {

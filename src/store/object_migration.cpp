@@ -9,9 +9,6 @@ namespace lineara::store {
 
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n";
-constexpr std::string_view memberIndent = "        ";
-
 std::string_view viewOf(const QByteArray& bytes)
 {
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};

@@ -11,8 +11,6 @@ namespace lineara::store {
 
 namespace {
 
-constexpr char32_t replacement = 0xFFFD;
-
 enum ByteKind : std::uint8_t
 {
     Plain = 0,
@@ -116,7 +114,7 @@ private:
     QChar replaced()
     {
         result_.flaw = std::max(result_.flaw, TextFlaw::Replaced);
-        return {static_cast<char16_t>(replacement)};
+        return QChar::ReplacementCharacter;
     }
 
     DecodedText result_;

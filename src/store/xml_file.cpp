@@ -11,7 +11,6 @@ namespace lineara::store {
 
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 bool isUtf8Name(std::string_view encoding)

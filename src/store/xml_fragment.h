@@ -20,6 +20,11 @@ inline constexpr unsigned parseFlags = pugi::parse_fragment | pugi::parse_cdata 
                                        pugi::parse_pi | pugi::parse_doctype | pugi::parse_declaration |
                                        pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
 
+inline bool isElement(pugi::xml_node node, std::string_view name)
+{
+    return node.type() == pugi::node_element && node.name() == name;
+}
+
 /// The line of a position in a text, counted from 1.
 qsizetype lineAt(std::string_view text, std::size_t position);
 

@@ -11,6 +11,10 @@
 
 namespace lineara::store {
 
+/// How far the objects of a family file and their members stand from the edge.
+inline constexpr std::string_view objectIndent = "    ";
+inline constexpr std::string_view memberIndent = "        ";
+
 /// Collects XML text in a buffer and hands it to the sink in large pieces.
 class XmlWriter
 {

@@ -16,8 +16,6 @@ namespace lineara::chaos {
 
 namespace {
 
-constexpr std::int64_t minute = 60'000'000'000;
-
 std::vector<std::string> environment(const std::filesystem::path& home)
 {
     std::vector<std::string> result;

@@ -16,6 +16,9 @@ inline std::int64_t now()
         .count();
 }
 
+/// In nanoseconds.
+inline constexpr std::int64_t minute = 60'000'000'000;
+
 /// Tells the parent, before anything else happens: what was told is known even if the process is killed right after.
 inline void report(const QByteArray& words)
 {

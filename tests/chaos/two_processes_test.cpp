@@ -14,8 +14,6 @@ namespace lineara::chaos {
 
 namespace {
 
-constexpr std::int64_t minute = 60'000'000'000;
-
 std::string familyIn(const Place& place)
 {
     const auto path = (place.docs() / "family.lineara").string();

@@ -18,7 +18,7 @@ using namespace lineara;
 namespace {
 
 // Lets the document's queue run empty; false after ten seconds.
-bool settle(Document& document)
+bool queueRunsEmpty(Document& document)
 {
     bool settled = false;
     document.whenSettled([&] { settled = true; });
@@ -52,7 +52,7 @@ TEST(Document, BuildsTheCanvasOnlyAfterTheFirstProcessing)
     const TestFiles files;
     auto document = openDocument(files.save(QStringLiteral("family.lineara"), *threeGenerations()));
     EXPECT_EQ(document->treeView(), nullptr);
-    ASSERT_TRUE(settle(*document));
+    ASSERT_TRUE(queueRunsEmpty(*document));
     ASSERT_NE(document->treeView(), nullptr);
     EXPECT_EQ(document->pool().maxGeneration(), 3);
     for (Person* person : document->pool().persons())
@@ -63,10 +63,10 @@ TEST(Document, AnEmptyFamilyShowsTheOnboardingViewAndAnyOtherDoesNot)
 {
     const TestFiles files;
     auto empty = openDocument(files.save(QStringLiteral("empty.lineara"), ObjectContext()));
-    ASSERT_TRUE(settle(*empty));
+    ASSERT_TRUE(queueRunsEmpty(*empty));
     EXPECT_TRUE(empty->window().isOnboardingVisible());
     auto family = openDocument(files.save(QStringLiteral("family.lineara"), *threeGenerations()));
-    ASSERT_TRUE(settle(*family));
+    ASSERT_TRUE(queueRunsEmpty(*family));
     EXPECT_FALSE(family->window().isOnboardingVisible());
 }
 
@@ -76,7 +76,7 @@ TEST(Document, OpeningASettledFamilyChangesNothing)
     const auto family = settledFamily();
     const QByteArray before = textOf(*family);
     auto document = openDocument(files.save(QStringLiteral("family.lineara"), *family));
-    ASSERT_TRUE(settle(*document));
+    ASSERT_TRUE(queueRunsEmpty(*document));
     EXPECT_EQ(textOf(document->context()), before);
     EXPECT_FALSE(document->context().journal().canUndo());
 }
@@ -92,7 +92,7 @@ TEST(Document, AFamilyFarFromTheLeftEdgeIsTrimmedWithoutAnUndoStep)
                   ->x(),
               300);
     auto document = openDocument(files.save(QStringLiteral("family.lineara"), *family));
-    ASSERT_TRUE(settle(*document));
+    ASSERT_TRUE(queueRunsEmpty(*document));
     for (Person* person : document->pool().persons())
         EXPECT_EQ(person->x(), *family->person(person->recordId())->x() - 47);
     EXPECT_FALSE(document->context().journal().canUndo());
@@ -110,7 +110,7 @@ TEST(Document, ClosingWhileItIsStillProcessedIsSafe)
         QApplication::processEvents();
     }
     auto document = openDocument(path);
-    EXPECT_TRUE(settle(*document));
+    EXPECT_TRUE(queueRunsEmpty(*document));
 }
 
 TEST(Document, TwoOpenDocumentsHaveTheirOwnFamilies)
@@ -118,7 +118,7 @@ TEST(Document, TwoOpenDocumentsHaveTheirOwnFamilies)
     const TestFiles files;
     auto first = openDocument(files.save(QStringLiteral("one.lineara"), *settledFamily()));
     auto second = openDocument(files.save(QStringLiteral("other.lineara"), *settledFamily()));
-    ASSERT_TRUE(settle(*first) && settle(*second));
+    ASSERT_TRUE(queueRunsEmpty(*first) && queueRunsEmpty(*second));
     first->context().person(RecordId{106})->setName(QStringLiteral("Renamed"));
     EXPECT_EQ(second->context().person(RecordId{106})->name(), QStringLiteral("Kid"));
 }

@@ -15,11 +15,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-ProcessResult run(const FamilyMaker& family)
-{
-    return process(family.graph()).value();
-}
-
 bool tells(const ProcessResult& result, LogEntry::Kind kind)
 {
     return std::ranges::count(result.log, kind, &LogEntry::kind) > 0;
@@ -39,7 +34,7 @@ FamilyMaker twoLines(std::uint32_t shorter, std::uint32_t longer)
 
 TEST(Balancing, RaisesAParentWhoIsPartnerOfItsChild)
 {
-    const auto result = run(FamilyMaker(2).offspring(0, 1).partners(0, 1));
+    const auto result = processed(FamilyMaker(2).offspring(0, 1).partners(0, 1));
     const auto literal = processLiterally(FamilyMaker(2).offspring(0, 1).partners(0, 1).graph());
     EXPECT_THAT(result.generations, ElementsAre(5, 4));
     EXPECT_EQ(result.generations, literal->generations);
@@ -48,14 +43,14 @@ TEST(Balancing, RaisesAParentWhoIsPartnerOfItsChild)
 
 TEST(Balancing, LeavesAFamilyWithoutChildrenAlone)
 {
-    EXPECT_THAT(run(FamilyMaker(4).partners({{0, 1}, {2, 3}, {1, 2}})).generations, ElementsAre(1, 1, 1, 1));
+    EXPECT_THAT(processed(FamilyMaker(4).partners({{0, 1}, {2, 3}, {1, 2}})).generations, ElementsAre(1, 1, 1, 1));
 }
 
 TEST(Balancing, PullsPartnersAlong)
 {
     // 5 starts level with its partner 0, high above its parent 4, who then rises with its partner 6.
     const FamilyMaker family = FamilyMaker(7).line(0, 3).offspring(4, 5).partners({{0, 5}, {4, 6}});
-    const auto result = run(family);
+    const auto result = processed(family);
     EXPECT_EQ(result.generations[4], result.generations[5] + 1);
     EXPECT_EQ(result.generations[6], result.generations[4]);
     EXPECT_EQ(result.generations, processLiterally(family.graph())->generations);
@@ -63,7 +58,7 @@ TEST(Balancing, PullsPartnersAlong)
 
 TEST(Balancing, GoesBackAndLeavesPartnersOutWhereItWouldNeverEnd)
 {
-    const auto result = run(FamilyMaker(4).line(0, 3).partners(0, 3));
+    const auto result = processed(FamilyMaker(4).line(0, 3).partners(0, 3));
     EXPECT_THAT(result.generations, ElementsAre(7, 6, 5, 4));
     ASSERT_EQ(result.log.size(), 1U);
     EXPECT_EQ(logLine(result.log[0]), "Pushing up with partners would never end. Pushing up without partners instead");
@@ -72,7 +67,7 @@ TEST(Balancing, GoesBackAndLeavesPartnersOutWhereItWouldNeverEnd)
 TEST(Balancing, EndsForTheSameFamilyYoungestFirst)
 {
     const FamilyMaker family = FamilyMaker(4).offspring({{3, 2}, {2, 1}, {1, 0}}).partners(0, 3);
-    const auto result = run(family);
+    const auto result = processed(family);
     EXPECT_FALSE(tells(result, LogEntry::Kind::EndlessPush));
     EXPECT_EQ(result.generations, processLiterally(family.graph())->generations);
 }
@@ -86,7 +81,7 @@ TEST(Balancing, ProvesEndlessnessWhereOnePartnerFollowsTwoLinesOfDifferentSpeed)
     family.partners({{1, 9}, {1, 11}, {0, 6}, {0, 9}, {2, 8}, {2, 10}, {2, 5}, {4, 11}, {4, 10}});
     family.partners({{5, 8}, {6, 9}, {7, 11}, {8, 10}});
     EXPECT_FALSE(processLiterally(family.graph(), 10'000).has_value());
-    EXPECT_TRUE(tells(run(family), LogEntry::Kind::EndlessPush));
+    EXPECT_TRUE(tells(processed(family), LogEntry::Kind::EndlessPush));
 }
 
 TEST(Balancing, ProvesEndlessnessOfManyKnotsOfDifferentPeriods)
@@ -129,7 +124,7 @@ TEST(Balancing, ProvesEndlessnessWherePushesRepeatSoonerThanTheirHeights)
     const HangGuard guard;
     for (unsigned seed = 0; seed < families; ++seed) {
         std::mt19937_64 random(seed);
-        endless += tells(run(tangledFamily(60, 10, random)), LogEntry::Kind::EndlessPush);
+        endless += tells(processed(tangledFamily(60, 10, random)), LogEntry::Kind::EndlessPush);
     }
     EXPECT_GT(endless, 0);
 }

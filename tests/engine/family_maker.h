@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/family_graph.h"
+#include "engine/process.h"
 
 #include <cstdint>
 #include <initializer_list>
@@ -67,5 +68,11 @@ FamilyGraph randomFamily(const RandomFamily& wish, std::mt19937_64& random);
 
 /// Couples in lines of ten generations, and then links between anybody, drawn one by one where the rules allow them.
 FamilyMaker tangledFamily(std::uint32_t persons, std::uint32_t links, std::mt19937_64& random);
+
+/// What the engine says of the family, run to its end.
+inline ProcessResult processed(const FamilyMaker& family)
+{
+    return process(family.graph()).value();
+}
 
 } // namespace lineara::engine

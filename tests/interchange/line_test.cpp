@@ -10,7 +10,7 @@ namespace {
 
 using testing::ElementsAre;
 
-std::vector<GedcomLine> read(std::string_view text)
+std::vector<GedcomLine> readLines(std::string_view text)
 {
     std::vector<GedcomLine> lines;
     GedcomLineReader reader(text);
@@ -23,7 +23,7 @@ std::vector<GedcomLine> read(std::string_view text)
 std::vector<std::string> outline(std::string_view text)
 {
     std::vector<std::string> lines;
-    for (const GedcomLine& line : read(text))
+    for (const GedcomLine& line : readLines(text))
         lines.push_back(std::to_string(line.number) + ":" + std::to_string(line.level.value_or(99)) + " " +
                         std::string(line.tag));
     return lines;
@@ -31,7 +31,7 @@ std::vector<std::string> outline(std::string_view text)
 
 TEST(GedcomLines, PartsOfALine)
 {
-    const auto lines = read("0 @I1@ INDI\n1 NAME John /Doe/\n1 FAMS @F1@\n1 BIRT");
+    const auto lines = readLines("0 @I1@ INDI\n1 NAME John /Doe/\n1 FAMS @F1@\n1 BIRT");
     ASSERT_EQ(lines.size(), 4u);
     EXPECT_EQ(lines[0].xref, "I1");
     EXPECT_EQ(lines[0].tag, "INDI");
@@ -59,7 +59,7 @@ TEST(GedcomLines, BlankLinesAreSkippedButCounted)
 
 TEST(GedcomLines, BlanksBeforeTheLevelAndBetweenThePartsDoNotMatter)
 {
-    const auto lines = read("  0  @I1@\t INDI\n\t1   SEX M");
+    const auto lines = readLines("  0  @I1@\t INDI\n\t1   SEX M");
     ASSERT_EQ(lines.size(), 2u);
     EXPECT_EQ(lines[0].xref, "I1");
     EXPECT_EQ(lines[0].tag, "INDI");
@@ -68,14 +68,14 @@ TEST(GedcomLines, BlanksBeforeTheLevelAndBetweenThePartsDoNotMatter)
 
 TEST(GedcomLines, BlanksInAndAroundAValueBelongToIt)
 {
-    const auto lines = read("2 CONC  two  words \n2 CONT ");
+    const auto lines = readLines("2 CONC  two  words \n2 CONT ");
     EXPECT_EQ(lines[0].value, " two  words ");
     EXPECT_EQ(lines[1].value, "");
 }
 
 TEST(GedcomLines, OnlyAWholeValueBetweenAtSignsIsAPointer)
 {
-    const auto lines = read("1 A @F1@ \n1 A @#DJULIAN@\n1 A @@\n1 A @me@here@\n1 A a@b@\n1 A @\n1 A @a b@");
+    const auto lines = readLines("1 A @F1@ \n1 A @#DJULIAN@\n1 A @@\n1 A @me@here@\n1 A a@b@\n1 A @\n1 A @a b@");
     EXPECT_TRUE(lines[0].isPointer);
     EXPECT_EQ(lines[0].value, "F1");
     for (std::size_t i = 1; i < 6; ++i)
@@ -85,7 +85,7 @@ TEST(GedcomLines, OnlyAWholeValueBetweenAtSignsIsAPointer)
 
 TEST(GedcomLines, DefectsAreNamedAndKeepTheLevelWhereThereIsOne)
 {
-    const auto lines = read("0 @I1 INDI\nno level at all\n100 NAME x\n1\n2 @I1@\n1 BI-RT x\n1 ?\n-1 NAME\n7NAME");
+    const auto lines = readLines("0 @I1 INDI\nno level at all\n100 NAME x\n1\n2 @I1@\n1 BI-RT x\n1 ?\n-1 NAME\n7NAME");
     ASSERT_EQ(lines.size(), 9u);
     const std::vector<LineDefect> defects = {
         LineDefect::UnterminatedXref, LineDefect::NoLevel, LineDefect::NoLevel, LineDefect::NoLevel,
@@ -104,7 +104,7 @@ TEST(GedcomLines, ALineMayBeAsLongAsItLikes)
 {
     const std::string value(3'000'000, 'x');
     const std::string text = "1 NOTE " + value + "\n1 SEX M\n";
-    const auto lines = read(text);
+    const auto lines = readLines(text);
     ASSERT_EQ(lines.size(), 2u);
     EXPECT_EQ(lines[0].value, value);
     EXPECT_EQ(lines[1].number, 2u);

@@ -1,5 +1,7 @@
 #include "family_sketch.h"
 
+#include "layout/first_order.h"
+
 #include <algorithm>
 
 namespace lineara::layout::sketch {
@@ -127,6 +129,11 @@ Sketch largeFamily(Random& random, std::uint32_t rows, std::uint32_t personsInRo
         }
     }
     return sketch;
+}
+
+std::vector<std::int32_t> order(const Sketch& sketch, std::int32_t leftMargin)
+{
+    return firstOrder(sketch.graph(), sketch.generations(), pitch, leftMargin);
 }
 
 } // namespace lineara::layout::sketch

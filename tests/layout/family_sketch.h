@@ -51,4 +51,11 @@ Sketch together(const Sketch& one, const Sketch& other);
 /// As many rows of as many persons, couples side by side, every child born to a couple near its own place.
 Sketch largeFamily(Random& random, std::uint32_t rows, std::uint32_t personsInRow);
 
+/// The distance of neighbours, and the least one from the edge.
+inline constexpr std::int32_t pitch = 152;
+inline constexpr std::int32_t margin = 160;
+
+/// The family in its first order.
+std::vector<std::int32_t> order(const Sketch& sketch, std::int32_t leftMargin = margin);
+
 } // namespace lineara::layout::sketch

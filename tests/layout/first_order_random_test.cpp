@@ -14,20 +14,19 @@ namespace {
 
 using namespace sketch;
 
-constexpr std::int32_t pitch = 152;
-constexpr std::int32_t margin = 40;
+constexpr std::int32_t narrowMargin = 40;
 #ifdef LINEARA_SANITIZED
 constexpr int rounds = 200;
 #else
 constexpr int rounds = 3000;
 #endif
 
-using Row = std::vector<PersonIndex>;
+using DrawnRow = std::vector<PersonIndex>;
 
 /// The rows as drawn, everybody from left to right.
-std::map<Generation, Row> rowsFromLeft(const Sketch& sketch, const std::vector<std::int32_t>& x)
+std::map<Generation, DrawnRow> rowsFromLeft(const Sketch& sketch, const std::vector<std::int32_t>& x)
 {
-    std::map<Generation, Row> rows;
+    std::map<Generation, DrawnRow> rows;
     for (PersonIndex person = 0; person < sketch.persons(); ++person)
         rows[std::max(sketch.generations()[person], 0)].push_back(person);
     for (auto& [generation, row] : rows)
@@ -35,15 +34,10 @@ std::map<Generation, Row> rowsFromLeft(const Sketch& sketch, const std::vector<s
     return rows;
 }
 
-std::vector<std::int32_t> order(const Sketch& sketch)
-{
-    return firstOrder(sketch.graph(), sketch.generations(), pitch, margin);
-}
-
 void expectRoomForEverybody(const Sketch& sketch, const std::vector<std::int32_t>& x)
 {
     ASSERT_EQ(x.size(), sketch.persons());
-    EXPECT_EQ(*std::ranges::min_element(x), margin);
+    EXPECT_EQ(*std::ranges::min_element(x), narrowMargin);
     for (const auto& [generation, row] : rowsFromLeft(sketch, x))
         for (std::size_t next = 1; next < row.size(); ++next)
             ASSERT_GE(x[row[next]] - x[row[next - 1]], pitch) << "row " << generation;
@@ -55,9 +49,9 @@ TEST(FirstOrderOfRandomFamilies, NobodyOverlapsAndTheLeftmostStandsAtTheMargin)
     for (int round = 0; round < rounds; ++round) {
         SCOPED_TRACE(round);
         const Sketch sketch = randomTangle(random, pick(random, 1, 40));
-        const auto x = order(sketch);
+        const auto x = order(sketch, narrowMargin);
         expectRoomForEverybody(sketch, x);
-        ASSERT_EQ(order(sketch), x) << "two runs differ";
+        ASSERT_EQ(order(sketch, narrowMargin), x) << "two runs differ";
     }
 }
 
@@ -67,7 +61,7 @@ TEST(FirstOrderOfRandomFamilies, CouplesAmongDescendantsAreNeighbours)
     for (int round = 0; round < rounds; ++round) {
         SCOPED_TRACE(round);
         const Sketch sketch = randomDescendants(random, static_cast<Generation>(pick(random, 1, 5)), 4);
-        const auto x = order(sketch);
+        const auto x = order(sketch, narrowMargin);
         expectRoomForEverybody(sketch, x);
         for (PersonIndex person = 0; person < sketch.persons(); ++person)
             for (const PersonIndex partner : sketch.partners[person])
@@ -81,7 +75,7 @@ TEST(FirstOrderOfRandomFamilies, NobodyStandsBetweenSiblingsButTheirPartners)
     for (int round = 0; round < rounds; ++round) {
         SCOPED_TRACE(round);
         const Sketch sketch = randomDescendants(random, static_cast<Generation>(pick(random, 2, 5)), 4);
-        for (const auto& [generation, row] : rowsFromLeft(sketch, order(sketch))) {
+        for (const auto& [generation, row] : rowsFromLeft(sketch, order(sketch, narrowMargin))) {
             std::vector<PersonIndex> mothers;
             for (const PersonIndex person : row) {
                 const PersonIndex heir = sketch.parents[person].empty() && !sketch.partners[person].empty()
@@ -102,7 +96,7 @@ TEST(FirstOrderOfRandomFamilies, LinesOfDescendantsDoNotCross)
     for (int round = 0; round < rounds; ++round) {
         SCOPED_TRACE(round);
         const Sketch sketch = randomDescendants(random, static_cast<Generation>(pick(random, 2, 5)), 4);
-        const auto x = order(sketch);
+        const auto x = order(sketch, narrowMargin);
         for (const auto& [generation, row] : rowsFromLeft(sketch, x)) {
             std::int32_t last = 0;
             for (const PersonIndex person : row) {
@@ -123,7 +117,7 @@ TEST(FirstOrderOfRandomFamilies, UnconnectedFamiliesAreNotInterleaved)
         SCOPED_TRACE(round);
         const Sketch one = randomDescendants(random, 4, 3);
         const Sketch both = together(one, randomDescendants(random, 4, 3));
-        const auto x = order(both);
+        const auto x = order(both, narrowMargin);
         expectRoomForEverybody(both, x);
         for (const auto& [generation, row] : rowsFromLeft(both, x)) {
             int changes = 0;
@@ -137,7 +131,7 @@ TEST(FirstOrderOfRandomFamilies, UnconnectedFamiliesAreNotInterleaved)
 class DegenerateFamily : public testing::Test
 {
 protected:
-    static void expectOrdered(const Sketch& sketch) { expectRoomForEverybody(sketch, order(sketch)); }
+    static void expectOrdered(const Sketch& sketch) { expectRoomForEverybody(sketch, order(sketch, narrowMargin)); }
 };
 
 TEST_F(DegenerateFamily, LineOfTwoHundredThousandStandsStraight)
@@ -150,7 +144,7 @@ TEST_F(DegenerateFamily, LineOfTwoHundredThousandStandsStraight)
         sketch.bear(child, {youngest});
         youngest = child;
     }
-    EXPECT_EQ(order(sketch), std::vector<std::int32_t>(length, margin));
+    EXPECT_EQ(order(sketch, narrowMargin), std::vector<std::int32_t>(length, narrowMargin));
 }
 
 TEST_F(DegenerateFamily, ParentStandsAboveTheMiddleOfFiveThousandChildren)
@@ -159,9 +153,9 @@ TEST_F(DegenerateFamily, ParentStandsAboveTheMiddleOfFiveThousandChildren)
     const PersonIndex parent = sketch.person(2);
     for (int child = 0; child < 5'000; ++child)
         sketch.bear(sketch.person(1), {parent});
-    const auto x = order(sketch);
-    EXPECT_EQ(x[parent], margin + 4'999 * pitch / 2);
-    EXPECT_EQ(*std::ranges::max_element(x), margin + 4'999 * pitch);
+    const auto x = order(sketch, narrowMargin);
+    EXPECT_EQ(x[parent], narrowMargin + 4'999 * pitch / 2);
+    EXPECT_EQ(*std::ranges::max_element(x), narrowMargin + 4'999 * pitch);
 }
 
 TEST_F(DegenerateFamily, FiveThousandPartnersFindRoom)
@@ -181,7 +175,7 @@ TEST_F(DegenerateFamily, ChainOfPartnersStandsInItsOrder)
         if (person > 0)
             sketch.marry(person - 1, person);
     }
-    auto x = order(sketch);
+    auto x = order(sketch, narrowMargin);
     for (std::size_t person = 1; person < x.size(); ++person)
         ASSERT_EQ(std::abs(x[person] - x[person - 1]), pitch);
 }
@@ -199,8 +193,8 @@ TEST_F(DegenerateFamily, LatticeOfCousinMarriagesFindsRoom)
             sketch.bear(other, {one - 2, one - 1});
         }
     }
-    const auto x = order(sketch);
-    EXPECT_EQ(*std::ranges::max_element(x), margin + pitch);
+    const auto x = order(sketch, narrowMargin);
+    EXPECT_EQ(*std::ranges::max_element(x), narrowMargin + pitch);
 }
 
 // Drawn row by row, the lines from the ancestor of all would have pieces without number.

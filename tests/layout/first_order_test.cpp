@@ -12,14 +12,6 @@ namespace {
 using namespace sketch;
 using testing::ElementsAre;
 
-constexpr std::int32_t pitch = 152;
-constexpr std::int32_t margin = 160;
-
-std::vector<std::int32_t> order(const Sketch& sketch)
-{
-    return firstOrder(sketch.graph(), sketch.generations(), pitch, margin);
-}
-
 TEST(FirstOrder, EmptyFamilyHasNoPlaces)
 {
     EXPECT_TRUE(order(Sketch()).empty());

@@ -12,9 +12,6 @@ namespace {
 
 using namespace sketch;
 
-constexpr std::int32_t pitch = 152;
-constexpr std::int32_t margin = 160;
-
 TEST(FirstOrderOfAProcessedFamily, FivePersonsStandAsTheirGenerationsSay)
 {
     Sketch sketch;

@@ -11,9 +11,9 @@ namespace lineara::layout {
 namespace {
 
 #ifdef LINEARA_SANITIZED
-constexpr int rounds = 300;
+constexpr int rowsTried = 300;
 #else
-constexpr int rounds = 5'000;
+constexpr int rowsTried = 5'000;
 #endif
 
 using Row = std::vector<RowNode>;
@@ -118,7 +118,7 @@ void expectKeptPromises(const Row& row)
 TEST(RandomRows, AreSolvedAsByTryingEverything)
 {
     Random random(1);
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < rowsTried; ++round) {
         const auto nodes = static_cast<std::size_t>(1 + upTo(random, 7));
         const Row row = randomRow(random, {nodes, 5 + upTo(random, 55), upTo(random, 9)}).nodes();
         ASSERT_EQ(solveRow(row), literallySolved(row)) << told(row);
@@ -128,7 +128,7 @@ TEST(RandomRows, AreSolvedAsByTryingEverything)
 TEST(RandomRows, AreSolvedAsByTryingEverythingInOrdersAgainstTheirPlaces)
 {
     Random random(2);
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < rowsTried; ++round) {
         const auto nodes = static_cast<std::size_t>(1 + upTo(random, 7));
         Row row = randomRow(random, {nodes, 5 + upTo(random, 55), upTo(random, 9)}).nodes();
         std::swap(row.front(), row[nodes / 2]);
@@ -139,7 +139,7 @@ TEST(RandomRows, AreSolvedAsByTryingEverythingInOrdersAgainstTheirPlaces)
 TEST(RandomRows, AreBestAndRightmostAndThenAtRest)
 {
     Random random(3);
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < rowsTried; ++round) {
         const auto nodes = static_cast<std::size_t>(1 + upTo(random, 79));
         const Row row = randomRow(random, {nodes, 100 + upTo(random, 9'000), 142}).nodes();
         SCOPED_TRACE(told(row));
@@ -152,7 +152,7 @@ TEST(RandomRows, AreBestAndRightmostAndThenAtRest)
 TEST(RandomRows, NobodyMovesWhereTheGapsAreKept)
 {
     Random random(4);
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < rowsTried; ++round) {
         Row row;
         Places places;
         std::int32_t left = upTo(random, 2'000) - 1'000;

@@ -25,25 +25,25 @@ std::vector<std::int64_t> solved(const std::vector<RowNode>& row)
     return solveRow(row);
 }
 
-std::vector<std::size_t> order(const std::vector<std::int32_t>& lefts)
+std::vector<std::size_t> fromLeft(const std::vector<std::int32_t>& lefts)
 {
     return rowOrder(lefts);
 }
 
 TEST(RowOrder, GoesByLeftEdges)
 {
-    EXPECT_THAT(order({300, 100, 200}), ElementsAre(1, 2, 0));
-    EXPECT_THAT(order({-5, 0, -300}), ElementsAre(2, 0, 1));
+    EXPECT_THAT(fromLeft({300, 100, 200}), ElementsAre(1, 2, 0));
+    EXPECT_THAT(fromLeft({-5, 0, -300}), ElementsAre(2, 0, 1));
 }
 
 TEST(RowOrder, OfEqualPlacesTheEarlierStandsLeft)
 {
-    EXPECT_THAT(order({7, 3, 7, 3, 7}), ElementsAre(1, 3, 0, 2, 4));
+    EXPECT_THAT(fromLeft({7, 3, 7, 3, 7}), ElementsAre(1, 3, 0, 2, 4));
 }
 
 TEST(RowOrder, OfNobodyIsEmpty)
 {
-    EXPECT_THAT(order({}), IsEmpty());
+    EXPECT_THAT(fromLeft({}), IsEmpty());
 }
 
 TEST(RowSolver, EmptyRowAndSingleNodeNeedNothing)

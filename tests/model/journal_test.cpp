@@ -10,7 +10,7 @@ using test::dump;
 using testing::ElementsAre;
 
 /// A(102) parent of B(103), C(104) partner of A, then of B, all in the pool(101) in that order.
-struct Family
+struct LinkedFamily
 {
     ObjectContext context;
     Journal& journal = context.journal();
@@ -19,7 +19,7 @@ struct Family
     Person& b = member();
     Person& c = member();
 
-    Family()
+    LinkedFamily()
     {
         a.addChild(b);
         a.addPartner(c);
@@ -38,7 +38,7 @@ struct Family
 
 TEST(Journal, IsEmptyAtFirst)
 {
-    Family family;
+    LinkedFamily family;
     EXPECT_FALSE(family.journal.canUndo());
     EXPECT_FALSE(family.journal.canRedo());
     EXPECT_EQ(family.journal.depth(), 0u);
@@ -52,7 +52,7 @@ TEST(Journal, IsEmptyAtFirst)
 
 TEST(Journal, NamesWhatCanBeUndoneAndRedone)
 {
-    Family family;
+    LinkedFamily family;
     family.journal.begin(u"Rename"_qs);
     family.a.setName(u"Ada"_qs);
     family.journal.begin(u"Link Partner"_qs);
@@ -72,7 +72,7 @@ TEST(Journal, NamesWhatCanBeUndoneAndRedone)
 
 TEST(Journal, PutsARemovedPersonBackInItsPlaceInEverySet)
 {
-    Family family;
+    LinkedFamily family;
     const std::string before = dump(family.context);
     family.journal.begin(u"Remove Person"_qs);
     family.context.remove(family.a);
@@ -110,7 +110,7 @@ TEST(Journal, RestoresPlacesAmongChildrenAndParents)
 
 TEST(Journal, BringsBackTheSameRecordAtTheSameAddress)
 {
-    Family family;
+    LinkedFamily family;
     family.journal.begin(u"Remove Person"_qs);
     Person* const address = &family.a;
     family.a.setName(u"Ada"_qs);
@@ -121,7 +121,7 @@ TEST(Journal, BringsBackTheSameRecordAtTheSameAddress)
 
 TEST(Journal, RestoresTheNextNumber)
 {
-    Family family;
+    LinkedFamily family;
     const std::uint64_t next = family.context.nextNumber();
     family.journal.begin(u"Add"_qs);
     family.context.insertPerson();
@@ -137,7 +137,7 @@ TEST(Journal, RestoresTheNextNumber)
 
 TEST(Journal, GivesNoLivingNumberAgain)
 {
-    Family family;
+    LinkedFamily family;
     family.journal.begin(u"Add"_qs);
     family.context.insertPerson();
     {
@@ -153,7 +153,7 @@ TEST(Journal, GivesNoLivingNumberAgain)
 
 TEST(Journal, TakesDerivedChangesBackWithTheirGesture)
 {
-    Family family;
+    LinkedFamily family;
     const std::string before = dump(family.context);
     family.journal.begin(u"Link"_qs);
     family.b.addChild(family.c);
@@ -171,7 +171,7 @@ TEST(Journal, TakesDerivedChangesBackWithTheirGesture)
 
 TEST(Journal, LeavesNoTraceOfAStepThatChangesNothing)
 {
-    Family family;
+    LinkedFamily family;
     family.journal.begin(u"Rename"_qs);
     family.a.setName(u"Ada"_qs);
     family.journal.begin(u"Rename again"_qs);
@@ -190,7 +190,7 @@ TEST(Journal, LeavesNoTraceOfAStepThatChangesNothing)
 
 TEST(Journal, LeavesNoTraceOfAShiftThereAndBack)
 {
-    Family family;
+    LinkedFamily family;
     for (Person* const person : family.pool.persons())
         person->setX(10);
     family.journal.begin(u"Move"_qs);
@@ -205,7 +205,7 @@ TEST(Journal, LeavesNoTraceOfAShiftThereAndBack)
 
 TEST(Journal, DoesNotKeepChangesMadeBeforeTheFirstStepOrUnderAPause)
 {
-    Family family;
+    LinkedFamily family;
     family.a.setX(1);
     {
         const Journal::Pause pause(family.journal);
@@ -221,7 +221,7 @@ TEST(Journal, DoesNotKeepChangesMadeBeforeTheFirstStepOrUnderAPause)
 
 TEST(Journal, DoesNotKeepChangesBetweenUndoAndTheNextStep)
 {
-    Family family;
+    LinkedFamily family;
     family.journal.begin(u"First"_qs);
     family.a.setName(u"Ada"_qs);
     family.journal.begin(u"Second"_qs);
@@ -239,7 +239,7 @@ TEST(Journal, DoesNotKeepChangesBetweenUndoAndTheNextStep)
 
 TEST(Journal, ForgetsUndoneStepsWhenANewOneBegins)
 {
-    Family family;
+    LinkedFamily family;
     family.journal.begin(u"Add"_qs);
     family.context.insertPerson();
     family.journal.undo();
@@ -252,7 +252,7 @@ TEST(Journal, ForgetsUndoneStepsWhenANewOneBegins)
 
 TEST(Journal, ForgetsEverythingWhenCleared)
 {
-    Family family;
+    LinkedFamily family;
     family.journal.begin(u"Add"_qs);
     family.context.insertPerson();
     family.journal.clear();
@@ -263,7 +263,7 @@ TEST(Journal, ForgetsEverythingWhenCleared)
 
 TEST(Journal, EmitsTheSameEventsAgain)
 {
-    Family family;
+    LinkedFamily family;
     std::vector<std::string> heard;
     const Subscription subscription = family.context.observe([&](const Change& change) {
         heard.push_back(std::to_string(change.index()));
@@ -291,7 +291,7 @@ TEST(Journal, EmitsTheSameEventsAgain)
 
 TEST(Journal, RestoresXAcrossShiftsAndSingleWrites)
 {
-    Family family;
+    LinkedFamily family;
     family.a.setX(100);
     family.b.setX(200);
     const std::string before = dump(family.context);
@@ -315,7 +315,7 @@ TEST(Journal, RestoresXAcrossShiftsAndSingleWrites)
 
 TEST(Journal, SurvivesWhatHappensBehindItsBack)
 {
-    Family family;
+    LinkedFamily family;
     family.journal.begin(u"Change"_qs);
     family.a.setName(u"Ada"_qs);
     family.pool.removePerson(family.c);
@@ -340,7 +340,7 @@ TEST(Journal, SurvivesWhatHappensBehindItsBack)
 
 TEST(Journal, TakesAPersonMarriedBehindItsBackOutOfEverything)
 {
-    Family family;
+    LinkedFamily family;
     family.journal.begin(u"Add"_qs);
     Person& d = family.context.insertPerson();
     {
@@ -355,7 +355,7 @@ TEST(Journal, TakesAPersonMarriedBehindItsBackOutOfEverything)
 
 TEST(Journal, HoldsTensOfThousandsOfSteps)
 {
-    Family family;
+    LinkedFamily family;
     const std::string before = dump(family.context);
     for (int step = 0; step < 30'000; ++step) {
         family.journal.begin(u"Move"_qs);

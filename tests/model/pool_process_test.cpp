@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
-struct Folk
+struct GrowingFolk
 {
     ObjectContext context;
     Pool& pool = context.insertPool();
@@ -30,7 +30,7 @@ struct Folk
 
 TEST(Snapshot, NamesMembersInPoolOrderAndTheirLinksInTheirs)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& a = folk.member();
     Person& b = folk.member();
     Person& c = folk.member();
@@ -51,7 +51,7 @@ TEST(Snapshot, NamesMembersInPoolOrderAndTheirLinksInTheirs)
 
 TEST(Snapshot, ReachesPersonsLinkedBeforeTheyAreMembers)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& far = folk.context.insertPerson();
     Person& near = folk.context.insertPerson();
     folk.context.insertPerson();
@@ -67,7 +67,7 @@ TEST(Snapshot, ReachesPersonsLinkedBeforeTheyAreMembers)
 
 TEST(Apply, WritesResultsWithOneEventAndOneStep)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& a = folk.member();
     Person& b = folk.member();
     Person& c = folk.member();
@@ -106,7 +106,7 @@ TEST(Apply, WritesResultsWithOneEventAndOneStep)
 
 TEST(Apply, SkipsPersonsWhoAreGone)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& a = folk.member();
     Person& b = folk.member();
     const RecordId gone = a.recordId();
@@ -124,7 +124,7 @@ TEST(Apply, SkipsPersonsWhoAreGone)
 
 TEST(Process, PlacesTheFamilyInRows)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& g1 = folk.member();
     Person& g2 = folk.member();
     Person& c = folk.member();
@@ -150,7 +150,7 @@ TEST(Process, PlacesTheFamilyInRows)
 
 TEST(Process, PutsAPersonWithoutLinksInRowZero)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& person = folk.member();
     person.setGeneration(4);
     EXPECT_TRUE(folk.pool.process());
@@ -162,7 +162,7 @@ TEST(Process, PutsAPersonWithoutLinksInRowZero)
 
 TEST(Process, LeavesRowsAsTheyWereWhenTheLastPersonIsGone)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& a = folk.member();
     Person& b = folk.member();
     a.addChild(b);
@@ -182,7 +182,7 @@ TEST(Process, LeavesRowsAsTheyWereWhenTheLastPersonIsGone)
 
 TEST(Process, ChangesNothingWhenStoppedFirst)
 {
-    Folk folk;
+    GrowingFolk folk;
     folk.member().addChild(folk.member());
     std::stop_source stop;
     stop.request_stop();
@@ -194,7 +194,7 @@ TEST(Process, ChangesNothingWhenStoppedFirst)
 
 TEST(Process, GivesTheSameNumbersAfterARemovalWasUndone)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& a = folk.member();
     Person& b = folk.member();
     Person& c = folk.member();
@@ -220,7 +220,7 @@ TEST(Process, GivesTheSameNumbersAfterARemovalWasUndone)
 
 TEST(Process, PlacesAPersonLinkedBeforeItIsAMember)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& a = folk.member();
     Person& late = folk.context.insertPerson();
     a.addPartner(late);
@@ -231,7 +231,7 @@ TEST(Process, PlacesAPersonLinkedBeforeItIsAMember)
 
 TEST(Process, KeepsLinkedPersonsBelowTheFirstRowInRowZero)
 {
-    Folk folk;
+    GrowingFolk folk;
     std::vector<Person*> z;
     for (int person = 0; person < 8; ++person)
         z.push_back(&folk.member());
@@ -255,7 +255,7 @@ TEST(Process, KeepsLinkedPersonsBelowTheFirstRowInRowZero)
 
 TEST(Process, IsOneStepTogetherWithTheLinkThatCausedIt)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& a = folk.member();
     Person& b = folk.member();
     folk.pool.process();
@@ -270,7 +270,7 @@ TEST(Process, IsOneStepTogetherWithTheLinkThatCausedIt)
 
 TEST(Process, SaysWhichNumbersWereRefused)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& child = folk.member();
     Person& mother = folk.member();
     Person& father = folk.member();
@@ -286,7 +286,7 @@ TEST(Process, SaysWhichNumbersWereRefused)
 
 TEST(Process, DoesNotWalkUpIntoThoseWhoAreMarkedAndFreesWhomItReaches)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& child = folk.member();
     Person& parent = folk.member();
     Person& partner = folk.member();
@@ -304,7 +304,7 @@ TEST(Process, DoesNotWalkUpIntoThoseWhoAreMarkedAndFreesWhomItReaches)
 
 TEST(Process, WritesHundredsOfLinesExactlyAndAtOnce)
 {
-    Folk folk;
+    GrowingFolk folk;
     constexpr int refusals = 572;
     engine::ProcessResult result;
     for (int line = 0; line < refusals; ++line)
@@ -319,7 +319,7 @@ TEST(Process, WritesHundredsOfLinesExactlyAndAtOnce)
 
 TEST(ArrangeGenerations, BuildsRowsFromTheNumbersAsTheyAre)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& a = folk.member();
     Person& b = folk.member();
     Person& c = folk.member();
@@ -334,7 +334,7 @@ TEST(ArrangeGenerations, BuildsRowsFromTheNumbersAsTheyAre)
 
 TEST(ArrangeGenerations, PutsEverybodyUnlinkedIntoOneRow)
 {
-    Folk folk;
+    GrowingFolk folk;
     Person& a = folk.member();
     Person& b = folk.member();
     folk.pool.arrangeGenerations();
