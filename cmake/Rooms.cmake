@@ -21,6 +21,11 @@ if(LINEARA_SANITIZERS)
     target_compile_definitions(lineara_flags INTERFACE LINEARA_SANITIZED _GLIBCXX_ASSERTIONS)
 endif()
 
+if(CMAKE_UNITY_BUILD)
+    # In a batch the names of one file lie around the next one, and none of its files is the main one.
+    target_compile_options(lineara_flags INTERFACE -Wno-shadow -Wno-subobject-linkage)
+endif()
+
 # lineara_room(NAME SOURCES ... USES ...): one static library per folder below src/, with its own include root.
 # A room sees the public headers of the rooms it names under USES and of no other.
 function(lineara_room name)
