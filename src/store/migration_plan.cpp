@@ -138,7 +138,7 @@ Outcome<Done> MigrationPlan::add(const EntityDescription& entity, const MappingM
     const auto mapped = std::find_if(mapping.entities.begin(), mapping.entities.end(),
                                      [&entity](const auto& one) { return one.entity == entity.name; });
     EntityPlan plan = bareEntity(entity, *target);
-    const auto filled = fill(plan, mapped == mapping.entities.end() ? EntityMapping{} : *mapped);
+    auto filled = fill(plan, mapped == mapping.entities.end() ? EntityMapping{} : *mapped);
     if (filled.failed())
         return filled;
     entities_.push_back(std::move(plan));

@@ -276,7 +276,7 @@ void ObjectMigration::writeNumber(const std::string& name, std::int32_t number)
 {
     out_.raw("        <attribute name=\"");
     out_.raw(name);
-    out_.raw("\" type=\"int32\">");
+    out_.raw(R"(" type="int32">)");
     out_.number(number);
     out_.raw("</attribute>\n");
 }
