@@ -191,6 +191,11 @@ void CanvasGestures::forget(const LeafView& node)
     }
 }
 
+void CanvasGestures::settle()
+{
+    node_.makeRoom();
+}
+
 void CanvasGestures::replayed()
 {
     if (held_ != Held::Node)

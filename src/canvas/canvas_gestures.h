@@ -47,6 +47,8 @@ public:
     void scrolledByHand();
     /// The program has moved the view: what is dragged stays with the canvas.
     void viewMoved();
+    /// What is being dragged leaves the family in order, and is dragged on.
+    void settle();
     /// To be called before a node leaves the canvas.
     void forget(const LeafView& node);
     /// Records have gone back to, or come from, another state.

@@ -55,6 +55,12 @@ void NodeDrag::drop()
     LeafView::stopDragging();
 }
 
+void NodeDrag::makeRoom()
+{
+    if (node_ && hasNewestStep())
+        canvas_.reconstrainCollisionsForPerson(node_->person());
+}
+
 void NodeDrag::ensureStep()
 {
     if (!hasNewestStep())

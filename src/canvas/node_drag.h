@@ -28,6 +28,10 @@ public:
     /// The pressed node, or nullptr.
     LeafView* node() const { return node_; }
 
+    /// Has the row make room for the node where it is held, as if it were dropped there: to be called ahead of whatever
+    /// takes the step of the movement as it is now.
+    void makeRoom();
+
     /// To be called ahead of each change of the person's x.
     void ensureStep();
     /// To be called after each pull up or down, with the vertical constant ahead of it.

@@ -18,7 +18,7 @@ void TreeView::refreshHierarchy()
     scene_.allMoved();
     contentChanged();
     if (!glide_.isRunning())
-        settle();
+        runRequested();
     drawInHaste();
 }
 

@@ -3,6 +3,7 @@
 
 #include "canvas/placement.h"
 #include "canvas/tree_view.h"
+#include "canvas_gestures.h"
 #include "elements/notifications.h"
 #include "layout/row_solver.h"
 
@@ -88,6 +89,7 @@ void TreeView::setNeedsUpdateConstraints()
 
 void TreeView::settle()
 {
+    gestures_->settle();
     glide_.finish();
     runRequested();
 }

@@ -1,6 +1,7 @@
 // Drags of nodes that do not end with a release.
 
 #include "dragged_node.h"
+#include "rows_at_rest.h"
 
 #include <gmock/gmock.h>
 
@@ -102,6 +103,45 @@ TEST_F(DraggedNode, KeepsAnotherStepThatWasBegunMeanwhileApart)
     QTest::keyClick(view, Qt::Key_Escape);
     EXPECT_EQ(ann.name(), u"Anne"_qs);
     EXPECT_EQ(ann.x(), 210);
+}
+
+TEST_F(DraggedNode, LeavesItsRowInOrderForAStepThatIsBegunMeanwhile)
+{
+    Person& ann = family.add(300, 1);
+    Person& bob = family.add(500, 1);
+    showRows();
+    hand->press(hand->panel(ann));
+    hand->dragBy({150, 0});
+    ASSERT_FALSE(isAtRest(family.pool));
+    journal().begin(u"Edit Notes"_qs);
+    bob.setAdditional(u"Twin"_qs);
+    hand->dragBy({60, 0});
+    hand->release();
+    view->settle();
+    EXPECT_TRUE(isAtRest(family.pool));
+    while (journal().canUndo()) {
+        journal().undo();
+        EXPECT_TRUE(isAtRest(family.pool)) << journal().redoName().toStdString();
+    }
+    while (journal().canRedo()) {
+        journal().redo();
+        EXPECT_TRUE(isAtRest(family.pool)) << journal().undoName().toStdString();
+    }
+}
+
+TEST_F(DraggedNode, UndoneAndRedoneWhileItIsHeldStandsInOrder)
+{
+    Person& ann = family.add(300, 1);
+    family.add(500, 1);
+    showRows();
+    const auto before = ann.x();
+    hand->press(hand->panel(ann));
+    hand->dragBy({150, 0});
+    view->settle();
+    journal().undo();
+    EXPECT_EQ(ann.x(), before);
+    journal().redo();
+    EXPECT_TRUE(isAtRest(family.pool));
 }
 
 TEST_F(DraggedNode, LostReleaseEndsItWithoutATrace)
