@@ -31,7 +31,7 @@ void Document::selectPerson(Person& person)
 /// The press that tells of a link is delivered later; the link may have gone meanwhile.
 void Document::selectLink(const LinkSelectionNotification::Link& link)
 {
-    if (!isShown(link)) {
+    if (!shapeOf(link)) {
         deselectAll();
         return;
     }
@@ -92,15 +92,21 @@ void Document::reviseSelection()
     }
     if (!selection_.isLink())
         return;
-    if (!isShown({*selection_.from, *selection_.to, selection_.type}))
+    const LinkLayer* const shape = shapeOf({*selection_.from, *selection_.to, selection_.type});
+    if (!shape) {
         deselectAll();
+        return;
+    }
+    // The shape of a partnership that went and came back may begin at the other partner.
+    selection_.from = shape->source()->recordId();
+    selection_.to = shape->target()->recordId();
 }
 
-bool Document::isShown(const LinkSelectionNotification::Link& link) const
+const LinkLayer* Document::shapeOf(const LinkSelectionNotification::Link& link) const
 {
     const Person* const from = context().person(link.source);
     const Person* const to = context().person(link.target);
-    return from && to && BranchLayerView::layerOf(*from, *to, link.type);
+    return from && to ? BranchLayerView::layerOf(*from, *to, link.type) : nullptr;
 }
 
 } // namespace lineara

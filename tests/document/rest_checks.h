@@ -3,7 +3,6 @@
 #include "listed_document.h"
 
 #include <map>
-#include <set>
 #include <string>
 
 namespace lineara {
@@ -23,15 +22,12 @@ private:
     void checkRows() const;
     void checkLinks() const;
     void checkPlaces() const;
-    void checkGaps() const;
     void checkSelection() const;
     void checkText();
     void checkGenerations() const;
-    std::uint64_t newestStep() const;
 
     ListedDocument& edited_;
     std::map<std::uint64_t, std::string> texts_; // by the newest step
-    std::set<std::uint64_t> stepsAtRest_;        // those that everything was at rest after
 };
 
 } // namespace lineara

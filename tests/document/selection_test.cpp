@@ -120,6 +120,25 @@ TEST(SelectionOfADocument, APartnershipIsSelectedFromEitherEndOfItsShape)
     EXPECT_EQ(edited.document->selectionType(), partnerLink);
 }
 
+TEST(SelectionOfADocument, FollowsAPartnershipThatWasMadeAnewFromTheOtherEnd)
+{
+    EditedDocument edited;
+    Person& first = edited.add();
+    Person& second = edited.add();
+    edited.link(first, second, partnerLink);
+    edited.clickLink(first, second, partnerLink);
+    edited.clickLinkUndelivered(first, second, partnerLink);
+    edited.document->remove();
+    edited.canvas().connect(second, first, partnerLink.toString());
+    EditedDocument::deliver();
+    edited.settle();
+    EXPECT_EQ(edited.document->selectionType(), partnerLink);
+    EXPECT_EQ(edited.document->selection().from, second.recordId());
+    EXPECT_EQ(edited.document->selection().to, first.recordId());
+    edited.remove();
+    EXPECT_TRUE(first.partners().empty());
+}
+
 TEST(SelectionOfADocument, IsNothingToRemoveOnceItsWindowIsClosed)
 {
     ApplicationDelegate delegate;

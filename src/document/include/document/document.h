@@ -21,6 +21,7 @@ class DocumentSaving;
 class DocumentWindow;
 class EditMenu;
 class FamilyQueue;
+class LinkLayer;
 class PersonList;
 class PersonTableViewController;
 class SerialQueue;
@@ -193,7 +194,7 @@ private:
     void setRemovable(bool removable);
     void unfocusSelectionPerson();
     void reviseSelection();
-    bool isShown(const LinkSelectionNotification::Link& link) const;
+    const LinkLayer* shapeOf(const LinkSelectionNotification::Link& link) const;
 
     // What the queue has done at its steps.
     void syncList();
