@@ -1,8 +1,6 @@
-#include "bring_up_to_date.h"
-
 #include "document/family_opening.h"
 #include "local_zone.h"
-#include "migration_stage.h"
+#include "up_to_date.h"
 
 #include <QFileInfo>
 
@@ -17,63 +15,6 @@ using testing::HasSubstr;
 using testing::Not;
 
 namespace lineara {
-
-namespace {
-
-QByteArray sample(const QString& name)
-{
-    return bytesOf(QStringLiteral(LINEARA_TEST_DATA) + u"/versions/"_qs + name + u".lineara"_qs);
-}
-
-/// An environment variable while it lives; unset without a value.
-class Variable
-{
-public:
-    Variable(const char* name, const std::optional<QString>& value) : name_(name), before_(qgetenv(name))
-    {
-        if (value)
-            qputenv(name, value->toUtf8());
-        else
-            qunsetenv(name);
-    }
-    ~Variable() { before_.isNull() ? qunsetenv(name_) : qputenv(name_, before_); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    const char* name_;
-    QByteArray before_;
-};
-
-/// A home of its own, with a folder for originals in it, and an old file elsewhere.
-class UpToDate : public testing::Test
-{
-protected:
-    UpToDate()
-        : home_(files_.path(u"home"_qs)), homeVariable_("HOME", home_), data_("XDG_DATA_HOME", home_ + u"/data"_qs)
-    {
-        QDir().mkpath(home_);
-    }
-
-    QString put(const QString& name, const QByteArray& bytes) { return files_.write(name, bytes); }
-    MigrationPlaces places() const { return {home_, home_ + u"/originals"_qs, quickCalls()}; }
-    QStringList originals() const { return QDir(home_ + u"/originals"_qs).entryList(QDir::Files | QDir::Hidden); }
-    QStringList filesAtHome() const { return QDir(home_).entryList(QDir::Files | QDir::Hidden); }
-
-    std::string problem(const QString& path, const MigrationPlaces& places) const
-    {
-        const auto file = bringUpToDate(path, places);
-        return file.failed() ? file.failure().message.toStdString() : std::string();
-    }
-
-    TestFiles files_;
-    QString home_;
-    Variable homeVariable_;
-    Variable data_;
-    LogCapture quiet_;
-};
-
-} // namespace
 
 TEST_F(UpToDate, EveryOldSampleOpensAndBecomesTheFrozenResult)
 {
@@ -140,66 +81,6 @@ TEST_F(UpToDate, BringingUpToDateTellsHowFarItIs)
     EXPECT_TRUE(std::ranges::is_sorted(parts));
     EXPECT_THAT(parts, testing::Contains(testing::AllOf(testing::Gt(0), testing::Le(0.5))));
     EXPECT_EQ(parts.back(), 1);
-}
-
-TEST_F(UpToDate, WhatAKilledProgramPutElsewhereGoesWhenTheFileIsOpened)
-{
-    const auto path = put(u"f.lineara"_qs, sample(u"family_11"_qs));
-    const auto notes = MigrationPlaces::ofTheUser().notesFolder;
-    const auto original = put(u"kept.lineara"_qs, "half an original");
-    const auto temporary = put(u"home/f.lineara"_qs, "half a family");
-    {
-        MigrationNote killed(notes, path);
-        killed.addOriginal(original);
-        killed.setTemporary(temporary, temporary);
-    }
-    MigrationNote(notes, put(u"g.lineara"_qs, "")).addOriginal(put(u"other.lineara"_qs, "another original"));
-    ASSERT_TRUE(openFamily(path));
-    EXPECT_FALSE(QFile::exists(original));
-    EXPECT_FALSE(QFile::exists(temporary));
-    EXPECT_TRUE(QFile::exists(files_.path(u"other.lineara"_qs)));
-    EXPECT_EQ(QDir(notes).entryList(QDir::Files).size(), 1);
-}
-
-TEST_F(UpToDate, WhatAKilledProgramKeptStaysUntilTheFileOpens)
-{
-    const auto path = put(u"f.lineara"_qs, "no family");
-    const auto original = put(u"kept.lineara"_qs, sample(u"family_11"_qs));
-    MigrationNote(MigrationPlaces::ofTheUser().notesFolder, path).addOriginal(original);
-    ASSERT_TRUE(openFamily(path).failed());
-    EXPECT_TRUE(QFile::exists(original));
-    put(u"f.lineara"_qs, sample(u"family_14"_qs));
-    ASSERT_TRUE(openFamily(path));
-    EXPECT_FALSE(QFile::exists(original));
-}
-
-TEST_F(UpToDate, AnEmptyTemporaryFileOfAKilledProgramGoes)
-{
-    const auto path = put(u"f.lineara"_qs, sample(u"family_12"_qs));
-    const auto temporary = home_ + u"/f.lineara"_qs;
-    MigrationNote(MigrationPlaces::ofTheUser().notesFolder, path).announceTemporary(temporary);
-    put(u"home/f.lineara"_qs, "");
-    ASSERT_TRUE(openFamily(path));
-    EXPECT_FALSE(QFile::exists(temporary));
-}
-
-TEST_F(UpToDate, WhatWasThereBeforeIsNoTemporaryFileHoweverTheProgramEnds)
-{
-    const auto path = put(u"f.lineara"_qs, sample(u"family_12"_qs));
-    const auto other = put(u"home/f.lineara"_qs, "");
-    MigrationNote(MigrationPlaces::ofTheUser().notesFolder, path).announceTemporary(other);
-    ASSERT_TRUE(openFamily(path));
-    EXPECT_TRUE(QFile::exists(other));
-}
-
-TEST_F(UpToDate, ATemporaryFileThatSomebodyHasWrittenToIsTheirs)
-{
-    const auto path = put(u"f.lineara"_qs, sample(u"family_12"_qs));
-    const auto temporary = put(u"home/f.lineara"_qs, "half a family");
-    MigrationNote(MigrationPlaces::ofTheUser().notesFolder, path).setTemporary(temporary, temporary);
-    put(u"home/f.lineara"_qs, "the user's");
-    ASSERT_TRUE(openFamily(path));
-    EXPECT_EQ(bytesOf(temporary), "the user's");
 }
 
 TEST_F(UpToDate, ANewerVersionIsRefusedByItsNumber)
@@ -304,35 +185,6 @@ TEST_F(UpToDate, ARenameThatFailsLeavesTheFileAndNamesTheCopy)
     EXPECT_EQ(bytesOf(path), sample(u"family_12"_qs));
     EXPECT_EQ(metadataForPersistentStore(home_ + u"/f.lineara"_qs).value().modelVersion, 14);
     EXPECT_TRUE(originals().isEmpty());
-}
-
-TEST_F(UpToDate, WhatCanNotTakeTheFilesPlaceIsKeptOnceHoweverOftenItIsTried)
-{
-    const auto path = put(u"f.lineara"_qs, sample(u"family_12"_qs));
-    auto failing = places();
-    failing.notesFolder = MigrationPlaces::ofTheUser().notesFolder;
-    failing.calls.rename = [path](const char* from, const char* to) {
-        errno = EROFS;
-        return QFile::decodeName(to) == path ? -1 : ::rename(from, to);
-    };
-    for (int time = 0; time < 3; ++time) {
-        EXPECT_THAT(problem(path, failing), HasSubstr("“" + home_.toStdString() + "/f.lineara”"));
-        EXPECT_EQ(filesAtHome(), QStringList{u"f.lineara"_qs});
-        EXPECT_TRUE(isUpdateStuck(path));
-    }
-    ASSERT_TRUE(openFamily(path));
-    EXPECT_TRUE(filesAtHome().isEmpty());
-    EXPECT_FALSE(isUpdateStuck(path));
-}
-
-TEST_F(UpToDate, AnUpToDateCopyThatIsOpenIsNotRemoved)
-{
-    const auto path = put(u"f.lineara"_qs, sample(u"family_12"_qs));
-    const auto kept = put(u"home/f.lineara"_qs, sample(u"family_14"_qs));
-    MigrationNote(MigrationPlaces::ofTheUser().notesFolder, path).setTemporary(kept, kept);
-    const auto isOpen = lockFamilyFile(kept);
-    ASSERT_TRUE(openFamily(path));
-    EXPECT_EQ(bytesOf(kept), sample(u"family_14"_qs));
 }
 
 TEST_F(UpToDate, AFailureInTheSecondPassNamesWhereTheFileAsItWasIs)
