@@ -247,10 +247,17 @@ bool DocumentController::eventFilter(QObject* watched, QEvent* event)
 Document* DocumentController::documentOf(const QString& path) const
 {
     const QString canonical = canonicalPath(path);
-    const auto found = std::ranges::find_if(documents_, [&](const auto& open) {
-        return !open->path().isEmpty() && canonicalPath(open->path()) == canonical;
-    });
-    return found == documents_.end() ? nullptr : found->get();
+    Document* other = nullptr;
+    for (const auto& open : documents_) {
+        const FamilyOrigin& origin = open->origin();
+        if (origin.path.isEmpty() || canonicalPath(origin.path) != canonical)
+            continue;
+        if (origin.isOwn)
+            return open.get();
+        if (!origin.isCopy || origin.isStandIn)
+            other = open.get();
+    }
+    return other;
 }
 
 Document* DocumentController::documentOf(const QWidget* window) const

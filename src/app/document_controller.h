@@ -42,8 +42,8 @@ public:
 
     void openNew();
     /// Opens the files, each in a window of its own; those windows are made together, when all files are read. What was
-    /// the main window by then is closed. A file that is open is only shown. What can't be opened is told and changes
-    /// nothing.
+    /// the main window by then is closed. A file that is open, other than as a copy beside it, is only shown. What
+    /// can't be opened is told and changes nothing.
     void open(const QStringList& paths);
     /// Opens a family as it is in the file now, and leaves the file alone.
     void openCopy(const QString& path);
@@ -86,6 +86,8 @@ private:
     /// Who may go, and at which step of its history that was said.
     using Reviewed = std::map<const Document*, StepId>;
 
+    /// Who shows the file: whose own it is, who stands in for it, or who was made of another program's file. Copies of
+    /// it are no reason not to open it.
     Document* documentOf(const QString& path) const;
     Document* documentOf(const QWidget* window) const;
     bool isLeaving(const QString& path) const;

@@ -39,13 +39,15 @@ Opening::Task openingTask(const QString& path, std::shared_ptr<FileLock> lock)
 
 Opening::Task recoveryTask(const LeftWork& work, std::shared_ptr<RecoveryCopy> copy, std::shared_ptr<FileLock> lock)
 {
-    return {work.path, work.name,
-            [work, copy = std::move(copy), lock = std::move(lock)](const Progress& progress) -> Outcome<OpenedFamily> {
+    const bool isCopy = work.isCopy || (work.isOwn && !lock);
+    // The file of a copy can be opened meanwhile.
+    return {isCopy ? QString() : work.path, work.name,
+            [work, isCopy, copy = std::move(copy),
+             lock = std::move(lock)](const Progress& progress) -> Outcome<OpenedFamily> {
                 auto opened = openFamily(copy->familyPath(), progress);
                 if (opened.failed())
                     return unreadable(work, *copy, opened.failure());
                 completeFamily(opened.value());
-                const bool isCopy = work.isCopy || (work.isOwn && !lock);
                 opened.value().origin = {work.path, lock != nullptr, work.mark, lock, isCopy};
                 opened.value().unsaved = copy;
                 return opened;

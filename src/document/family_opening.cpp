@@ -42,8 +42,10 @@ Outcome<OpenedFamily> readOwnFamily(const QString& path, const Progress& progres
 {
     if (const auto obstacle = obstacleToUpdating(path)) {
         auto copy = openFamilyCopy(path, progress);
-        if (copy)
+        if (copy) {
             copy.value().obstacle = obstacle;
+            copy.value().origin.isStandIn = true;
+        }
         return copy;
     }
     constexpr double stageOfOldFiles = 0.5;

@@ -1,6 +1,7 @@
 // Families that can't be saved to the file they came from: why that is told, and what they are called.
 
 #include "document_life.h"
+#include "family_tasks.h"
 #include "ordinary_user.h"
 
 #include <QFileInfo>
@@ -8,6 +9,8 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
+
+#include <algorithm>
 
 #include <sys/stat.h>
 
@@ -102,6 +105,20 @@ TEST_F(OldFiles, OneInAFolderThatMayNotBeWrittenToOpensAsACopyThatSaysSo)
     ASSERT_EQ(::chmod(qPrintable(folder), 0755), 0);
 }
 
+TEST_F(OldFiles, ACopyThatStandsInForOneComesToTheFrontWhenThatIsOpenedAgain)
+{
+    const QString path = oldFile(QStringLiteral("Old.lineara"));
+    ASSERT_EQ(::chmod(qPrintable(path), 0444), 0);
+    const OrdinaryUser user({QDir::homePath(), files_.path({})});
+    open({path});
+    ASSERT_TRUE(waitUntil([this] { return count() == 1 && document().treeView(); }));
+    const Document* const standIn = &document();
+    open({path});
+    EXPECT_EQ(count(), 1);
+    EXPECT_EQ(&document(), standIn);
+    EXPECT_FALSE(documents().isLeaving());
+}
+
 TEST_F(OldFiles, OneThatTurnsOutNotToBeReplaceableIsRefusedAndACopyIsOffered)
 {
     const auto family = std::make_unique<ObjectContext>();
@@ -145,6 +162,25 @@ TEST_F(DocumentLife, ACopyIsCalledSoAndProposesAFileOfItsOwn)
     document().save(
         files_.path(QStringLiteral("Own.lineara")), [](const auto&) {}, Document::Overwriting::Anything);
     EXPECT_TRUE(waitUntil([this] { return document().window().windowTitle() == QStringLiteral("Own.lineara[*]"); }));
+}
+
+TEST_F(DocumentLife, AFileOpensThoughACopyOfItIsOpen)
+{
+    const QString path = family(QStringLiteral("Lee.lineara"));
+    documents().openCopy(path);
+    ASSERT_TRUE(waitUntil([this] { return count() == 1 && document().treeView(); }));
+    open({path, family(QStringLiteral("Kay.lineara"))});
+    const auto isOpen = [&](const auto& each) { return each->path() == path && each->hasOwnFile(); };
+    EXPECT_TRUE(std::ranges::any_of(documents().documents(), isOpen));
+}
+
+TEST_F(DocumentLife, ACopyOnItsWayKeepsNobodyFromItsFile)
+{
+    LeftWork work;
+    work.path = family(QStringLiteral("Lee.lineara"));
+    work.isOwn = true;
+    EXPECT_EQ(recoveryTask(work, nullptr, lockFamilyFile(work.path)).path, work.path);
+    EXPECT_EQ(recoveryTask(work, nullptr, nullptr).path, QString());
 }
 
 TEST_F(DocumentLife, LeftWorkWhoseFileIsInUseElsewhereSaysWhyItHasNone)

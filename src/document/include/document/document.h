@@ -73,7 +73,8 @@ public:
     /// The file that the family came from or was saved to.
     const FamilyOrigin& origin() const;
     const QString& path() const { return origin().path; }
-    /// False for a new family, and for one of another program's file, which is not written to.
+    /// False for a new family, for a copy, and for one of another program's file, which is not written to. At most one
+    /// document has a file for its own; of copies there may be any number beside it.
     bool hasOwnFile() const { return origin().isOwn; }
     /// What its window calls the family.
     QString name() const;

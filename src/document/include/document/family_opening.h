@@ -33,10 +33,11 @@ struct OpenedFamily
 };
 
 /// Reads a family file or a GEDCOM file, told apart by their content. Nothing of it is an undoable change. A file of an
-/// older version is brought up to date in its place; where that can't be written to, this reads a copy.
+/// older version is brought up to date in its place; where that can't be done, this reads a copy that stands in for it.
 Outcome<OpenedFamily> openFamily(const QString& path, const Progress& progress = {});
 
-/// Reads a family that somebody else works on: it is not written to.
+/// Reads a family without a claim to its file, which somebody else may work on, now or later: what comes is a copy,
+/// which is not written to that file.
 Outcome<OpenedFamily> openFamilyCopy(const QString& path, const Progress& progress = {});
 
 /// Whether the file was brought up to date, but could not be replaced by that, when it was opened last. Then a copy of
