@@ -165,7 +165,10 @@ void Document::handleOnboarding()
 
 void Document::initTreeView()
 {
-    const QSize frame = firstFrame(window_->width(), pool().maxGenerationSize(), pool().maxGeneration());
+    const auto frameFor = [this](int viewWidth) {
+        return firstFrame(viewWidth, pool().maxGenerationSize(), pool().maxGeneration());
+    };
+    const QSize frame = frameFor(window_->roomForCanvas(frameFor(0).height()));
     syncList();
     list_->rearrangeObjects();
     window_->showCanvas(new TreeView(pool(), frame, chance_));

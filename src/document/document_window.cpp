@@ -17,6 +17,7 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -120,6 +121,12 @@ void DocumentWindow::setAddPerson(QAction& command)
 void DocumentWindow::setImport(std::function<void()> import)
 {
     onboardingView_->setImport(std::move(import));
+}
+
+int DocumentWindow::roomForCanvas(int height) const
+{
+    const int scrollBar = height > pages_->height() ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
+    return pages_->width() - scrollBar;
 }
 
 void DocumentWindow::showCanvas(TreeView* canvas)

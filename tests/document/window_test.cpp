@@ -6,6 +6,7 @@
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTest>
 
@@ -132,4 +133,25 @@ TEST(DocumentWindow, OffersStandBesideOneAnother)
     for (const char16_t* const text : {u"one", u"two"})
         window.offer(QString::fromUtf16(text), QStringLiteral("Take"), [] {});
     EXPECT_EQ(window.findChildren<QFrame*>(QStringLiteral("notice")).size(), 2);
+}
+
+TEST(DocumentWindow, AFamilyThatFitsHasNoScrollBarBelowIt)
+{
+    QSettings().clear();
+    ObjectContext couple;
+    Pool& pool = couple.insertPool();
+    for (int person = 0; person < 2; ++person)
+        pool.addPerson(couple.insertPerson({}));
+    pool.persons()[0]->addPartner(*pool.persons()[1]);
+    const EditedDocument opened(couple, ListOf::Document);
+    EXPECT_FALSE(opened.canvas().verticalScrollBar()->isVisible());
+    EXPECT_FALSE(opened.canvas().horizontalScrollBar()->isVisible());
+}
+
+TEST(DocumentWindow, AFamilyThatIsOnlyTooHighHasNoScrollBarBelowIt)
+{
+    QSettings().clear();
+    const EditedDocument opened(*threeGenerations(), ListOf::Document);
+    EXPECT_TRUE(opened.canvas().verticalScrollBar()->isVisible());
+    EXPECT_FALSE(opened.canvas().horizontalScrollBar()->isVisible());
 }

@@ -28,6 +28,9 @@ class DocumentWindow : public QMainWindow
 public:
     DocumentWindow();
 
+    /// How wide a canvas of that height can be without being wider than what the window shows of it.
+    int roomForCanvas(int height) const;
+
     /// Puts the canvas into the window, which owns it from then on, and brings the View menu to life.
     void showCanvas(TreeView* canvas);
 
