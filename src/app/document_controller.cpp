@@ -4,6 +4,7 @@
 #include "closing.h"
 #include "document/document_window.h"
 #include "family_tasks.h"
+#include "keep_on_screen.h"
 #include "opening_notices.h"
 
 #include <QApplication>
@@ -14,7 +15,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <QTimer>
 
 #include <algorithm>
@@ -209,7 +209,7 @@ void DocumentController::show(std::unique_ptr<Document> made)
     DocumentWindow& window = document->window();
     surroundings_.furnish(*document);
     track(window);
-    window.resize(window.size().boundedTo(window.screen()->availableSize()));
+    keepOnScreen(window);
     present(*document);
     const auto used = [this, document] {
         if (!document->path().isEmpty())
