@@ -46,6 +46,10 @@
         <source>“%1” can&apos;t be opened, because no copy of it can be made: %2</source>
         <translation>„%1“ lässt sich nicht öffnen, weil keine Kopie davon angelegt werden kann: %2</translation>
     </message>
+    <message>
+        <source>no copy of it as it was can be kept in “%1”: %2</source>
+        <translation>in „%1“ kann keine Kopie davon, wie sie war, aufbewahrt werden: %2</translation>
+    </message>
 </context>
 <context>
     <name>CellTexts</name>

@@ -10,7 +10,13 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
 #include <utility>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace lineara {
 
@@ -56,11 +62,30 @@ bool migrateStore(const MigrationStep& step, store::FileCalls calls, const Progr
     return !done.failed();
 }
 
+/// Makes the folder where there is none; why that, or making a file in it, can't be done.
+std::optional<QString> obstacleToFilesIn(const QString& folder)
+{
+    const std::filesystem::path path = QFile::encodeName(folder).toStdString();
+    std::error_code error;
+    if (std::filesystem::create_directories(path, error); error)
+        return store::reasonOf(error.value());
+    // As who the program acts, and not as who has started it.
+    if (::faccessat(AT_FDCWD, path.c_str(), W_OK | X_OK, AT_EACCESS) != 0)
+        return store::reasonOf(errno);
+    return std::nullopt;
+}
+
+Outcome<QString> freeFile(const QString& folder, const QString& fileName)
+{
+    if (const auto obstacle = obstacleToFilesIn(folder))
+        return Failure{*obstacle};
+    return store::createFreeFile(folder, fileName);
+}
+
 Outcome<QString> keptOriginal(const QString& path, const QString& folder, const store::FileCalls& calls,
                               MigrationNote& note)
 {
-    QDir().mkpath(folder);
-    auto kept = store::createFreeFile(folder, QFileInfo(path).fileName());
+    auto kept = freeFile(folder, QFileInfo(path).fileName());
     if (kept.failed())
         return Failure{
             BringUpToDateTexts::tr("“%1” is not brought up to date, because no copy of it can be kept in “%2”: %3")
@@ -188,11 +213,18 @@ Outcome<UpToDateFile> bringUpToDate(const QString& path, const MigrationPlaces& 
     return failureOf(path, error ? error->message : refusal(path), file, versionBefore);
 }
 
-std::optional<QString> obstacleToUpdating(const QString& path)
+std::optional<QString> obstacleToUpdating(const QString& path, const QString& originalsFolder)
 {
     const auto metadata = metadataForPersistentStore(path);
     const bool isOld = metadata && metadata.value().modelVersion < currentModelVersion;
-    return isOld ? store::obstacleToReplacing(path) : std::nullopt;
+    if (!isOld)
+        return std::nullopt;
+    if (auto obstacle = store::obstacleToReplacing(path))
+        return obstacle;
+    const auto obstacle = originalsFolder.isEmpty() ? std::nullopt : obstacleToFilesIn(originalsFolder);
+    return obstacle ? std::optional(BringUpToDateTexts::tr("no copy of it as it was can be kept in “%1”: %2")
+                                        .arg(originalsFolder, *obstacle))
+                    : std::nullopt;
 }
 
 Outcome<ReadableFile> readableCopy(const QString& path, const Progress& progress)

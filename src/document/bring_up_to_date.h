@@ -45,8 +45,9 @@ Outcome<UpToDateFile> bringUpToDate(const QString& path, const MigrationPlaces& 
                                     const Progress& progress = {});
 
 /// Why a file of an older version can't be brought up to date in its place, ready to follow a colon. No value for other
-/// files, and if nothing is known beforehand.
-std::optional<QString> obstacleToUpdating(const QString& path);
+/// files, and if nothing is known beforehand. The folder for originals is made, if the file could be replaced
+/// otherwise.
+std::optional<QString> obstacleToUpdating(const QString& path, const QString& originalsFolder);
 
 /// A file to read instead of another, which is not to be changed.
 struct ReadableFile

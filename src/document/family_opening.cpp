@@ -40,7 +40,8 @@ Outcome<OpenedFamily> importFamily(const QString& path, const Progress& progress
 
 Outcome<OpenedFamily> readOwnFamily(const QString& path, const Progress& progress)
 {
-    if (const auto obstacle = obstacleToUpdating(path)) {
+    const auto places = MigrationPlaces::ofTheUser();
+    if (const auto obstacle = obstacleToUpdating(path, places.originalsFolder)) {
         auto copy = openFamilyCopy(path, progress);
         if (copy) {
             copy.value().obstacle = obstacle;
@@ -49,7 +50,7 @@ Outcome<OpenedFamily> readOwnFamily(const QString& path, const Progress& progres
         return copy;
     }
     constexpr double stageOfOldFiles = 0.5;
-    auto current = bringUpToDate(path, MigrationPlaces::ofTheUser(), progress.stage(0, stageOfOldFiles));
+    auto current = bringUpToDate(path, places, progress.stage(0, stageOfOldFiles));
     if (current.failed())
         return current.failure();
     // A change that comes while the file is read is one that was not seen.

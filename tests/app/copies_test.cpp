@@ -105,6 +105,17 @@ TEST_F(OldFiles, OneInAFolderThatMayNotBeWrittenToOpensAsACopyThatSaysSo)
     ASSERT_EQ(::chmod(qPrintable(folder), 0755), 0);
 }
 
+TEST_F(OldFiles, OneThatCouldNotBeKeptAsItWasOpensAsACopyThatSaysSo)
+{
+    const QString path = oldFile(QStringLiteral("Old.lineara"));
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    ASSERT_TRUE(QDir().mkpath(data));
+    const OrdinaryUser user({QDir::homePath(), files_.path({})});
+    ASSERT_EQ(::chmod(qPrintable(data), 0555), 0);
+    expectCopies(path, QStringLiteral("permission is denied"));
+    ASSERT_EQ(::chmod(qPrintable(data), 0755), 0);
+}
+
 TEST_F(OldFiles, ACopyThatStandsInForOneComesToTheFrontWhenThatIsOpenedAgain)
 {
     const QString path = oldFile(QStringLiteral("Old.lineara"));

@@ -243,6 +243,20 @@ TEST_F(UpToDate, WithoutRoomForTheOriginalNothingIsReplaced)
     EXPECT_TRUE(filesAtHome().isEmpty());
 }
 
+TEST_F(UpToDate, WithoutRoomForTheOriginalACopyOpensThatStandsInForTheFile)
+{
+    const auto path = put(u"f.lineara"_qs, sample(u"family_12"_qs));
+    const Variable noRoom("XDG_DATA_HOME", u"/dev/null"_qs);
+    const auto opened = openFamily(path);
+    ASSERT_TRUE(opened) << opened.failure().message.toStdString();
+    EXPECT_TRUE(opened.value().origin.isCopy && opened.value().origin.isStandIn);
+    ASSERT_TRUE(opened.value().obstacle);
+    EXPECT_THAT(opened.value().obstacle->toStdString(),
+                AllOf(HasSubstr("no copy of it as it was can be kept in “/dev/null/"), HasSubstr("not a folder")));
+    EXPECT_EQ(bytesOf(path), sample(u"family_12"_qs));
+    EXPECT_TRUE(filesAtHome().isEmpty());
+}
+
 TEST_F(UpToDate, ProgramsWithoutAWindowLeaveTheFileAlone)
 {
     for (const auto& name : {u"family_11"_qs, u"family_12"_qs, u"family_13"_qs, u"family_14"_qs}) {
