@@ -6,6 +6,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -33,7 +34,6 @@ MigrationNote::MigrationNote(const QString& folder, const QString& path)
 {
     if (folder.isEmpty())
         return;
-    QDir().mkpath(folder);
     const auto name = QCryptographicHash::hash(canonicalPath(path).toUtf8(), QCryptographicHash::Sha1).toHex();
     notePath_ = QDir(folder).filePath(QString::fromLatin1(name) + u".json"_qs);
     read();
@@ -117,6 +117,7 @@ void MigrationNote::write() const
         QFile::remove(notePath_);
         return;
     }
+    QDir().mkpath(QFileInfo(notePath_).path());
     QJsonObject object{{originalsKey, QJsonArray::fromStringList(originals_)}, {temporaryKey, temporary_}};
     if (mark_) {
         // Numbers of JSON lose digits.

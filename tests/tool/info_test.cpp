@@ -1,5 +1,6 @@
 #include "tool_run.h"
 
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -107,6 +108,20 @@ TEST(ToolInfo, AnyFileNameWillDo)
                   {QStringLiteral("info"), QStringLiteral("--"), QStringLiteral("--json.ged")});
     ASSERT_TRUE(process.waitForFinished());
     EXPECT_THAT(process.readAllStandardOutput().toStdString(), HasSubstr("persons: 14\n"));
+}
+
+TEST(ToolInfo, LeavesNothingBehindInTheHomeFolder)
+{
+    QTemporaryDir home;
+    const QByteArray before = qgetenv("HOME");
+    qputenv("HOME", home.path().toLocal8Bit());
+    qunsetenv("XDG_DATA_HOME");
+    for (const QString& path :
+         {testFamily(QStringLiteral("bronte.ged")), QStringLiteral(LINEARA_TEST_DATA "/versions/family_12.lineara"),
+          QStringLiteral(LINEARA_TEST_DATA "/versions/family_14.lineara")})
+        EXPECT_EQ(info(path).exitCode, 0) << path.toStdString();
+    qputenv("HOME", before);
+    EXPECT_EQ(QDir(home.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
 }
 
 TEST(ToolInfo, AFullOutputEndsWithThree)
