@@ -19,7 +19,12 @@ struct OpeningNoticeTexts
 void offerToSave(Document& document, const QString& text)
 {
     DocumentWindow& window = document.window();
-    QWidget& notice = window.offer(text, OpeningNoticeTexts::tr("Save As…"), [&document] { saveDocumentAs(document); });
+    const auto settled = [&document, text](bool isSaved) {
+        if (!isSaved)
+            offerToSave(document, text);
+    };
+    QWidget& notice = window.offer(text, OpeningNoticeTexts::tr("Save As…"),
+                                   [&document, settled] { saveDocumentAs(document, settled); });
     // With a file of its own, the family has another title.
     QObject::connect(&window, &QWidget::windowTitleChanged, &notice, &QObject::deleteLater);
 }

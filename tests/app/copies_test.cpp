@@ -8,6 +8,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLocale>
+#include <QPointer>
 #include <QPushButton>
 
 #include <algorithm>
@@ -93,6 +94,21 @@ TEST_F(OldFiles, TheWordThatItIsACopyGoesWhenItHasAFileOfItsOwn)
         files_.path(QStringLiteral("Own.lineara")), [](const auto&) {}, Document::Overwriting::Anything);
     EXPECT_TRUE(waitUntil([this] { return noticesOf(document()).isEmpty(); }));
     EXPECT_TRUE(document().hasOwnFile());
+}
+
+TEST_F(OldFiles, TheWordThatItIsACopyStaysWhileItHasNoFileOfItsOwn)
+{
+    const QString path = oldFile(QStringLiteral("Old.lineara"));
+    ASSERT_EQ(::chmod(qPrintable(path), 0444), 0);
+    const OrdinaryUser user({QDir::homePath(), files_.path({})});
+    open({path});
+    ASSERT_TRUE(waitUntil([this] { return count() == 1 && document().treeView(); }));
+    const QString told = noticeOf(document());
+    const QPointer<QFrame> taken(document().window().findChild<QFrame*>(QStringLiteral("notice")));
+    taken->findChild<QPushButton*>(QStringLiteral("noticeCommand"))->click();
+    ASSERT_TRUE(waitUntil([&] { return !taken && program_.dialog(); }));
+    program_.dialog()->reject();
+    EXPECT_EQ(noticesOf(document()), QStringList{told});
 }
 
 TEST_F(OldFiles, OneInAFolderThatMayNotBeWrittenToOpensAsACopyThatSaysSo)
