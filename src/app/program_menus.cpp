@@ -1,5 +1,6 @@
 #include "program_menus.h"
 
+#include "bring_to_front.h"
 #include "document/document.h"
 #include "document/document_window.h"
 #include "saving.h"
@@ -104,11 +105,9 @@ void showWindows(QMenu& menu, QMainWindow& window, const ProgramCommands& comman
     for (const QPointer<QMainWindow> other : commands.windows()) {
         const QString title = plain(other->windowTitle().remove(QStringLiteral("[*]")));
         QAction* const action = add(menu, QStringLiteral("&%1 %2").arg(++number).arg(title), {}, [other] {
-            if (!other)
-                return;
-            other->setWindowState(other->windowState() & ~Qt::WindowMinimized);
-            other->raise();
-            other->activateWindow();
+            // One that has made room since the menu was filled must not come back.
+            if (other && other->isVisible())
+                bringToFront(*other);
         });
         action->setCheckable(true);
         action->setChecked(other == &window);
