@@ -144,6 +144,11 @@ void FamilyQueue::join(const WorkRun& run, RecordId id)
     if (run.isRepeated()) {
         document_.syncList();
         document_.handleOnboarding();
+        // Links that had their turn meanwhile may have given a row to who was not a member.
+        if (person->generation()) {
+            document_.pool().rebuildLists();
+            document_.refresh();
+        }
     }
     ledger_.finished(run.work, run.of, newestStep());
 }

@@ -1,3 +1,5 @@
+#include "canvas/hand.h"
+#include "canvas/rows_at_rest.h"
 #include "canvas/view_driver.h"
 #include "listed_document.h"
 
@@ -6,6 +8,7 @@
 #include <gmock/gmock.h>
 
 using namespace lineara;
+using testing::Contains;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -337,4 +340,33 @@ TEST(History, NothingToUndoIsNoMatter)
     edited.undo();
     edited.redo();
     EXPECT_EQ(edited.text(), before);
+}
+
+TEST(History, WhoIsLinkedBeforeJoiningAgainStandsInTheRow)
+{
+    EditedDocument edited(*threeGenerations());
+    SerialQueue& queue = edited.document->poolProcessing();
+    edited.hold();
+    const RecordId id = edited.addUnsettled();
+    bool hasJoined = false;
+    WorkBlock pause;
+    pause.onMainWaiting([&] {
+        queue.setHeld(true);
+        hasJoined = true;
+    });
+    queue.enqueue(std::move(pause));
+    const Person& newcomer = *edited.context().person(id);
+    edited.linkUnsettled(*edited.person(106), *edited.context().person(id), partnerLink);
+    Hand hand(edited.canvas());
+    hand.press(hand.panel(*edited.person(102)));
+    hand.dragBy({5, 0});
+    queue.setHeld(false);
+    ASSERT_TRUE(runEventsUntil(hasJoined));
+    // The drag is taken back, and with it the joining, which has its turn again after the link.
+    QTest::keyClick(&edited.canvas(), Qt::Key_Escape);
+    edited.release();
+    ASSERT_EQ(newcomer.generation(), edited.person(106)->generation());
+    EXPECT_THAT(edited.pool().generations()[static_cast<std::size_t>(*newcomer.generation())], Contains(id));
+    EXPECT_THAT(edited.canvas().branchLayer().layers(), SizeIs(7));
+    EXPECT_TRUE(isAtRest(edited.pool()));
 }

@@ -81,6 +81,12 @@ void RestChecks::checkPlaces() const
         }
     }
     const auto& rows = edited_.pool().generations();
+    for (const Person* const person : edited_.pool().persons()) {
+        if (person->generation()) {
+            const auto row = static_cast<std::size_t>(*person->generation());
+            EXPECT_TRUE(row < rows.size() && std::ranges::count(rows[row], person->recordId()) == 1) << "row " << row;
+        }
+    }
     for (std::size_t row = 1; row < rows.size(); ++row) {
         std::vector<std::pair<int, int>> spans;
         for (const RecordId id : rows[row]) {
