@@ -99,8 +99,11 @@ void PersonTableViewController::setObjects(const std::vector<Person*>& persons)
     std::vector<RecordId> ids;
     std::ranges::transform(persons, std::back_inserter(ids), &Person::recordId);
     const RowsInPlace inPlace(*personTableView_);
-    if (selected_ && std::ranges::find(ids, *selected_) == ids.end())
-        leave(*selected_);
+    // The open row may be another one than the selected one, where that was not answered yet.
+    for (const auto shown : {selected_, openRow_->person()}) {
+        if (shown && std::ranges::find(ids, *shown) == ids.end())
+            leave(*shown);
+    }
     personsArrayController_->setPersons(ids, openRow_->person());
 }
 

@@ -104,13 +104,16 @@ private:
     void drawLink()
     {
         Person* const from = anybodyInReach();
-        Person* const to = anybody();
-        if (!from || !to)
+        Person* const aim = anybody();
+        if (!from || !aim)
             return;
+        const RecordId to = aim->recordId();
         hand_.press(chance(3) ? hand_.partnerHandle(*from) : hand_.childHandle(*from));
         moveAround(random_() % 3);
-        if (edited_.canvas().scene().shows(*to))
-            hand_.drag(hand_.picture(*to));
+        // Events have passed meanwhile.
+        const Person* const still = edited_.context().person(to);
+        if (still && edited_.canvas().scene().shows(*still))
+            hand_.drag(hand_.picture(*still));
         endDrag();
     }
     void dragNode()

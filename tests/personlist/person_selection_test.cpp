@@ -118,6 +118,20 @@ TEST_F(PersonSelection, ALinkThatIsSelectedMeanwhileIsNotTakenBackByAnAnnounceme
     EXPECT_EQ(shown.selected(), a.recordId());
 }
 
+TEST_F(PersonSelection, AnOpenRowLeavesThoughTheSelectionHasGoneOn)
+{
+    shown.select(a);
+    shown.answers = false;
+    shown.press(b);
+    ASSERT_EQ(shown.selected(), b.recordId());
+    shown.list->setObjects({&b, &c});
+    ShownList::deliver();
+    shown.list->setObjects({&a, &b, &c});
+    shown.select(a);
+    ASSERT_TRUE(shown.cell());
+    EXPECT_EQ(shown.line("name").text(), a.name());
+}
+
 TEST_F(PersonSelection, APressOnTheSelectedRowAnnouncesItAgain)
 {
     shown.select(a);
