@@ -34,7 +34,7 @@ void NodeDrag::cancel()
 {
     LeafView& node = *std::exchange(node_, nullptr);
     LeafView::stopDragging();
-    if (hasNewestStep())
+    if (hasLatestStep())
         canvas_.pool().context().journal().rollBack();
     goBackToHeight(node);
     canvas_.nodeMoved(node);
@@ -57,13 +57,13 @@ void NodeDrag::drop()
 
 void NodeDrag::makeRoom()
 {
-    if (node_ && hasNewestStep())
+    if (node_ && hasOpenStep())
         canvas_.reconstrainCollisionsForPerson(node_->person());
 }
 
 void NodeDrag::ensureStep()
 {
-    if (!hasNewestStep())
+    if (!hasOpenStep())
         step_ = canvas_.pool().context().journal().begin(QCoreApplication::translate("TreeView", "Move Person"));
 }
 
@@ -73,10 +73,15 @@ void NodeDrag::pulledFrom(double height)
         heightBefore_ = height;
 }
 
-/// Somebody else may have begun a step since.
-bool NodeDrag::hasNewestStep() const
+bool NodeDrag::hasLatestStep() const
 {
     return step_ && *step_ == canvas_.pool().context().journal().latestStep();
+}
+
+/// Where all that was moved has been moved back, late work of an earlier step may have opened that again.
+bool NodeDrag::hasOpenStep() const
+{
+    return hasLatestStep() && canvas_.pool().context().journal().undoStep() == step_;
 }
 
 } // namespace lineara

@@ -38,7 +38,10 @@ public:
     void pulledFrom(double height);
 
 private:
-    bool hasNewestStep() const;
+    /// Whether nobody has begun a step since the drag has.
+    bool hasLatestStep() const;
+    /// Whether changes made now belong to the step of the drag.
+    bool hasOpenStep() const;
     void goBackToHeight(LeafView& node) const;
 
     TreeView& canvas_;

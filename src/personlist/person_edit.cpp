@@ -21,8 +21,10 @@ void PersonEdit::change(const QString& stepName, const std::function<void(Person
     if (!person())
         return;
     Journal& journal = context_.journal();
-    // Another step may have been begun since the visit's own.
-    if (step_ != journal.latestStep() || stepName_ != stepName) {
+    // Another step may have been begun since the visit's own; or, where all changes were changed back, an earlier one
+    // opened again.
+    const bool isOpen = step_ && journal.latestStep() == *step_ && journal.undoStep() == step_;
+    if (!isOpen || stepName_ != stepName) {
         step_ = journal.begin(stepName);
         stepName_ = stepName;
     }

@@ -144,6 +144,26 @@ TEST_F(DraggedNode, UndoneAndRedoneWhileItIsHeldStandsInOrder)
     EXPECT_TRUE(isAtRest(family.pool));
 }
 
+TEST_F(DraggedNode, KeepsOutOfAnEarlierStepThatIsOpenedAgainMeanwhile)
+{
+    Person& ann = family.add(200);
+    show();
+    journal().begin(u"Edit Name"_qs);
+    ann.setName(u"Anne"_qs);
+    view->settle();
+    const auto before = ann.x();
+    hand->press(hand->panel(ann));
+    hand->dragBy({10, 0});
+    hand->dragBy({-10, 0});
+    journal().amend();
+    hand->dragBy({20, 0});
+    EXPECT_EQ(journal().undoName(), u"Move Person"_qs);
+    QTest::keyClick(view, Qt::Key_Escape);
+    EXPECT_EQ(ann.x(), before);
+    EXPECT_EQ(ann.name(), u"Anne"_qs);
+    EXPECT_EQ(journal().undoName(), u"Edit Name"_qs);
+}
+
 TEST_F(DraggedNode, LostReleaseEndsItWithoutATrace)
 {
     Person& ann = family.add(200);

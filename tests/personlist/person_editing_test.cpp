@@ -4,6 +4,7 @@
 
 #include "multi_line_text_delegate.h"
 #include "notes_field.h"
+#include "person_edit.h"
 
 #include <QInputMethodEvent>
 #include <QMenu>
@@ -344,4 +345,18 @@ TEST_F(PersonEditing, TabWalksThroughTheFieldsInOrder)
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget(), field);
     }
+}
+
+TEST_F(PersonEditing, KeepsOutOfAnEarlierStepThatIsOpenedAgainMeanwhile)
+{
+    journal().begin(QStringLiteral("Edit Name"));
+    b.setName(QStringLiteral("Bert"));
+    PersonEdit edit(shown.context, a.recordId());
+    for (const char* const typed : {"x", "a"})
+        edit.change(QStringLiteral("Edit Name"), [&](Person& edited) { edited.setName(QString::fromLatin1(typed)); });
+    journal().amend();
+    edit.change(QStringLiteral("Edit Name"), [](Person& edited) { edited.setName(QStringLiteral("Ann")); });
+    journal().undo();
+    EXPECT_EQ(a.name(), QStringLiteral("a"));
+    EXPECT_EQ(b.name(), QStringLiteral("Bert"));
 }
