@@ -28,7 +28,8 @@ public:
 private:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::KeyPress && dynamic_cast<TreeView*>(watched))
+        // Others get events from other threads, which are handed over in a way of their own.
+        if (dynamic_cast<TreeView*>(watched) && event->type() == QEvent::KeyPress)
             text += static_cast<QKeyEvent*>(event)->text();
         return false;
     }
