@@ -16,8 +16,8 @@ public:
     Progress() = default;
 
     /// The listener hears ascending parts from 0 to 1, each at least a hundredth above the last. It runs within the
-    /// work, so it should hand the number on and return. It may ask for the stop
-    /// itself. After a stop it hears nothing more.
+    /// work, so it should hand the number on and return. It may ask for the stop itself. After a stop it hears nothing
+    /// more.
     explicit Progress(std::function<void(double)> listener, std::stop_token stop = {});
 
     /// Tells that this part (0 to 1) is done. Cheap: most calls only compare two numbers.
