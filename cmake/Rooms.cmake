@@ -21,10 +21,9 @@ if(LINEARA_SANITIZERS)
     target_compile_definitions(lineara_flags INTERFACE LINEARA_SANITIZED _GLIBCXX_ASSERTIONS)
 endif()
 
-if(CMAKE_UNITY_BUILD)
-    # In a batch the names of one file lie around the next one, and none of its files is the main one.
-    target_compile_options(lineara_flags INTERFACE -Wno-shadow -Wno-subobject-linkage)
-endif()
+# In a batch the names of one file lie around the next one, and none of its files is the main one.
+target_compile_options(lineara_flags INTERFACE
+    $<$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>:-Wno-shadow;-Wno-subobject-linkage>)
 
 # lineara_room(NAME SOURCES ... USES ...): one static library per folder below src/, with its own include root.
 # A room sees the public headers of the rooms it names under USES and of no other.
@@ -57,6 +56,9 @@ function(lineara_test name)
     target_link_libraries(${name}_tests PRIVATE ${TEST_USES} GTest::gmock lineara_flags)
     target_compile_definitions(${name}_tests PRIVATE LINEARA_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
         LINEARA_SAMPLES="${CMAKE_SOURCE_DIR}/samples")
+    if(LINEARA_BATCHED_TESTS)
+        set_target_properties(${name}_tests PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+    endif()
     set(environment ${LINEARA_TEST_ENVIRONMENT})
     if(TEST_SCREEN)
         add_test(NAME ${name} COMMAND xvfb-run -a -s "-screen 0 1600x1000x24 -nolisten tcp" $<TARGET_FILE:${name}_tests>)

@@ -85,6 +85,15 @@ class Orphans(Check):
         self.assertEqual(list(uncompiled_sources(self.root, self.root)),
                          ["tests/model/forgotten.cpp: no target builds it"])
 
+    def test_a_source_of_a_batch_is_built(self):
+        self.plant("tests/model/batched.cpp", "\n")
+        self.plant("tests/model/forgotten.cpp", "\n")
+        self.plant("Unity/unity_0.cxx", f'#include "{self.root}/tests/model/batched.cpp"\n')
+        self.plant("compile_commands.json",
+                   json.dumps([{"directory": str(self.root), "file": str(self.root / "Unity/unity_0.cxx")}]))
+        self.assertEqual(list(uncompiled_sources(self.root, self.root)),
+                         ["tests/model/forgotten.cpp: no target builds it"])
+
     def test_a_fuzzer_that_its_list_leaves_out_is_named(self):
         self.plant("compile_commands.json", "[]")
         self.plant("fuzz/CMakeLists.txt", "add_executable(a a.cpp)\n")

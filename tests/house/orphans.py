@@ -16,7 +16,10 @@ INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 
 def compiled(build):
     commands = json.loads(Path(build, "compile_commands.json").read_text(encoding="utf-8"))
-    return {Path(command["directory"], command["file"]).resolve() for command in commands}
+    files = {Path(command["directory"], command["file"]).resolve() for command in commands}
+    batches = [file for file in files if file.parent.name == "Unity" and file.is_file()]
+    batched = {Path(name).resolve() for file in batches for name in INCLUDE.findall(file.read_text(encoding="utf-8"))}
+    return files | batched
 
 
 def uncompiled_sources(root, build):
