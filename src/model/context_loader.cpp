@@ -44,6 +44,14 @@ Pic& ContextLoader::addPic(RecordId id, QByteArray data)
     return pic;
 }
 
+SourceRecord& ContextLoader::addSource(RecordId id, SourceOrigin origin, QByteArray text)
+{
+    std::unique_ptr<SourceRecord> owner(new SourceRecord(*context_, id, std::move(origin), std::move(text)));
+    SourceRecord& source = *owner;
+    context_->records_->append(std::move(owner));
+    return source;
+}
+
 void ContextLoader::setParents(Person& person, std::vector<Person*> parents)
 {
     person.parents_.assignDistinct(std::move(parents));
@@ -72,6 +80,12 @@ void ContextLoader::setPic(Person& person, Pic& pic)
     pic.person_ = &person;
 }
 
+void ContextLoader::setSource(Person& person, SourceRecord& source)
+{
+    person.source_ = &source;
+    source.person_ = &person;
+}
+
 void ContextLoader::setUnknown(Record& record, std::vector<UnknownElement> elements)
 {
     switch (record.entity()) {
@@ -83,6 +97,10 @@ void ContextLoader::setUnknown(Record& record, std::vector<UnknownElement> eleme
         break;
     case Entity::Pic:
         static_cast<Pic&>(record).unknown_ = std::move(elements);
+        break;
+    case Entity::Source:
+        static_cast<SourceRecord&>(record).unknown_ =
+            std::make_unique<std::vector<UnknownElement>>(std::move(elements));
         break;
     }
 }

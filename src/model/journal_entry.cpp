@@ -43,6 +43,13 @@ private:
     std::vector<Person*>& changed_;
 };
 
+Entity memberEntity(Relationship relationship)
+{
+    return relationship == Relationship::PersonPic      ? Entity::Pic
+           : relationship == Relationship::PersonSource ? Entity::Source
+                                                        : Entity::Person;
+}
+
 std::int32_t directed(std::int32_t by, Replay direction)
 {
     return direction == Replay::Redo ? by : wrappingDifference(0, by);
@@ -120,9 +127,8 @@ void JournalEntry::replay(PicDataEntry& entry, ObjectContext& context, Replay)
 void JournalEntry::replay(LinkEntry& entry, ObjectContext& context, Replay direction)
 {
     const bool toPool = entry.relationship == Relationship::PoolMembers;
-    const bool toPic = entry.relationship == Relationship::PersonPic;
     Record* const owner = recordOf(toPool ? Entity::Pool : Entity::Person, entry.owner, context);
-    Record* const member = recordOf(toPic ? Entity::Pic : Entity::Person, entry.member, context);
+    Record* const member = recordOf(memberEntity(entry.relationship), entry.member, context);
     if (!owner || !member)
         return;
     if (entry.added == (direction == Replay::Redo))

@@ -3,6 +3,7 @@
 #include "model/person.h"
 #include "model/pic.h"
 #include "model/pool.h"
+#include "model/source_record.h"
 
 #include <algorithm>
 
@@ -60,6 +61,8 @@ bool LinkSides::linked(Relationship relationship, const Record& owner, const Rec
         return as<Person>(member).pool_ == &owner;
     case Relationship::PersonPic:
         return as<Person>(owner).pic_ == &member;
+    case Relationship::PersonSource:
+        return as<Person>(owner).source_ == &member;
     }
     return false;
 }
@@ -80,6 +83,10 @@ LinkPlaces LinkSides::join(Relationship relationship, Record& owner, Record& mem
         as<Person>(owner).pic_ = &as<Pic>(member);
         as<Pic>(member).person_ = &as<Person>(owner);
         break;
+    case Relationship::PersonSource:
+        as<Person>(owner).source_ = &as<SourceRecord>(member);
+        as<SourceRecord>(member).person_ = &as<Person>(owner);
+        break;
     }
     return {0, 0};
 }
@@ -99,6 +106,10 @@ LinkPlaces LinkSides::part(Relationship relationship, Record& owner, Record& mem
     case Relationship::PersonPic:
         as<Person>(owner).pic_ = nullptr;
         as<Pic>(member).person_ = nullptr;
+        break;
+    case Relationship::PersonSource:
+        as<Person>(owner).source_ = nullptr;
+        as<SourceRecord>(member).person_ = nullptr;
         break;
     }
     return {0, 0};

@@ -31,6 +31,12 @@ Pic& ObjectContext::insertPic()
     return static_cast<Pic&>(attach(std::unique_ptr<Record>(new Pic(*this, takeNumber()))));
 }
 
+SourceRecord& ObjectContext::insertSource(SourceOrigin origin, QByteArray text)
+{
+    return static_cast<SourceRecord&>(
+        attach(std::unique_ptr<Record>(new SourceRecord(*this, takeNumber(), std::move(origin), std::move(text)))));
+}
+
 void ObjectContext::remove(Record& record)
 {
     removeLinks(record);
@@ -60,6 +66,11 @@ Pic* ObjectContext::pic(RecordId id) const
     return find<Pic>(id, Entity::Pic);
 }
 
+SourceRecord* ObjectContext::source(RecordId id) const
+{
+    return find<SourceRecord>(id, Entity::Source);
+}
+
 template<class T>
 std::vector<T*> ObjectContext::all(Entity entity) const
 {
@@ -84,6 +95,11 @@ std::vector<Pool*> ObjectContext::allPools() const
 std::vector<Pic*> ObjectContext::allPics() const
 {
     return all<Pic>(Entity::Pic);
+}
+
+std::vector<SourceRecord*> ObjectContext::allSources() const
+{
+    return all<SourceRecord>(Entity::Source);
 }
 
 Subscription ObjectContext::observe(std::function<void(const Change&)> observer)

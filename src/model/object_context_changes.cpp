@@ -123,7 +123,8 @@ void ObjectContext::reportLink(const LinkChanged& change)
     report(AttributesChanged{person, PersonAttribute::Image});
 }
 
-/// A person has one pool and one picture, and a picture one person: whoever held the place before lets go of it.
+/// A person has one pool, one picture and one source, and each of the latter two one person: whoever held the place
+/// before lets go of it.
 void ObjectContext::makeRoom(Relationship relationship, Record& owner, Record& member)
 {
     if (relationship == Relationship::PoolMembers) {
@@ -133,6 +134,11 @@ void ObjectContext::makeRoom(Relationship relationship, Record& owner, Record& m
         if (Pic* const before = static_cast<Person&>(owner).pic_)
             unlink(relationship, owner, *before);
         if (Person* const before = static_cast<Pic&>(member).person_)
+            unlink(relationship, *before, member);
+    } else if (relationship == Relationship::PersonSource) {
+        if (SourceRecord* const before = static_cast<Person&>(owner).source_)
+            unlink(relationship, owner, *before);
+        if (Person* const before = static_cast<SourceRecord&>(member).person_)
             unlink(relationship, *before, member);
     }
 }
@@ -146,6 +152,8 @@ void ObjectContext::removeLinks(Record& record)
         if (person.pool_)
             unlink(Relationship::PoolMembers, *person.pool_, person);
         person.removePic();
+        if (person.source_)
+            remove(*person.source_);
         break;
     }
     case Entity::Pool: {
@@ -157,6 +165,10 @@ void ObjectContext::removeLinks(Record& record)
     case Entity::Pic:
         if (Person* const person = static_cast<Pic&>(record).person_)
             unlink(Relationship::PersonPic, *person, record);
+        break;
+    case Entity::Source:
+        if (Person* const person = static_cast<SourceRecord&>(record).person_)
+            unlink(Relationship::PersonSource, *person, record);
         break;
     }
 }

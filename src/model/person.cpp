@@ -122,7 +122,11 @@ void Person::disconnect()
 
 void Person::changePic(const QString& fileName)
 {
-    QByteArray bytes = bytesOf(fileName);
+    changePic(bytesOf(fileName));
+}
+
+void Person::changePic(QByteArray bytes)
+{
     if (pic_) {
         pic_->setData(std::move(bytes));
         return;
@@ -137,6 +141,11 @@ void Person::removePic()
 {
     if (pic_)
         context().remove(*pic_);
+}
+
+void Person::setSource(SourceRecord& source)
+{
+    context().link(Relationship::PersonSource, *this, source);
 }
 
 const std::optional<Picture>& Person::image() const

@@ -21,6 +21,8 @@ QStringView entityName(Entity entity)
         return u"Person";
     case Entity::Pic:
         return u"Pic";
+    case Entity::Source:
+        return u"Source";
     }
     return {};
 }

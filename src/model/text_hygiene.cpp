@@ -1,6 +1,10 @@
 #include "model/text_hygiene.h"
 
+#include <QStringDecoder>
+#include <QUtf8StringView>
+
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace lineara {
@@ -28,6 +32,33 @@ qsizetype writableLength(const QString& text, qsizetype at)
     return pair ? 2 : 0;
 }
 
+/// Whether the bytes hold control characters other than the three writable ones, and others beyond ASCII. Without a
+/// branch in its loop, because whole genealogies pass through it.
+struct ByteKinds
+{
+    explicit ByteKinds(const QByteArray& text)
+    {
+        unsigned controls = 0;
+        unsigned high = 0;
+        for (const char c : text) {
+            const auto byte = static_cast<std::uint8_t>(c);
+            const bool isWritable = (byte >= 0x20) | (byte == '\t') | (byte == '\n') | (byte == '\r');
+            controls |= isWritable ? 0U : 1U;
+            high |= byte & 0x80U;
+        }
+        hasControls = controls != 0;
+        hasHigh = high != 0;
+    }
+
+    bool hasControls = false;
+    bool hasHigh = false;
+};
+
+bool isWritableBeyondAscii(const QByteArray& text)
+{
+    return QUtf8StringView(text).isValidUtf8() && !text.contains("\xEF\xBF\xBE") && !text.contains("\xEF\xBF\xBF");
+}
+
 } // namespace
 
 QString writableText(QString text, bool* repaired)
@@ -53,6 +84,15 @@ std::optional<QString> writableText(std::optional<QString> text)
     if (text)
         text = writableText(*std::move(text));
     return text;
+}
+
+QByteArray writableUtf8(QByteArray text)
+{
+    const ByteKinds kinds(text);
+    if (!kinds.hasControls && (!kinds.hasHigh || isWritableBeyondAscii(text)))
+        return text;
+    QStringDecoder decode(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    return writableText(QString(decode(text))).toUtf8();
 }
 
 } // namespace lineara

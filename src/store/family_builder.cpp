@@ -17,7 +17,8 @@ class FamilyBuilder
 public:
     FamilyBuilder(RawFamily& raw, Progress progress)
         : raw_(raw), progress_(std::move(progress)),
-          loader_(raw.uuid, raw.nextNumber, raw.persons.size() + raw.pools.size() + raw.pics.size())
+          loader_(raw.uuid, raw.nextNumber,
+                  raw.persons.size() + raw.pools.size() + raw.pics.size() + raw.sources.size())
     {}
 
     /// An unfinished family if the progress is stopped meanwhile.
@@ -30,6 +31,7 @@ public:
         for (std::size_t i = 0; i < pools.size(); ++i)
             loader_.setMembers(*pools[i], personsAt(membership.members[i]));
         addPics(membership.pics);
+        addSources(membership.sources);
         loader_.setUnknownObjects(std::move(raw_.unknownObjects));
         loader_.setUnknownInfo(std::move(raw_.unknownInfo));
         return loader_.finish();
@@ -98,6 +100,21 @@ private:
         }
         for (auto& [pic, unknown] : raw_.unknownOfPics)
             loader_.setUnknown(*pics[pic], std::move(unknown));
+    }
+
+    void addSources(const std::vector<std::uint32_t>& sourceOf)
+    {
+        std::vector<SourceRecord*> sources;
+        sources.reserve(raw_.sources.size());
+        for (auto& source : raw_.sources)
+            sources.push_back(
+                &loader_.addSource(RecordId{source.number}, std::move(source.origin), std::move(source.text)));
+        for (std::size_t i = 0; i < sourceOf.size(); ++i) {
+            if (sourceOf[i] != 0)
+                loader_.setSource(*persons_[i], *sources[sourceOf[i] - 1]);
+        }
+        for (auto& [source, unknown] : raw_.unknownOfSources)
+            loader_.setUnknown(*sources[source], std::move(unknown));
     }
 
     /// Every person is visited twice.

@@ -128,6 +128,10 @@ FamilyContent::FamilyContent(const ObjectContext& family)
     addPersons(strangers);
     for (const auto* pic : family.allPics())
         add(*pic);
+    const auto sources = family.allSources();
+    sources_.reserve(sources.size());
+    for (const auto* source : sources)
+        add(*source);
 }
 
 void FamilyContent::addPersons(std::span<Person* const> persons)
@@ -143,8 +147,8 @@ void FamilyContent::add(const Person& person)
 {
     if (!person.unknown().empty())
         unknownOfPersons_.emplace_back(persons_.size(), person.unknown());
-    auto& part =
-        persons_.emplace_back(PersonPart{person.recordId(), PackedValues(person.values()), idOf(person.pic())});
+    auto& part = persons_.emplace_back(
+        PersonPart{person.recordId(), PackedValues(person.values()), idOf(person.pic()), idOf(person.source())});
     part.parentsEnd = addLinks(person.parents());
     part.childrenEnd = addLinks(person.children());
     part.partnersEnd = addLinks(person.partners());
@@ -161,6 +165,11 @@ void FamilyContent::add(const Pic& pic)
 {
     const auto data = pic.hasData() ? std::optional(pic.data()) : std::nullopt;
     pics_.push_back({pic.recordId(), data, idOf(pic.person()), pic.unknown()});
+}
+
+void FamilyContent::add(const SourceRecord& source)
+{
+    sources_.push_back({source.recordId(), source.origin(), source.text(), idOf(source.person()), source.unknown()});
 }
 
 void FamilyContent::setValues(RecordId person, const PersonValues& values)

@@ -84,6 +84,15 @@ public:
         endAttribute();
     }
 
+    void utf8(std::string_view name, const QByteArray& value)
+    {
+        beginAttribute(name, "string", value.isEmpty());
+        if (value.isEmpty())
+            return;
+        out_.utf8({value.constData(), static_cast<std::size_t>(value.size())});
+        endAttribute();
+    }
+
     void number(std::string_view name, std::optional<std::int32_t> value)
     {
         if (!value)
@@ -190,6 +199,8 @@ public:
         writePersons(family_.strangers(), std::nullopt);
         for (const auto& pic : family_.pics())
             writePic(pic);
+        for (const auto& source : family_.sources())
+            writeSource(source);
         objects_.end();
         out_.raw("</database>\n");
     }
@@ -248,6 +259,7 @@ private:
         object.toMany("partners", personEntity, links.partners);
         object.toOne("pool", poolEntity, pool);
         object.toOne("pic", picEntity, person.pic);
+        object.toOne("sourceRecord", sourceEntity, person.source);
         ++persons_;
     }
 
@@ -258,6 +270,16 @@ private:
         if (pic.data)
             object.binary("data", *pic.data);
         object.toOne("person", personEntity, pic.person);
+    }
+
+    void writeSource(const FamilyContent::SourcePart& source)
+    {
+        objects_.next();
+        ObjectElement object(out_, sourceEntity, source.id, source.unknown);
+        object.text("origin", source.origin.file);
+        object.number("line", source.origin.line);
+        object.utf8("text", source.text);
+        object.toOne("person", personEntity, source.person);
     }
 
     XmlWriter& out_;

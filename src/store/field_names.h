@@ -17,6 +17,7 @@ inline constexpr const char* infoName = "databaseInfo";
 inline constexpr const char* poolEntity = "POOL";
 inline constexpr const char* personEntity = "PERSON";
 inline constexpr const char* picEntity = "PIC";
+inline constexpr const char* sourceEntity = "SOURCERECORD";
 
 struct TextField
 {

@@ -7,7 +7,8 @@ namespace lineara::store {
 IdIndex::IdIndex(const RawFamily& family)
 {
     std::vector<Entry> entries;
-    entries.reserve(family.persons.size() + family.pools.size() + family.pics.size() + family.unknownNumbers.size());
+    entries.reserve(family.persons.size() + family.pools.size() + family.pics.size() + family.sources.size() +
+                    family.unknownNumbers.size());
     const auto add = [&entries](Kind kind, std::size_t index, Number number) {
         entries.push_back({number, {kind, static_cast<std::uint32_t>(index)}});
     };
@@ -17,6 +18,8 @@ IdIndex::IdIndex(const RawFamily& family)
         add(Kind::Pool, i, family.pools[i]);
     for (std::size_t i = 0; i < family.pics.size(); ++i)
         add(Kind::Pic, i, family.pics[i].number);
+    for (std::size_t i = 0; i < family.sources.size(); ++i)
+        add(Kind::Source, i, family.sources[i].number);
     for (std::size_t i = 0; i < family.unknownNumbers.size(); ++i)
         add(Kind::Unknown, i, family.unknownNumbers[i]);
     for (const auto& entry : entries)

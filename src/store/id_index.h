@@ -15,6 +15,7 @@ enum class Kind : std::uint8_t
     Person,
     Pool,
     Pic,
+    Source,
     Unknown
 };
 

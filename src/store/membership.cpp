@@ -96,46 +96,106 @@ private:
     std::vector<bool> listed_;
 };
 
-Failure pictureOfTwo(const RawPic& pic)
+/// A kind of record that belongs to one person: how both sides name each other, and the words for it.
+template<class Owned>
+struct Belonging
 {
-    return Failure{StoreTexts::tr("object z%1: the picture belongs to two persons.").arg(pic.number)};
+    std::vector<Owned> RawFamily::*records = nullptr;
+    Number RawPerson::*ofPerson = nullptr;
+    Kind kind = Kind::Person;
+    QString relationship;
+    QString ofTwo;
+    QString completed;
+};
+
+Belonging<RawPic> pictures()
+{
+    return {
+        &RawFamily::pics,
+        &RawPerson::pic,
+        Kind::Pic,
+        u"pic"_qs,
+        StoreTexts::tr("object z%1: the picture belongs to two persons."),
+        StoreTexts::tr("Only one side of the link between picture z%1 and its person was there; it was completed.")};
 }
 
-Outcome<std::vector<std::uint32_t>> pairPictures(const RawFamily& family, const IdIndex& index, QStringList& repairs)
+Belonging<RawSource> sources()
 {
-    std::vector<std::uint32_t> picOf(family.persons.size());
-    std::vector<std::optional<PersonIndex>> ownerOf(family.pics.size());
-    for (std::size_t person = 0; person < family.persons.size(); ++person) {
-        const auto& raw = family.persons[person];
-        const auto pic = find(raw.pic, Kind::Pic, raw.number, u"pic"_qs, index);
-        if (pic.failed())
-            return pic.failure();
-        if (!pic.value())
-            continue;
-        if (ownerOf[*pic.value()])
-            return pictureOfTwo(family.pics[*pic.value()]);
-        ownerOf[*pic.value()] = static_cast<PersonIndex>(person);
-        picOf[person] = *pic.value() + 1;
-    }
-    for (std::size_t pic = 0; pic < family.pics.size(); ++pic) {
-        const auto& raw = family.pics[pic];
-        const auto person = find(raw.person, Kind::Person, raw.number, u"person"_qs, index);
-        if (person.failed())
-            return person.failure();
-        if (person.value() == ownerOf[pic])
-            continue;
-        tellRepair(
-            repairs,
-            StoreTexts::tr("Only one side of the link between picture z%1 and its person was there; it was completed.")
-                .arg(raw.number));
-        if (!person.value())
-            continue;
-        if (ownerOf[pic] || picOf[*person.value()] != 0)
-            return pictureOfTwo(raw);
-        picOf[*person.value()] = static_cast<std::uint32_t>(pic) + 1;
-    }
-    return picOf;
+    return {&RawFamily::sources,
+            &RawPerson::source,
+            Kind::Source,
+            u"sourceRecord"_qs,
+            StoreTexts::tr("object z%1: the imported record belongs to two persons."),
+            StoreTexts::tr(
+                "Only one side of the link between imported record z%1 and its person was there; it was completed.")};
 }
+
+/// Finds the one record of each person, by person: its position plus 1, or 0.
+template<class Owned>
+class Pairing
+{
+public:
+    Pairing(const RawFamily& family, const IdIndex& index, Belonging<Owned> belonging)
+        : family_(family), index_(index), belonging_(std::move(belonging)), records_(family.*belonging_.records),
+          recordOf_(family.persons.size()), ownerOf_(records_.size())
+    {}
+
+    Outcome<std::vector<std::uint32_t>> pair(QStringList& repairs)
+    {
+        if (auto asked = askPersons(); asked.failed())
+            return asked.failure();
+        if (auto asked = askRecords(repairs); asked.failed())
+            return asked.failure();
+        return std::move(recordOf_);
+    }
+
+private:
+    Outcome<Done> askPersons()
+    {
+        for (std::size_t person = 0; person < family_.persons.size(); ++person) {
+            const auto& raw = family_.persons[person];
+            const auto record =
+                find(raw.*belonging_.ofPerson, belonging_.kind, raw.number, belonging_.relationship, index_);
+            if (record.failed())
+                return record.failure();
+            if (!record.value())
+                continue;
+            if (ownerOf_[*record.value()])
+                return ofTwo(records_[*record.value()]);
+            ownerOf_[*record.value()] = static_cast<PersonIndex>(person);
+            recordOf_[person] = *record.value() + 1;
+        }
+        return Done{};
+    }
+
+    Outcome<Done> askRecords(QStringList& repairs)
+    {
+        for (std::size_t record = 0; record < records_.size(); ++record) {
+            const auto& raw = records_[record];
+            const auto person = find(raw.person, Kind::Person, raw.number, u"person"_qs, index_);
+            if (person.failed())
+                return person.failure();
+            if (person.value() == ownerOf_[record])
+                continue;
+            tellRepair(repairs, belonging_.completed.arg(raw.number));
+            if (!person.value())
+                continue;
+            if (ownerOf_[record] || recordOf_[*person.value()] != 0)
+                return ofTwo(raw);
+            recordOf_[*person.value()] = static_cast<std::uint32_t>(record) + 1;
+        }
+        return Done{};
+    }
+
+    Failure ofTwo(const Owned& record) const { return Failure{belonging_.ofTwo.arg(record.number)}; }
+
+    const RawFamily& family_;
+    const IdIndex& index_;
+    Belonging<Owned> belonging_;
+    const std::vector<Owned>& records_;
+    std::vector<std::uint32_t> recordOf_;
+    std::vector<std::optional<PersonIndex>> ownerOf_;
+};
 
 } // namespace
 
@@ -147,9 +207,12 @@ Outcome<Membership> resolveMembership(RawFamily& family, const IdIndex& index, Q
     auto members = PoolMembers(family, repairs).settle(lists.value(), index);
     if (members.failed())
         return members.failure();
-    auto pics = pairPictures(family, index, repairs);
+    auto pics = Pairing(family, index, pictures()).pair(repairs);
     if (pics.failed())
         return pics.failure();
+    auto records = Pairing(family, index, sources()).pair(repairs);
+    if (records.failed())
+        return records.failure();
     if (family.pools.empty() && !family.persons.empty()) {
         if (family.nextNumber > highestNumber)
             return Failure{StoreTexts::tr("it holds persons without a pool, and no number is left for a new one.")};
@@ -159,7 +222,7 @@ Outcome<Membership> resolveMembership(RawFamily& family, const IdIndex& index, Q
         std::iota(everybody.begin(), everybody.end(), 0U);
         members.value().append(everybody);
     }
-    return Membership{std::move(members.value()), std::move(pics.value())};
+    return Membership{std::move(members.value()), std::move(pics.value()), std::move(records.value())};
 }
 
 } // namespace lineara::store

@@ -2,8 +2,7 @@
 
 #include "field_names.h"
 #include "numbers.h"
-
-#include <charconv>
+#include "written_members.h"
 
 namespace lineara::store {
 
@@ -13,7 +12,8 @@ constexpr std::size_t fieldCount = personTexts.size() + personNumbers.size();
 constexpr std::array<std::string_view, 3> linkNames{"parents", "children", "partners"};
 constexpr std::size_t poolSlot = fieldCount + linkNames.size();
 constexpr std::size_t picSlot = poolSlot + 1;
-constexpr std::size_t slotCount = picSlot + 1;
+constexpr std::size_t sourceSlot = picSlot + 1;
+constexpr std::size_t slotCount = sourceSlot + 1;
 
 /// The names of all members, in the order in which they are written.
 constexpr auto slotNames = [] {
@@ -27,15 +27,30 @@ constexpr auto slotNames = [] {
         names[at++] = name;
     names[poolSlot] = "pool";
     names[picSlot] = "pic";
+    names[sourceSlot] = "sourceRecord";
     return names;
 }();
+
+/// A relationship to at most one object: where its number goes, and the entity that it names.
+struct Single
+{
+    Number RawPerson::*number;
+    std::string_view entity;
+};
+
+Single singleOf(std::size_t slot)
+{
+    return slot == poolSlot  ? Single{&RawPerson::pool, poolEntity}
+           : slot == picSlot ? Single{&RawPerson::pic, picEntity}
+                             : Single{&RawPerson::source, sourceEntity};
+}
 
 std::string writtenTag(std::size_t slot)
 {
     const std::string name(slotNames[slot]);
     if (slot < fieldCount)
         return "attribute name=\"" + name + "\" type=\"" + (slot < personTexts.size() ? "string" : "int32") + "\">";
-    const std::string entity = slot < poolSlot ? personEntity : slot == poolSlot ? poolEntity : picEntity;
+    const std::string entity = slot < poolSlot ? personEntity : std::string(singleOf(slot).entity);
     return "relationship name=\"" + name + "\" type=\"" + (slot < poolSlot ? "0/0" : "0/1") + "\" destination=\"" +
            entity + "\" idrefs=\"";
 }
@@ -50,13 +65,6 @@ const std::array<std::string, slotCount>& writtenTags()
         return result;
     }();
     return tags;
-}
-
-/// Whether the text that ends at this position is the whole content of its attribute element.
-bool isWholeContent(std::string_view rest, std::size_t end)
-{
-    constexpr std::string_view endTag("\0/attribute>", 12);
-    return end > 0 && rest.substr(end).starts_with(endTag);
 }
 
 } // namespace
@@ -85,27 +93,7 @@ bool PersonSink::takeWritten(std::size_t slot, std::string_view rest)
         return takeWrittenNumber(person_.values.*personNumbers[slot - personTexts.size()].value, rest);
     if (slot < poolSlot)
         return takeWrittenLinks(linkList(slot - fieldCount), rest);
-    return takeWrittenReference(slot == poolSlot ? person_.pool : person_.pic, rest);
-}
-
-bool PersonSink::takeWrittenText(std::optional<QString>& value, std::string_view rest)
-{
-    std::size_t end = 0;
-    auto text = decodeSimpleText(rest, end);
-    if (!text || !isWholeContent(rest, end))
-        return false;
-    value = std::move(text);
-    return true;
-}
-
-bool PersonSink::takeWrittenNumber(std::optional<std::int32_t>& value, std::string_view rest)
-{
-    std::int32_t number = 0;
-    const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), number);
-    if (error != std::errc() || !isWholeContent(rest, static_cast<std::size_t>(end - rest.data())))
-        return false;
-    value = number;
-    return true;
+    return takeWrittenReference(person_.*singleOf(slot).number, rest);
 }
 
 bool PersonSink::takeWrittenLinks(Lists<Number>& list, std::string_view rest)
@@ -120,14 +108,6 @@ bool PersonSink::takeWrittenLinks(Lists<Number>& list, std::string_view rest)
     if (!taken)
         list.drop();
     return taken;
-}
-
-bool PersonSink::takeWrittenReference(Number& number, std::string_view rest)
-{
-    const auto reference = parsedValue(rest, "/>");
-    const auto parsed = reference ? parseObjectId(*reference) : std::nullopt;
-    number = parsed.value_or(number);
-    return parsed.has_value();
 }
 
 MemberSink::Verdict PersonSink::attribute(const Member& member)
@@ -153,10 +133,8 @@ MemberSink::Verdict PersonSink::relationship(const Member& member)
             continue;
         if (!once_.admit(slot, member))
             return Verdict::Failed;
-        if (slot == poolSlot)
-            return store(members_.reference(member, poolEntity), person_.pool);
-        if (slot == picSlot)
-            return store(members_.reference(member, picEntity), person_.pic);
+        if (slot >= poolSlot)
+            return store(members_.reference(member, singleOf(slot).entity), person_.*singleOf(slot).number);
         const bool taken = members_.references(member, personEntity, linkList(slot - fieldCount));
         return taken ? Verdict::Taken : Verdict::Failed;
     }

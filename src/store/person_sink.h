@@ -18,10 +18,7 @@ public:
 
 private:
     bool takeWritten(std::size_t slot, std::string_view rest);
-    bool takeWrittenText(std::optional<QString>& value, std::string_view rest);
-    bool takeWrittenNumber(std::optional<std::int32_t>& value, std::string_view rest);
     bool takeWrittenLinks(Lists<Number>& list, std::string_view rest);
-    bool takeWrittenReference(Number& number, std::string_view rest);
     Verdict takeField(std::size_t field, const Member& member);
 
     Lists<Number>& linkList(std::size_t link);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/person.h"
+#include "model/source_record.h"
 
 #include <QByteArray>
 #include <QUuid>
@@ -59,12 +60,21 @@ struct RawPerson
     PersonValues values;
     Number pool = 0;
     Number pic = 0;
+    Number source = 0;
 };
 
 struct RawPic
 {
     Number number = 0;
     QByteArray data;
+    Number person = 0;
+};
+
+struct RawSource
+{
+    Number number = 0;
+    SourceOrigin origin;
+    QByteArray text;
     Number person = 0;
 };
 
@@ -87,6 +97,9 @@ struct RawFamily
 
     std::vector<RawPic> pics;
     UnknownByIndex unknownOfPics;
+
+    std::vector<RawSource> sources;
+    UnknownByIndex unknownOfSources;
 
     std::vector<UnknownElement> unknownObjects;
     std::vector<Number> unknownNumbers;

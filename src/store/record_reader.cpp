@@ -3,6 +3,7 @@
 #include "field_names.h"
 #include "numbers.h"
 #include "person_sink.h"
+#include "source_sink.h"
 #include "store_texts.h"
 
 namespace lineara::store {
@@ -70,13 +71,22 @@ bool keep(std::optional<std::vector<UnknownElement>> unknown, std::size_t index,
 bool RecordReader::read(pugi::xml_node object, std::uint32_t position)
 {
     static const auto personTag = parsedTag(R"(object type="PERSON" id=")");
-    const auto rest = fragment_.after(personTag, object);
-    const auto id = rest ? parsedValue(*rest, ">") : std::nullopt;
-    if (const auto number = id ? parseObjectId(*id) : std::nullopt) {
-        members_.enter(object, *id);
+    static const auto sourceTag = parsedTag(R"(object type="SOURCERECORD" id=")");
+    if (const auto number = enterWritten(personTag, object))
         return readPerson(*number);
-    }
+    if (const auto number = enterWritten(sourceTag, object))
+        return readSource(*number);
     return readAnyObject(object, position);
+}
+
+std::optional<Number> RecordReader::enterWritten(const std::string& tag, pugi::xml_node object)
+{
+    const auto rest = fragment_.after(tag, object);
+    const auto id = rest ? parsedValue(*rest, ">") : std::nullopt;
+    const auto number = id ? parseObjectId(*id) : std::nullopt;
+    if (number)
+        members_.enter(object, *id);
+    return number;
 }
 
 bool RecordReader::readAnyObject(pugi::xml_node object, std::uint32_t position)
@@ -93,14 +103,17 @@ bool RecordReader::readAnyObject(pugi::xml_node object, std::uint32_t position)
     const auto number = parseObjectId(id);
     if (!number)
         return members_.fail(object, StoreTexts::tr("%1 is no object id.").arg(shown(id)));
-    if (type != personEntity && type != poolEntity && type != picEntity) {
+    if (type != personEntity && type != poolEntity && type != picEntity && type != sourceEntity) {
         family_.unknownObjects.push_back({position, fragment_.verbatim(object)});
         family_.unknownNumbers.push_back(*number);
         return true;
     }
     if (!stranger.empty())
         members_.repair(StoreTexts::tr("%1 is not known and is left out when the file is saved.").arg(shown(stranger)));
-    return type == personEntity ? readPerson(*number) : type == poolEntity ? readPool(*number) : readPic(*number);
+    return type == personEntity ? readPerson(*number)
+           : type == poolEntity ? readPool(*number)
+           : type == picEntity  ? readPic(*number)
+                                : readSource(*number);
 }
 
 bool RecordReader::readPerson(Number number)
@@ -130,6 +143,16 @@ bool RecordReader::readPic(Number number)
     pic.number = number;
     PicSink sink(members_, pic);
     return keep(members_.read(sink), family_.pics.size() - 1, family_.unknownOfPics);
+}
+
+bool RecordReader::readSource(Number number)
+{
+    auto& source = family_.sources.emplace_back();
+    source.number = number;
+    SourceSink sink(fragment_, members_, source, lastOrigin_);
+    const bool kept = keep(members_.read(sink), family_.sources.size() - 1, family_.unknownOfSources);
+    lastOrigin_ = source.origin.file;
+    return kept;
 }
 
 } // namespace lineara::store

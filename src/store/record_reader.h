@@ -18,14 +18,18 @@ public:
     const QString& failure() const { return members_.failure(); }
 
 private:
+    /// The number of an object whose start tag stands as the writer writes it, and is entered; or no value.
+    std::optional<Number> enterWritten(const std::string& tag, pugi::xml_node object);
     bool readAnyObject(pugi::xml_node object, std::uint32_t position);
     bool readPerson(Number number);
     bool readPool(Number number);
     bool readPic(Number number);
+    bool readSource(Number number);
 
     const XmlFragment& fragment_;
     RawFamily& family_;
     ObjectMembers members_;
+    QString lastOrigin_; ///< of the imported record before: files name few, and many records share one
 };
 
 } // namespace lineara::store

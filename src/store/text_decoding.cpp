@@ -140,6 +140,14 @@ std::optional<QString> decodeSimpleText(std::string_view text, std::size_t& end)
     return kinds == Plain ? QString::fromLatin1(text.data(), length) : QString::fromUtf8(text.data(), length);
 }
 
+bool isSimpleText(std::string_view text)
+{
+    unsigned kinds = Plain;
+    for (const char c : text)
+        kinds |= kindOf[static_cast<unsigned char>(c)];
+    return (kinds & Special) == 0;
+}
+
 DecodedText decodeText(const char* text)
 {
     std::size_t end = 0;

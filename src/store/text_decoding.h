@@ -25,6 +25,9 @@ struct DecodedText
 /// carriage returns or other control characters in it. `end` is set to where it ends.
 std::optional<QString> decodeSimpleText(std::string_view text, std::size_t& end);
 
+/// Whether the text is what it says: no references, carriage returns or other control characters in it.
+bool isSimpleText(std::string_view text);
+
 /// Decodes character data that ends at a zero byte: references are resolved and line ends become "\n".
 /// The bytes must be valid UTF-8.
 DecodedText decodeText(const char* text);

@@ -2,6 +2,7 @@
 
 #include <QChar>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -76,6 +77,20 @@ void XmlWriter::text(QStringView text)
             const bool isCharacter = !QChar::isSurrogate(unit) && unit < 0xFFFE;
             appendUtf8(isCharacter ? unit : replacement);
         }
+    }
+}
+
+void XmlWriter::utf8(std::string_view text)
+{
+    while (!text.empty()) {
+        const auto plain = std::min(text.find_first_of("&<>\r"), text.size());
+        raw(text.substr(0, plain));
+        if (plain == text.size())
+            return;
+        constexpr std::size_t mostBytesPerCharacter = 8;
+        ensure(mostBytesPerCharacter);
+        escape(static_cast<unsigned char>(text[plain]));
+        text.remove_prefix(plain + 1);
     }
 }
 

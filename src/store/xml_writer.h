@@ -33,6 +33,8 @@ public:
     /// Character data, escaped so that every XML reader gives it back unchanged. What no XML file can hold (control
     /// characters, halves of surrogate pairs) becomes U+FFFD.
     void text(QStringView text);
+    /// The same for bytes that writableUtf8() has passed.
+    void utf8(std::string_view text);
 
     /// Hands over what is left; false if the sink refused anything.
     bool finish();

@@ -46,12 +46,20 @@ void write(std::ostream& out, const Person& person)
     write(out, "partners", person.partners());
     out << " pool=" << (person.pool() ? person.pool()->recordId().number : 0);
     out << " pic=" << (person.pic() ? person.pic()->recordId().number : 0);
+    out << " source=" << (person.source() ? person.source()->recordId().number : 0);
 }
 
 void write(std::ostream& out, const Pic& pic)
 {
     out << (pic.hasData() ? " data=" : " none") << pic.data().toHex().toStdString();
     out << " person=" << (pic.person() ? pic.person()->recordId().number : 0);
+}
+
+void write(std::ostream& out, const SourceRecord& source)
+{
+    out << " \"" << source.origin().file.toStdString() << "\" line " << source.origin().line << ' '
+        << source.text().toHex().toStdString();
+    out << " person=" << (source.person() ? source.person()->recordId().number : 0);
 }
 
 bool isSet(const OrderedSet<Person*>& persons)
@@ -74,7 +82,8 @@ bool agrees(const Person& person)
            all(person.children(), [&](const Person& child) { return holds(child.parents(), &person); }) &&
            all(person.partners(), [&](const Person& partner) { return holds(partner.partners(), &person); }) &&
            (!person.pool() || holds(person.pool()->persons(), &person)) &&
-           (!person.pic() || person.pic()->person() == &person);
+           (!person.pic() || person.pic()->person() == &person) &&
+           (!person.source() || person.source()->person() == &person);
 }
 
 } // namespace
@@ -96,6 +105,10 @@ std::string dump(const Record& record)
         out << " pic";
         write(out, static_cast<const Pic&>(record));
         break;
+    case Entity::Source:
+        out << " source";
+        write(out, static_cast<const SourceRecord&>(record));
+        break;
     }
     return out.str();
 }
@@ -109,6 +122,8 @@ std::string dump(const ObjectContext& context)
         text += dump(*person) + '\n';
     for (const Pic* const pic : context.allPics())
         text += dump(*pic) + '\n';
+    for (const SourceRecord* const source : context.allSources())
+        text += dump(*source) + '\n';
     return text;
 }
 
@@ -127,6 +142,10 @@ std::string inconsistencies(const ObjectContext& context)
     for (const Pic* const pic : context.allPics()) {
         if (pic->person() && pic->person()->pic() != pic)
             found += dump(*pic) + '\n';
+    }
+    for (const SourceRecord* const source : context.allSources()) {
+        if (source->person() && source->person()->source() != source)
+            found += dump(*source) + '\n';
     }
     return found;
 }

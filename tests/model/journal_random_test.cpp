@@ -82,13 +82,15 @@ public:
 
     void changeSomething()
     {
-        const std::size_t kind = below(18);
+        const std::size_t kind = below(20);
         if (kind < 4)
             changeMembers(kind);
         else if (kind < 9)
             changeLinks(kind - 4);
-        else
+        else if (kind < 18)
             changeValues(kind - 9);
+        else
+            changeSources();
     }
 
     std::size_t below(std::size_t end) { return std::uniform_int_distribution<std::size_t>(0, end - 1)(random_); }
@@ -128,6 +130,17 @@ private:
         default:
             offspring();
         }
+    }
+
+    void changeSources()
+    {
+        const auto sources = context_.allSources();
+        if (sources.empty() || below(3) == 0)
+            context_.insertSource({u"a.ged"_qs, 7}, QByteArray::number(static_cast<int>(below(5))));
+        else if (below(4) == 0)
+            context_.remove(*sources[below(sources.size())]);
+        else
+            person().setSource(*sources[below(sources.size())]);
     }
 
     void changeValues(std::size_t kind)

@@ -21,6 +21,7 @@ TEST(Loader, FillsAContextWithoutEventsOrJournal)
     Person& a = loader.addPerson({110}, {.name = u"A"_qs, .generation = 2, .x = 40});
     Person& c = loader.addPerson({7}, {});
     Pic& pic = loader.addPic({111}, "bytes");
+    SourceRecord& source = loader.addSource({112}, {u"a.ged"_qs, 12}, "0 @I1@ INDI\n");
     loader.setMembers(pool, {&b, &a, &c});
     loader.setChildren(a, {&b, &c});
     loader.setParents(b, {&a});
@@ -28,9 +29,11 @@ TEST(Loader, FillsAContextWithoutEventsOrJournal)
     loader.setPartners(b, {&c});
     loader.setPartners(c, {&b});
     loader.setPic(a, pic);
+    loader.setSource(a, source);
     loader.setUnknown(a, {{.position = 1, .xml = "<x/>"}});
     loader.setUnknown(pool, {{.position = 2, .xml = "<y/>"}});
     loader.setUnknown(pic, {{.position = 3, .xml = "<z/>"}});
+    loader.setUnknown(source, {{.position = 1, .xml = "<s/>"}});
     loader.setUnknownObjects({{.position = 4, .xml = "<o/>"}});
     loader.setUnknownInfo({{.position = 5, .xml = "<i/>"}});
     const std::unique_ptr<ObjectContext> context = loader.finish();
@@ -42,6 +45,12 @@ TEST(Loader, FillsAContextWithoutEventsOrJournal)
     EXPECT_THAT(context->pool({101})->persons(), ElementsAre(&b, &a, &c));
     EXPECT_THAT(a.children(), ElementsAre(&b, &c));
     EXPECT_EQ(a.pic()->data(), "bytes");
+    EXPECT_EQ(a.source(), &source);
+    EXPECT_EQ(source.person(), &a);
+    EXPECT_EQ(source.text(), "0 @I1@ INDI\n");
+    EXPECT_EQ(source.origin(), (SourceOrigin{u"a.ged"_qs, 12}));
+    EXPECT_THAT(context->allSources(), ElementsAre(&source));
+    EXPECT_EQ(source.unknown().front().xml, "<s/>");
     EXPECT_EQ(a.unknown().front().xml, "<x/>");
     EXPECT_EQ(pool.unknown().front().xml, "<y/>");
     EXPECT_EQ(pic.unknown().front().xml, "<z/>");
@@ -85,7 +94,10 @@ TEST(Loader, MakesTextWritable)
     ContextLoader loader(QUuid::createUuid(), 200, 1);
     const QString dirty(QChar(0x01));
     Person& person = loader.addPerson({102}, {.name = dirty, .additional = dirty});
+    const SourceRecord& source = loader.addSource({103}, {dirty, 1}, "a\x01");
     const auto context = loader.finish();
+    EXPECT_EQ(source.text(), "a\xEF\xBF\xBD");
+    EXPECT_EQ(source.origin().file, QString(QChar::ReplacementCharacter));
     EXPECT_EQ(person.name(), QString(QChar::ReplacementCharacter));
     EXPECT_EQ(person.additional(), QString(QChar::ReplacementCharacter));
 }

@@ -53,6 +53,33 @@ TEST(WritableText, ReplacesEachHalfOfAPairThatIsTheWrongWayRound)
     EXPECT_EQ(writableText(text({0xD83C, 0xD83C, 0xDF33})), text({0xFFFD, 0xD83C, 0xDF33}));
 }
 
+TEST(WritableText, InUtf8IsMendedInTheSameWay)
+{
+    for (const QByteArray& sound : {QByteArray(), QByteArray("0 HEAD\r\n\t"), u"Ærøskøbing 李 \U0001F333"_qs.toUtf8(),
+                                    QByteArray("\xEF\xBB\xBF"), QByteArray("\xEF\xBF\xBD"), QByteArray("\x7F")})
+        EXPECT_EQ(writableUtf8(sound), sound);
+    const QByteArray replaced = "a\xEF\xBF\xBD"
+                                "b";
+    for (const QByteArray& dirty : {QByteArray("a\0b", 3),
+                                    QByteArray("a\x0B"
+                                               "b"),
+                                    QByteArray("a\xFF"
+                                               "b"),
+                                    QByteArray("a\xEF\xBF\xBE"
+                                               "b"),
+                                    QByteArray("a\xEF\xBF\xBF"
+                                               "b")})
+        EXPECT_EQ(writableUtf8(dirty), replaced) << dirty.toHex().toStdString();
+    EXPECT_TRUE(QUtf8StringView(writableUtf8("a\xC3")).isValidUtf8());
+    EXPECT_TRUE(QUtf8StringView(writableUtf8("\xED\xA0\x80")).isValidUtf8());
+}
+
+TEST(WritableText, InUtf8SharesTheMemoryOfASoundText)
+{
+    const QByteArray sound = u"Zoë"_qs.toUtf8();
+    EXPECT_EQ(writableUtf8(sound).constData(), sound.constData());
+}
+
 TEST(WritableText, IsAllThatPersonsEverHold)
 {
     ObjectContext context;

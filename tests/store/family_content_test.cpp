@@ -26,9 +26,11 @@ QByteArray richFamily()
         pool("z105 z103") + pool("z104", "z102") +
         person("z105",
                attribute("name", "string", "Ada") + "        <strange/>\n" + links("children", "z103") + inPool()) +
-        person("z103", links("parents", "z105") + inPool() + links("pic", "z107", "PIC", "0/1")) +
+        person("z103", links("parents", "z105") + inPool() + links("pic", "z107", "PIC", "0/1") + madeOf("z110")) +
         person("z104", attribute("additional", "string", "note") + inPool("z102")) + person("z106") +
-        object("PIC", "z107", attribute("data", "binary", "iVBORw0KGgo=") + links("person", "z103", "PERSON", "0/1")) +
+        object("PIC", "z107", attribute("data", "binary", "iVBORw0KGgo=") + ofPerson("z103")) +
+        source("z109", "0 HEAD\n1 NOTE a &lt; b\n") +
+        source("z110", "0 @I1@ INDI\n", "        <strange/>\n" + ofPerson("z103")) +
         "    <object type=\"HOUSE\" id=\"z108\"/>\n");
 }
 
@@ -48,6 +50,7 @@ TEST(Content, StaysAsItWasTaken)
     personOf(family, 105).setName(u"Eve"_qs);
     personOf(family, 103).removePic();
     context.remove(personOf(family, 104));
+    context.remove(personOf(family, 103));
     context.insertPool().addPerson(context.insertPerson());
     EXPECT_EQ(savedText(content), richFamily().toStdString());
     family.context.reset();

@@ -66,6 +66,24 @@ inline QByteArray pool(const QByteArray& persons, const QByteArray& id = "z101")
     return object("POOL", id, links("persons", persons));
 }
 
+/// An imported record as it is written.
+inline QByteArray source(const QByteArray& id, const QByteArray& text, const QByteArray& members = {})
+{
+    return object("SOURCERECORD", id,
+                  attribute("origin", "string", "a.ged") + attribute("line", "int32", "12") +
+                      attribute("text", "string", text) + members);
+}
+
+/// The line by which a person or an imported record names the other.
+inline QByteArray madeOf(const QByteArray& id)
+{
+    return links("sourceRecord", id, "SOURCERECORD", "0/1");
+}
+inline QByteArray ofPerson(const QByteArray& id)
+{
+    return links("person", id, "PERSON", "0/1");
+}
+
 /// The line by which a person names its pool.
 inline QByteArray inPool(const QByteArray& id = "z101")
 {

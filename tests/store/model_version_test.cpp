@@ -146,7 +146,7 @@ TEST(Models, OfAllVersionsAreSound)
         EXPECT_EQ(model.value().version, version++);
     }
     EXPECT_EQ(bundle.currentModel().version, currentModelVersion);
-    EXPECT_EQ(bundle.currentModel().entities.size(), 3U);
+    EXPECT_EQ(bundle.currentModel().entities.size(), 4U);
     StoreMetadata newer;
     newer.modelVersion = 15;
     EXPECT_FALSE(bundle.modelFor(newer));

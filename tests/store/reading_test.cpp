@@ -123,6 +123,54 @@ TEST(Reading, BlanksWithinBase64AreNoData)
     EXPECT_EQ(family.context->pic(RecordId{103})->data(), QByteArray("ABCDEF"));
 }
 
+TEST(Reading, ImportedRecordsArriveByteForByte)
+{
+    const QByteArray told = "0 @I1@ INDI\n1 NAME Zoë /O'Oak/\n1 NOTE a &lt; b &amp; c &gt; d\n2 CONT \tx  \n";
+    const auto text =
+        fileWith(pool("z102") + person("z102", inPool() + madeOf("z105")) + source("z103", "0 HEAD\n1 CHAR UTF-8\n") +
+                 source("z104", "0 TRLR\n") + source("z105", told, ofPerson("z102")));
+    const auto family = loaded(text);
+    EXPECT_THAT(family.repairs, IsEmpty());
+    const auto& context = *family.context;
+    EXPECT_EQ(context.source(RecordId{103})->text(), "0 HEAD\n1 CHAR UTF-8\n");
+    EXPECT_EQ(context.source(RecordId{103})->origin(), (SourceOrigin{u"a.ged"_qs, 12}));
+    EXPECT_EQ(context.source(RecordId{103})->person(), nullptr);
+    ASSERT_NE(personOf(family, 102).source(), nullptr);
+    EXPECT_EQ(personOf(family, 102).source()->text(),
+              "0 @I1@ INDI\n1 NAME Zoë /O'Oak/\n1 NOTE a < b & c > d\n2 CONT \tx  \n");
+    EXPECT_EQ(personOf(family, 102).source()->person(), &personOf(family, 102));
+    EXPECT_EQ(rewritten(text), text);
+}
+
+TEST(Reading, ImportedRecordsOfOneFileShareItsName)
+{
+    const auto family = loaded(fileWith(source("z102", "0 HEAD\n") + source("z103", "0 TRLR\n")));
+    EXPECT_EQ(family.context->source(RecordId{102})->origin().file.constData(),
+              family.context->source(RecordId{103})->origin().file.constData());
+}
+
+TEST(Reading, ImportedRecordsMayLackEverything)
+{
+    const auto family = loaded(fileWith(source("z102", "0 HEAD\n") + object("SOURCERECORD", "z103", "") +
+                                        object("SOURCERECORD", "z104", attribute("text", "string", ""))));
+    EXPECT_THAT(family.repairs, IsEmpty());
+    for (const std::uint64_t number : {103u, 104u}) {
+        EXPECT_EQ(family.context->source(RecordId{number})->text(), "");
+        EXPECT_EQ(family.context->source(RecordId{number})->origin(), SourceOrigin{});
+    }
+}
+
+TEST(Reading, ImportedRecordsInAnyLayoutAreUnderstood)
+{
+    auto text = fileWith(pool("z102") + person("z102", inPool() + madeOf("z103")) +
+                         source("z103", "0 @I1@ INDI&#13;&#10;1 NAME <![CDATA[<Ada> & co]]>&#10;", ofPerson("z102")));
+    const auto plain = rewritten(text);
+    EXPECT_TRUE(plain.contains("0 @I1@ INDI&#13;\n1 NAME &lt;Ada&gt; &amp; co\n</attribute>"));
+    EXPECT_EQ(rewritten(plain), plain);
+    text.replace("\n", "\r\n").replace("    <", "<").replace("\"", "'");
+    EXPECT_EQ(rewritten(text), plain);
+}
+
 TEST(Reading, AnyLayoutOfTheXmlIsUnderstood)
 {
     auto text = smallFamily();

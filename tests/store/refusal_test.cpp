@@ -118,6 +118,8 @@ TEST(Refusal, DanglingReference)
     EXPECT_THAT(refusal(fileWith(person("z102", inPool("z101")))), says("object z102", "“pool”", "z101"));
     EXPECT_THAT(refusal(fileWith(person("z102", links("pic", "z103", "PIC")))), says("object z102", "“pic”", "z103"));
     EXPECT_THAT(refusal(fileWith(object("PIC", "z103", links("person", "z102")))), says("object z103", "“person”"));
+    EXPECT_THAT(refusal(fileWith(person("z102", madeOf("z103")))), says("object z102", "“sourceRecord”", "z103"));
+    EXPECT_THAT(refusal(fileWith(source("z103", "", ofPerson("z102")))), says("object z103", "“person”", "z102"));
 }
 
 TEST(Refusal, ReferenceToTheWrongKind)
@@ -258,6 +260,28 @@ TEST(Refusal, PictureOfTwoPersons)
                 says("z104", "two persons"));
     const auto claiming = object("PIC", "z104", links("person", "z103", "PERSON", "0/1"));
     EXPECT_THAT(refusal(fileWith(person("z102", withPic) + person("z103") + claiming)), says("z104", "two persons"));
+}
+
+TEST(Refusal, ImportedRecordOfTwoPersons)
+{
+    const auto record = source("z104", "0 @I1@ INDI\n");
+    EXPECT_THAT(refusal(fileWith(person("z102", madeOf("z104")) + person("z103", madeOf("z104")) + record)),
+                says("z104", "imported record", "two persons"));
+    const auto claiming = source("z104", "0 @I1@ INDI\n", ofPerson("z103"));
+    EXPECT_THAT(refusal(fileWith(person("z102", madeOf("z104")) + person("z103") + claiming)),
+                says("z104", "two persons"));
+}
+
+TEST(Refusal, ImportedRecordWhoseMembersAreDefective)
+{
+    EXPECT_THAT(refusal(fileWith(object("SOURCERECORD", "z102", attribute("line", "int32", "twelve")))),
+                says("“line”", "“twelve”"));
+    EXPECT_THAT(refusal(fileWith(object("SOURCERECORD", "z102", attribute("text", "binary", "QUJD")))),
+                says("“text”", "“binary”"));
+    EXPECT_THAT(refusal(fileWith(source("z102", "a") + source("z102", "b"))), says("z102", "twice"));
+    EXPECT_THAT(refusal(fileWith(source("z102", "a", attribute("text", "string", "b")))), says("“text”", "twice"));
+    EXPECT_THAT(refusal(fileWith(source("z102", "a &nothing; b"))), says("“text”", "means nothing"));
+    EXPECT_THAT(refusal(fileWith(pool("") + source("z102", "a", ofPerson("z101")))), says("z102", "another type"));
 }
 
 TEST(Refusal, MissingFile)

@@ -225,6 +225,18 @@ TEST(Repair, PictureKnownToOneSideOnly)
     }
 }
 
+TEST(Repair, ImportedRecordKnownToOneSideOnly)
+{
+    for (const auto& text :
+         {fileWith(pool("z102") + person("z102", madeOf("z103")) + source("z103", "0 @I1@ INDI\n")),
+          fileWith(pool("z102") + person("z102") + source("z103", "0 @I1@ INDI\n", ofPerson("z102")))}) {
+        const auto family = mendedFamily(text);
+        EXPECT_THAT(repairsOf(family), ElementsAre(HasSubstr("imported record z103")));
+        ASSERT_NE(personOf(family, 102).source(), nullptr);
+        EXPECT_EQ(personOf(family, 102).source()->text(), "0 @I1@ INDI\n");
+    }
+}
+
 TEST(Repair, CharactersThatNoFileCanHold)
 {
     const auto family = mendedFamily(fileWith(pool("z102") + person("z102", attribute("name", "string",

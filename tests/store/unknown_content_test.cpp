@@ -83,14 +83,15 @@ TEST(UnknownContent, SurvivesInTheInfo)
     }
 }
 
-TEST(UnknownContent, SurvivesInPoolsAndPictures)
+TEST(UnknownContent, SurvivesInPoolsPicturesAndImportedRecords)
 {
     const auto stranger = QByteArray("        <attribute name=\"place\" type=\"string\">attic</attribute>\n");
     const auto text =
         fileWith(object("POOL", "z101", stranger + links("persons", "z102") + stranger) +
                  person("z102", inPool() + links("pic", "z103", "PIC", "0/1")) +
                  object("PIC", "z103",
-                        attribute("data", "binary", "QUJD") + stranger + links("person", "z102", "PERSON", "0/1")));
+                        attribute("data", "binary", "QUJD") + stranger + links("person", "z102", "PERSON", "0/1")) +
+                 source("z104", "0 HEAD\n", stranger));
     EXPECT_EQ(rewritten(text), text);
 }
 

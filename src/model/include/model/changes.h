@@ -38,7 +38,8 @@ enum class Relationship : std::uint8_t
     Children,
     Partners,
     PoolMembers,
-    PersonPic
+    PersonPic,
+    PersonSource
 };
 
 /// A record came into the context: made by the user, or brought back by undo or redo.
@@ -68,7 +69,7 @@ struct ManyChanged
 };
 
 /// A link was made (`added`) or removed; both sides already agree. For Children `owner` is the parent, for PoolMembers
-/// the pool, for PersonPic the person; for Partners the one that the caller named first.
+/// the pool, for PersonPic and PersonSource the person; for Partners the one that the caller named first.
 struct LinkChanged
 {
     Relationship relationship;

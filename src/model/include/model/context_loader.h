@@ -20,6 +20,7 @@ public:
     Person& addPerson(RecordId id, PersonValues values);
     Pool& addPool(RecordId id);
     Pic& addPic(RecordId id, QByteArray data);
+    SourceRecord& addSource(RecordId id, SourceOrigin origin, QByteArray text);
 
     void setParents(Person& person, std::vector<Person*> parents);
     void setChildren(Person& person, std::vector<Person*> children);
@@ -28,6 +29,7 @@ public:
     void setMembers(Pool& pool, std::vector<Person*> members);
     /// Sets both sides.
     void setPic(Person& person, Pic& pic);
+    void setSource(Person& person, SourceRecord& source);
 
     void setUnknown(Record& record, std::vector<UnknownElement> elements);
     void setUnknownObjects(std::vector<UnknownElement> objects);

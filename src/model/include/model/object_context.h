@@ -5,6 +5,7 @@
 #include "model/person.h"
 #include "model/pic.h"
 #include "model/pool.h"
+#include "model/source_record.h"
 #include "platform/observer_list.h"
 
 #include <QUuid>
@@ -38,19 +39,25 @@ public:
     /// A new person belongs to no pool, has no generation and no x.
     Person& insertPerson(PersonValues values = {});
     Pic& insertPic();
+    /// Keeps a record of an imported genealogy; its text is made writable, see SourceRecord::text().
+    SourceRecord& insertSource(SourceOrigin origin, QByteArray text);
 
-    /// Deletes the record after taking it out of every relationship. A person's Pic goes with it.
+    /// Deletes the record after taking it out of every relationship. A person's Pic and SourceRecord
+    /// go with it.
     void remove(Record& record);
 
     /// The record of that number and entity, or nullptr if there is none (any more).
     Person* person(RecordId id) const;
     Pool* pool(RecordId id) const;
     Pic* pic(RecordId id) const;
+    SourceRecord* source(RecordId id) const;
 
     /// All records of an entity, oldest number first.
     std::vector<Person*> allPersons() const;
     std::vector<Pool*> allPools() const;
     std::vector<Pic*> allPics() const;
+    /// In the order of the imported files.
+    std::vector<SourceRecord*> allSources() const;
 
     /// Sets one attribute of many persons: one event, one journal entry. Both spans have the same length.
     /// `attribute` is Generation or X.

@@ -19,6 +19,7 @@ class LeafView;
 class LinkLayer;
 class Pic;
 class Pool;
+class SourceRecord;
 
 /// The stored attributes of a person. Absent is a state of its own, distinct from 0 and from "".
 struct PersonValues
@@ -77,6 +78,8 @@ public:
     const OrderedSet<Person*>& partners() const { return partners_; }
     Pool* pool() const { return pool_; }
     Pic* pic() const { return pic_; }
+    /// The imported record that the person was made of; nullptr for persons made here.
+    SourceRecord* source() const { return source_; }
 
     /// Links and unlinks keep the other side; linking twice or unlinking strangers changes nothing and reports nothing.
     void addChild(Person& child);
@@ -90,9 +93,14 @@ public:
     /// Reads the whole file and stores its bytes as the person's picture, in the Pic that is there or a new one.
     /// A file that can't be read gives an empty picture.
     void changePic(const QString& fileName);
+    /// The same with bytes that are there already.
+    void changePic(QByteArray bytes);
 
     /// Takes the picture away and deletes its record. Without a picture nothing happens.
     void removePic();
+
+    /// Says which imported record the person was made of. The record goes with the person when that is removed.
+    void setSource(SourceRecord& source);
 
     /// The picture made from the bytes of `pic`, decoded when first asked for; no value without a pic.
     const std::optional<Picture>& image() const;
@@ -131,6 +139,7 @@ private:
     PersonValues values_;
     Pool* pool_ = nullptr;
     Pic* pic_ = nullptr;
+    SourceRecord* source_ = nullptr;
     LeafView* leafView_ = nullptr;
     std::vector<LinkLayer*> linkLayers_;
     mutable std::unique_ptr<std::optional<Picture>> image_; // made when first asked for

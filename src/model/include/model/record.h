@@ -15,7 +15,8 @@ enum class Entity : std::uint8_t
 {
     Pool,
     Person,
-    Pic
+    Pic,
+    Source
 };
 
 /// Names a record for as long as its store lives. Numbers are never used twice, so a stale id finds nothing.
@@ -36,7 +37,7 @@ struct UnknownElement
     QByteArray xml;             ///< the element as it stood, verbatim
 };
 
-/// What Person, Pool and Pic share: an identity within the context that owns them.
+/// What Person, Pool, Pic and SourceRecord share: an identity within the context that owns them.
 class Record
 {
 public:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <optional>
@@ -13,5 +14,8 @@ QString writableText(QString text, bool* repaired = nullptr);
 
 /// An absent text stays absent.
 std::optional<QString> writableText(std::optional<QString> text);
+
+/// The same for a text in UTF-8; bytes that are none are replaced as well.
+QByteArray writableUtf8(QByteArray text);
 
 } // namespace lineara

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/person.h"
+#include "model/source_record.h"
 
 #include <QByteArray>
 #include <QUuid>
@@ -46,6 +47,7 @@ public:
         RecordId id;
         PackedValues values;
         std::optional<RecordId> pic;
+        std::optional<RecordId> source;
         // Where this person's lists end among all links; parents begin where the partners of the person before end.
         std::size_t parentsEnd = 0;
         std::size_t childrenEnd = 0;
@@ -63,6 +65,15 @@ public:
     {
         RecordId id;
         std::optional<QByteArray> data;
+        std::optional<RecordId> person;
+        std::vector<UnknownElement> unknown;
+    };
+
+    struct SourcePart
+    {
+        RecordId id;
+        SourceOrigin origin;
+        QByteArray text;
         std::optional<RecordId> person;
         std::vector<UnknownElement> unknown;
     };
@@ -86,10 +97,12 @@ public:
     const std::vector<UnknownElement>& unknownObjects() const { return unknownObjects_; }
     const std::vector<UnknownElement>& unknownInfo() const { return unknownInfo_; }
 
-    /// Pools and pictures by number; persons pool by pool in the order of each, then those without a pool by number.
+    /// Pools, pictures and sources by number; persons pool by pool in the order of each, then those without a pool by
+    /// number.
     const std::vector<PoolPart>& pools() const { return pools_; }
     const std::vector<PersonPart>& persons() const { return persons_; }
     const std::vector<PicPart>& pics() const { return pics_; }
+    const std::vector<SourcePart>& sources() const { return sources_; }
 
     /// By position in pools().
     std::span<const PersonPart> personsOf(std::size_t pool) const;
@@ -104,6 +117,7 @@ private:
     void addPersons(std::span<Person* const> persons);
     void add(const Person& person);
     void add(const Pic& pic);
+    void add(const SourceRecord& source);
     std::size_t addLinks(const OrderedSet<Person*>& persons);
     std::size_t pooled() const { return pools_.empty() ? 0 : pools_.back().personsEnd; }
 
@@ -115,6 +129,7 @@ private:
     std::vector<PersonPart> persons_;
     std::vector<RecordId> links_;
     std::vector<PicPart> pics_;
+    std::vector<SourcePart> sources_;
     /// Of the few persons that have some, in the order of persons_.
     std::vector<std::pair<std::size_t, std::vector<UnknownElement>>> unknownOfPersons_;
 };
