@@ -1,6 +1,7 @@
 #include "gedcom_check.h"
 
 #include "engine/link_rules.h"
+#include "interchange/further_facts.h"
 #include "interchange/gedcom_import.h"
 #include "model/text_hygiene.h"
 
@@ -59,6 +60,24 @@ QString checkCycles(const std::vector<Person*>& persons)
     return isSound ? QString() : u"a person is its own ancestor"_qs;
 }
 
+/// Everything that is not blank stands in a kept record, once, and was counted.
+QString checkKept(const ObjectContext& family, const ImportReport& report)
+{
+    std::size_t lines = 0;
+    std::size_t ofPersons = 0;
+    for (const SourceRecord* source : family.allSources()) {
+        if (!source->text().endsWith('\n'))
+            return u"a kept record has no end"_qs;
+        for (const QByteArray& line : source->text().split('\n'))
+            lines += line.simplified().isEmpty() ? 0u : 1u;
+        ofPersons += source->person() ? 1u : 0u;
+        furtherFacts(source->text());
+    }
+    if (lines != report.lines || family.allSources().size() != report.records)
+        return u"lines are lost"_qs;
+    return ofPersons == report.persons ? QString() : u"a person has no record"_qs;
+}
+
 } // namespace
 
 QString checkGedcom(const QByteArray& bytes)
@@ -78,7 +97,8 @@ QString checkGedcom(const QByteArray& bytes)
         return u"persons are not counted right"_qs;
     if (importGedcom(bytes, u"first"_qs).value().report.notes != report.notes)
         return u"a second import tells something else"_qs;
-    return checkCycles(persons);
+    const QString lost = checkKept(*first.value().context, report);
+    return lost.isEmpty() ? checkCycles(persons) : lost;
 }
 
 } // namespace lineara

@@ -1,5 +1,7 @@
 #include "gedcom_charset.h"
 
+#include "charset_guess.h"
+#include "gedcom_decoding.h"
 #include "gedcom_line.h"
 #include "import_failure.h"
 #include "import_notes.h"
@@ -9,6 +11,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <vector>
 
 namespace lineara {
 namespace {
@@ -20,12 +23,23 @@ std::string_view viewOf(const QByteArray& bytes)
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
-/// A GEDCOM text starts with an ASCII character, so that in UTF-16 one of the first two bytes is 0.
-bool isUtf16(std::string_view bytes)
+enum class Utf16 : std::uint8_t
 {
-    if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"))
-        return true;
-    return bytes.size() >= 2 && (bytes[0] == '\0') != (bytes[1] == '\0');
+    No,
+    LittleEndian,
+    BigEndian
+};
+
+/// A GEDCOM text starts with an ASCII character, so that in UTF-16 one of the first two bytes is 0.
+Utf16 utf16Of(std::string_view bytes)
+{
+    if (bytes.starts_with("\xFF\xFE"))
+        return Utf16::LittleEndian;
+    if (bytes.starts_with("\xFE\xFF"))
+        return Utf16::BigEndian;
+    if (bytes.size() < 2 || (bytes[0] == '\0') == (bytes[1] == '\0'))
+        return Utf16::No;
+    return bytes[0] == '\0' ? Utf16::BigEndian : Utf16::LittleEndian;
 }
 
 bool isAscii(std::string_view text)
@@ -33,72 +47,120 @@ bool isAscii(std::string_view text)
     return std::none_of(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0x80u) != 0; });
 }
 
-struct Header
+/// The character set that the header record names, read from any ASCII-compatible text; empty if none.
+std::string_view declarationIn(std::string_view text)
 {
-    bool isThere = false;
-    std::string_view charset;
+    // A header is short; a file without one need not be searched for it.
+    constexpr std::size_t longestHeader = std::size_t{256} * 1024;
+    GedcomLineReader lines(text.substr(0, longestHeader));
+    bool isInHeader = false;
+    while (const auto line = lines.next()) {
+        if (line->level == 0 && isInHeader)
+            break;
+        isInHeader = isInHeader || (line->level == 0 && line->tag == "HEAD");
+        if (isInHeader && line->level == 1 && line->tag == "CHAR")
+            return line->value;
+    }
+    return {};
+}
+
+QString pageName(CodePage page)
+{
+    switch (page) {
+    case CodePage::Ansel:
+        return QStringLiteral("ANSEL");
+    case CodePage::Dos437:
+        return QStringLiteral("CP437");
+    case CodePage::Dos850:
+        return QStringLiteral("CP850");
+    case CodePage::Macintosh:
+        return QStringLiteral("MACINTOSH");
+    case CodePage::Windows1252:
+        break;
+    }
+    return QStringLiteral("Windows-1252");
+}
+
+bool isUtf8Name(std::string_view declaration)
+{
+    return declaration.starts_with("UTF-8") || declaration.starts_with("UTF8") || declaration.starts_with("utf-8");
+}
+
+struct Decoded
+{
+    GedcomText text;
+    bool mayHaveLost = false; ///< what was no character is U+FFFD now
 };
 
-/// What the header record says, read from any ASCII-compatible text.
-Header headerOf(std::string_view text)
+/// A text of bytes that stand for themselves, or for parts of UTF-8.
+Decoded readBytes(QByteArray bytes, std::string_view text)
 {
-    Header header;
-    GedcomLineReader lines(text);
-    while (const auto line = lines.next()) {
-        if (line->level == 0 && header.isThere)
-            break;
-        header.isThere = header.isThere || (line->level == 0 && line->tag == "HEAD");
-        if (header.isThere && line->level == 1 && line->tag == "CHAR")
-            header.charset = line->value;
-    }
-    return header;
+    const auto removeMark = [&] { return bytes.remove(0, static_cast<qsizetype>(viewOf(bytes).size() - text.size())); };
+    if (isAscii(text))
+        return {{removeMark(), QStringLiteral("ASCII"), {}}, false};
+    if (bytes.isValidUtf8())
+        return {{removeMark(), QStringLiteral("UTF-8"), {}}, false};
+    const auto declaration = declarationIn(text);
+    const bool isMarked = text.size() != viewOf(bytes).size();
+    if ((isMarked || !declaredPage(declaration)) && fitOfUtf8(text) > 0)
+        return {{mendedUtf8(text), QStringLiteral("UTF-8"), {}}, true};
+    const CodePage page = bestPage(declaredPage(declaration), text);
+    return {{utf8FromPage(page, text), pageName(page), {}}, true};
 }
 
-bool isUtf8Name(std::string_view charset)
+bool agrees(const QString& charset, std::string_view declaration)
 {
-    return charset.starts_with("UTF-8") || charset.starts_with("UTF8");
+    if (declaration.empty() || charset == QStringLiteral("ASCII"))
+        return true;
+    if (charset == QStringLiteral("UTF-8"))
+        return isUtf8Name(declaration);
+    if (charset == QStringLiteral("UTF-16"))
+        return declaration == "UNICODE" || declaration.starts_with("UTF-16") || declaration.starts_with("UTF16");
+    const auto page = declaredPage(declaration);
+    return page && pageName(*page) == charset;
 }
 
-Failure unreadableCharset(const QString& name, const QString& charset)
+/// Tells what was believed and what was lost, where that is not as the file says.
+void account(const GedcomText& text, bool mayHaveLost, ImportNotes& notes)
 {
-    return importFailure(name,
-                         ImportTexts::tr("it is written in the character set %1, which can't be read yet; save it as "
-                                         "UTF-8 and import it again.")
-                             .arg(charset));
-}
-
-Failure notUtf8(std::string_view text, const QString& name)
-{
-    const Header header = headerOf(text);
-    if (!header.isThere)
-        return notGedcom(name);
-    if (header.charset.empty() || isUtf8Name(header.charset))
-        return importFailure(name,
-                             ImportTexts::tr("it is said to be in UTF-8, but is not; save it as UTF-8 and import it "
-                                             "again."));
-    return unreadableCharset(name, inQuotes(header.charset));
+    if (!agrees(text.charset, viewOf(text.declared.toUtf8())))
+        notes.aboutFile(ImportTexts::tr("The file declares the character set %1, but is in %2 and was read so.")
+                            .arg(inQuotes(viewOf(text.declared.toUtf8())), text.charset));
+    const auto replaced = mayHaveLost ? text.utf8.count("\xEF\xBF\xBD") : 0;
+    if (replaced > 0)
+        notes.aboutFile(ImportTexts::tr("%n bytes are no characters of %1; they were replaced.", nullptr,
+                                        static_cast<int>(replaced))
+                            .arg(text.charset));
 }
 
 } // namespace
 
-Outcome<std::string_view> gedcomText(const QByteArray& bytes, const QString& name, ImportNotes& notes)
+Outcome<GedcomText> gedcomText(QByteArray bytes, const QString& name, ImportNotes& notes)
 {
-    std::string_view text = viewOf(bytes);
-    if (text.starts_with(utf8Mark))
-        text.remove_prefix(utf8Mark.size());
-    if (text.empty())
+    const Utf16 utf16 = utf16Of(viewOf(bytes));
+    Decoded decoded;
+    if (utf16 != Utf16::No) {
+        decoded = {{utf8FromUtf16(viewOf(bytes), utf16 == Utf16::BigEndian), QStringLiteral("UTF-16"), {}}, true};
+        bytes.clear();
+    } else {
+        auto plain = viewOf(bytes);
+        if (plain.starts_with(utf8Mark))
+            plain.remove_prefix(utf8Mark.size());
+        decoded = readBytes(std::move(bytes), plain);
+    }
+    GedcomText& text = decoded.text;
+    if (text.utf8.isEmpty())
         return importFailure(name, ImportTexts::tr("the file is empty."));
-    if (isUtf16(text))
-        return unreadableCharset(name, QStringLiteral("\"UTF-16\""));
-    if (isAscii(text))
-        return text;
-    if (!bytes.isValidUtf8())
-        return notUtf8(text, name);
-    const auto charset = headerOf(text).charset;
-    if (!charset.empty() && !isUtf8Name(charset))
-        notes.aboutFile(ImportTexts::tr("The file declares the character set %1, but is in UTF-8 and was read so.")
-                            .arg(inQuotes(charset)));
-    return text;
+    text.utf8 = withPlainLineEnds(std::move(text.utf8));
+    const auto declaration = declarationIn(text.view());
+    text.declared = QString::fromUtf8(declaration.data(), static_cast<qsizetype>(declaration.size())).trimmed();
+    account(text, decoded.mayHaveLost, notes);
+
+    std::vector<std::uint32_t> changed;
+    text.utf8 = withoutUnwritable(std::move(text.utf8), changed);
+    for (const std::uint32_t line : changed)
+        notes.remark(line, ImportTexts::tr("held characters that can't be written to a file; they were replaced"));
+    return std::move(text);
 }
 
 } // namespace lineara

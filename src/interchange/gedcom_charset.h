@@ -11,9 +11,20 @@ namespace lineara {
 
 class ImportNotes;
 
-/// The text of a GEDCOM file as UTF-8, without a byte order mark; a view into `bytes`. What a file says about its
-/// character set is believed only where its bytes agree: a file of plain ASCII is read whatever it declares.
-/// Fails for anything that is not UTF-8, naming the character set. `name` is how messages call the file.
-Outcome<std::string_view> gedcomText(const QByteArray& bytes, const QString& name, ImportNotes& notes);
+/// The text of a GEDCOM file, fit to be kept: UTF-8 without a byte order mark, every line but perhaps the last ended by
+/// LF, and free of characters that a family file can't hold.
+struct GedcomText
+{
+    QByteArray utf8;
+    QString charset;  ///< what the bytes were read as: "UTF-8", "ANSEL", ...
+    QString declared; ///< what the header says; empty if nothing
+
+    std::string_view view() const { return {utf8.constData(), static_cast<std::size_t>(utf8.size())}; }
+};
+
+/// Reads UTF-8, UTF-16 of either byte order, ANSEL, Windows-1252, Latin-1, the character sets of DOS (437, 850) and
+/// Macintosh. What a file says about its character set is believed as far as its bytes agree; otherwise the one that
+/// they fit best is taken, and that is told.
+Outcome<GedcomText> gedcomText(QByteArray bytes, const QString& name, ImportNotes& notes);
 
 } // namespace lineara

@@ -1,126 +1,139 @@
 #include "gedcom_date.h"
 
+#include "calendars.h"
+#include "date_words.h"
+
 #include <QRegularExpression>
-#include <QStringList>
+#include <QString>
 
 #include <algorithm>
-#include <array>
 
 namespace lineara {
 namespace {
 
 constexpr std::int32_t shortestClearYear = 100;
+constexpr std::int32_t lastMonthBeforeOldNewYear = 3;
+constexpr std::int32_t longestMonth = 31;
 
-/// Number of a month from its English name or an abbreviation of at least three letters, in capitals.
-std::optional<std::int32_t> monthNumber(QStringView word)
+/// The day as a date does not name its year: one that every year can have.
+bool canBeDay(std::int32_t day, std::int32_t month)
 {
-    static constexpr std::array<QStringView, 12> months = {u"JANUARY",   u"FEBRUARY", u"MARCH",    u"APRIL",
-                                                           u"MAY",       u"JUNE",     u"JULY",     u"AUGUST",
-                                                           u"SEPTEMBER", u"OCTOBER",  u"NOVEMBER", u"DECEMBER"};
-    if (word.endsWith(u'.'))
-        word.chop(1);
-    if (word.size() < 3)
-        return std::nullopt;
-    const auto found = std::find_if(months.begin(), months.end(), [&](QStringView m) { return m.startsWith(word); });
-    if (found == months.end())
-        return std::nullopt;
-    return static_cast<std::int32_t>(found - months.begin()) + 1;
+    constexpr std::int32_t anyLeapYear = 4;
+    return day >= 1 && day <= daysInMonth(Calendar::Gregorian, anyLeapYear, month);
 }
 
-std::int32_t daysIn(std::int32_t month)
+GedcomDate nothing(DateReading why)
 {
-    static constexpr std::array<std::int32_t, 12> days = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    return days.at(static_cast<std::size_t>(month - 1));
-}
-
-/// One to four digits.
-std::optional<std::int32_t> number(QStringView word)
-{
-    const bool isNumber = !word.isEmpty() && word.size() <= 4 &&
-                          std::all_of(word.begin(), word.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-    return isNumber ? std::optional(word.toInt()) : std::nullopt;
+    GedcomDate date;
+    date.reading = why;
+    return date;
 }
 
 /// Reads the words of a date from left to right.
 class DateParser
 {
 public:
-    explicit DateParser(const QString& value) : words_(split(value)) {}
+    explicit DateParser(std::string_view value) : words_(value) {}
 
     GedcomDate parse()
     {
-        bool isPart = false;
-        while (skip(qualifiers()))
-            isPart = true;
-        const bool isRange = skip(rangeOpeners());
-        while (skip(qualifiers()))
-            isPart = true;
-        skip({QStringLiteral("GREGORIAN")});
-        if (skip(otherCalendars()))
-            return {.day = {}, .month = {}, .year = {}, .reading = DateReading::OtherCalendar};
+        bool isPart = skipQualifiersAndCalendar();
+        const bool isRange = skip(isRangeOpener);
+        isPart = skipQualifiersAndCalendar() || isPart;
+        if (isUnknownCalendar_)
+            return nothing(DateReading::OtherCalendar);
 
         GedcomDate date = readDate();
         if (isRange)
-            keepFirstYear(date);
+            makeFirstYearNegative(date);
+        const bool isConvincing = isConvincingDate(date, isRange);
+        if (calendar_ != Calendar::Gregorian)
+            convert(date);
+        if (isRange)
+            date.day = date.month = std::nullopt;
         isPart = isPart || isRange || lostSomething_ || at_ < words_.size();
-        date.reading = isPart ? DateReading::Part : DateReading::Whole;
-        return isConvincing(date, isRange) ? date : GedcomDate{};
+        date.reading = calendar_ != Calendar::Gregorian ? DateReading::Converted
+                       : isPart                         ? DateReading::Part
+                                                        : DateReading::Whole;
+        if (isConvincing)
+            return date;
+        return nothing(calendar_ == Calendar::Gregorian ? DateReading::Nothing : DateReading::OtherCalendar);
     }
 
 private:
-    static const QStringList& qualifiers()
+    bool skip(bool (*isMeant)(std::string_view))
     {
-        static const QStringList words =
-            QStringLiteral("ABT ABT. ABOUT CA CA. C. CIRCA EST EST. CAL CAL. INT BEF BEF. BEFORE BY AFT AFT. AFTER TO")
-                .split(u' ');
-        return words;
-    }
-    static const QStringList& rangeOpeners()
-    {
-        static const QStringList words = QStringLiteral("BET BET. BETWEEN FROM").split(u' ');
-        return words;
-    }
-    static const QStringList& beforeChrist()
-    {
-        static const QStringList words = QStringLiteral("BC B.C. BC. BCE B.C.E.").split(u' ');
-        return words;
-    }
-    static const QStringList& otherCalendars()
-    {
-        static const QStringList words = QStringLiteral("JULIAN HEBREW FRENCH_R FRENCH ROMAN UNKNOWN").split(u' ');
-        return words;
-    }
-
-    /// Calendar escapes of the older versions ("@#DJULIAN@") become the words of the newer one ("JULIAN").
-    static QStringList split(const QString& value)
-    {
-        static const QRegularExpression escape(QStringLiteral("@#D([^@]*)@"));
-        return value.toUpper().replace(escape, QStringLiteral(" \\1 ")).simplified().split(u' ', Qt::SkipEmptyParts);
-    }
-
-    bool skip(const QStringList& words)
-    {
-        if (at_ == words_.size() || !words.contains(words_[at_]))
+        if (at_ == words_.size() || !isMeant(words_[at_]))
             return false;
         ++at_;
         return true;
     }
 
-    template<class T>
-    std::optional<T> take(std::optional<T> (*read)(QStringView))
+    bool skipWord(std::string_view word)
     {
-        const auto value = at_ < words_.size() ? read(words_[at_]) : std::nullopt;
-        if (value)
+        if (at_ == words_.size() || words_[at_] != word)
+            return false;
+        ++at_;
+        return true;
+    }
+
+    bool skipCalendar()
+    {
+        const auto found = [this](Calendar calendar) {
+            calendar_ = calendar;
+            return true;
+        };
+        if (skipWord("GREGORIAN"))
+            return found(Calendar::Gregorian);
+        if (skipWord("JULIAN"))
+            return found(Calendar::Julian);
+        if (skipWord("HEBREW"))
+            return found(Calendar::Hebrew);
+        if (skipWord("FRENCH_R") || skipWord("FRENCH"))
+            return found(Calendar::FrenchRepublican);
+        const bool isUnknown = skipWord("ROMAN") || skipWord("UNKNOWN");
+        isUnknownCalendar_ = isUnknownCalendar_ || isUnknown;
+        return isUnknown;
+    }
+
+    /// True if there was a qualifier.
+    bool skipQualifiersAndCalendar()
+    {
+        bool isQualified = false;
+        for (bool goesOn = true; goesOn;) {
+            const bool isWord = skip(isQualifier);
+            isQualified = isQualified || isWord;
+            goesOn = isWord || skipCalendar();
+        }
+        return isQualified;
+    }
+
+    std::optional<std::int32_t> takeNumber()
+    {
+        if (at_ == words_.size())
+            return std::nullopt;
+        const auto number = dateNumber(words_[at_]);
+        if (number)
             ++at_;
-        return value;
+        return number;
+    }
+
+    std::optional<std::int32_t> takeMonth()
+    {
+        if (at_ == words_.size())
+            return std::nullopt;
+        const auto month = monthNumber(calendar_, words_[at_]);
+        if (month)
+            ++at_;
+        return month;
     }
 
     /// [day] [month] year, or month day year.
     GedcomDate readDate()
     {
         GedcomDate date;
-        const auto first = take(number);
-        date.month = take(monthNumber);
+        const auto first = takeNumber();
+        date.month = takeMonth();
         if (first && !date.month) {
             --at_;
         } else {
@@ -128,8 +141,8 @@ private:
             if (date.month && !date.day)
                 date.day = takeDayBeforeYear();
         }
-        date.year = readYear();
-        if (date.day && (*date.day < 1 || *date.day > daysIn(*date.month))) {
+        date.year = readYear(date.month);
+        if (calendar_ == Calendar::Gregorian && date.day && !canBeDay(*date.day, *date.month)) {
             date.day.reset();
             lostSomething_ = true;
         }
@@ -139,82 +152,119 @@ private:
     /// The day of "MAY 12, 1900", standing before another number.
     std::optional<std::int32_t> takeDayBeforeYear()
     {
-        if (at_ + 1 >= words_.size() || !number(words_[at_ + 1]))
+        if (at_ + 1 >= words_.size() || !dateNumber(words_[at_ + 1]))
             return std::nullopt;
-        QStringView word = words_[at_];
-        if (word.endsWith(u','))
-            word.chop(1);
-        const auto day = number(word);
-        if (!day || *day > 31)
+        auto word = words_[at_];
+        if (word.ends_with(','))
+            word.remove_suffix(1);
+        const auto day = dateNumber(word);
+        if (!day || *day > longestMonth)
             return std::nullopt;
         ++at_;
         return day;
     }
 
-    std::optional<std::int32_t> readYear()
+    std::optional<std::int32_t> readYear(std::optional<std::int32_t> month)
     {
         if (at_ == words_.size())
             return std::nullopt;
-        const QStringList halves = words_[at_].split(u'/');
-        const auto year = number(halves.front());
-        if (!year || *year == 0 || halves.size() > 2 || (halves.size() == 2 && !number(halves.back())))
+        const auto word = words_[at_];
+        const auto slash = std::min(word.find('/'), word.size());
+        auto year = dateNumber(word.substr(0, slash));
+        if (!year || *year == 0)
             return std::nullopt;
+        if (slash < word.size()) {
+            const auto second = dateNumber(word.substr(slash + 1));
+            if (!second)
+                return std::nullopt;
+            constexpr std::size_t longestSecond = 2;
+            if (word.size() - slash - 1 <= longestSecond && isDouble(*year, *second, month))
+                ++*year;
+            lostSomething_ = true;
+        }
         ++at_;
-        lostSomething_ = lostSomething_ || halves.size() == 2;
-        const bool isBeforeChrist = skip(beforeChrist());
-        static const QStringList afterChrist = QStringLiteral("AD A.D. AD. CE C.E.").split(u' ');
-        hasEra_ = isBeforeChrist || skip(afterChrist);
-        return isBeforeChrist ? -*year : *year;
+        const bool isBefore = skip(isBeforeChrist);
+        hasEra_ = isBefore || skip(isAfterChrist);
+        return isBefore ? -*year : *year;
+    }
+
+    /// Whether the numbers before and after the slash are one year counted from March and from January.
+    bool isDouble(std::int32_t first, std::int32_t second, std::optional<std::int32_t> month) const
+    {
+        constexpr std::int32_t century = 100;
+        const bool isNext = second == (first + 1) % century;
+        return isNext && calendar_ <= Calendar::Julian && (!month || *month <= lastMonthBeforeOldNewYear);
     }
 
     /// A range that ends before Christ begins there, too ("BET 50 AND 40 BC").
-    void keepFirstYear(GedcomDate& date) const
+    void makeFirstYearNegative(GedcomDate& date) const
     {
-        date.day = date.month = std::nullopt;
-        const bool endsBeforeChrist = std::any_of(words_.begin() + at_, words_.end(),
-                                                  [](const QString& word) { return beforeChrist().contains(word); });
+        bool endsBeforeChrist = false;
+        for (auto at = at_; at < words_.size(); ++at)
+            endsBeforeChrist = endsBeforeChrist || isBeforeChrist(words_[at]);
         if (date.year && !hasEra_ && endsBeforeChrist)
             date.year = -*date.year;
     }
 
-    /// A short number followed by something else is as likely no year at all ("1-3 July 1035", "10+").
-    bool isConvincing(const GedcomDate& date, bool isRange) const
+    void convert(GedcomDate& date) const
     {
-        const bool isComplete = at_ == words_.size();
-        if (!date.year)
-            return isComplete && date.month.has_value();
-        return isComplete || hasEra_ || isRange || *date.year >= shortestClearYear;
+        const bool isDay = date.year && date.month && date.day && *date.day >= 1 &&
+                           *date.day <= daysInMonth(calendar_, *date.year, *date.month);
+        if (isDay) {
+            const auto day = gregorianDay(dayNumber(calendar_, {*date.year, *date.month, *date.day}));
+            date.day = day.day;
+            date.month = day.month;
+            date.year = day.year;
+            return;
+        }
+        date.day = date.month = std::nullopt;
+        if (date.year)
+            date.year = gregorianYear(calendar_, *date.year);
     }
 
-    QStringList words_;
-    qsizetype at_ = 0;
+    /// A short number followed by something else is as likely no year at all ("1-3 July 1035", "10+").
+    bool isConvincingDate(const GedcomDate& date, bool isRange) const
+    {
+        const bool isComplete = at_ == words_.size();
+        const bool needsNoEra = calendar_ == Calendar::FrenchRepublican;
+        if (!date.year)
+            return isComplete && date.month.has_value() && calendar_ == Calendar::Gregorian;
+        return isComplete || hasEra_ || isRange || needsNoEra || *date.year >= shortestClearYear;
+    }
+
+    DateWords words_;
+    std::size_t at_ = 0;
+    Calendar calendar_ = Calendar::Gregorian;
+    bool isUnknownCalendar_ = false;
     bool lostSomething_ = false;
     bool hasEra_ = false;
 };
 
 /// The first number of three or four digits, else the first short one that is said to be a year.
-GedcomDate findYear(const QString& value)
+GedcomDate findYear(std::string_view utf8)
 {
     static const QRegularExpression clearYear(QStringLiteral("(?<!\\d)(\\d{3,4})(?!\\d)( *B\\.?C)?"),
                                               QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression shortYear(QStringLiteral("(?<!\\d)(\\d{1,2}) *(?:(B\\.?C)|A\\.?D)\\b"),
                                               QRegularExpression::CaseInsensitiveOption);
+    const auto value = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
     auto match = clearYear.match(value);
     if (!match.hasMatch())
         match = shortYear.match(value);
     const std::int32_t year = match.captured(1).toInt();
     if (year == 0)
         return {};
-    const bool isBeforeChrist = !match.captured(2).isEmpty();
-    return {.day = {}, .month = {}, .year = isBeforeChrist ? -year : year, .reading = DateReading::Part};
+    const bool isBefore = !match.captured(2).isEmpty();
+    return {.day = {}, .month = {}, .year = isBefore ? -year : year, .reading = DateReading::Part};
 }
 
 } // namespace
 
-GedcomDate readGedcomDate(const QString& value)
+GedcomDate readGedcomDate(std::string_view value)
 {
     const GedcomDate date = DateParser(value).parse();
-    const bool isPhrase = value.trimmed().startsWith(u'(');
+    const auto first = value.find_first_not_of(" \t");
+    const bool isPhrase = first != std::string_view::npos && value[first] == '(';
     return date.reading == DateReading::Nothing && !isPhrase ? findYear(value) : date;
 }
 

@@ -6,7 +6,6 @@
 #include "node_ledger.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace lineara {
 namespace {
@@ -17,30 +16,15 @@ using engine::PersonIndex;
 /// thousands in one record would ask for millions of links.
 constexpr std::size_t mostSpouses = 64;
 
-/// Who belongs to which family: filled first, asked afterwards.
-class Membership
-{
-public:
-    void add(NodeIndex family, PersonIndex person) { pairs_.emplace_back(family, person); }
-    void finish() { std::sort(pairs_.begin(), pairs_.end()); }
-    bool contains(NodeIndex family, PersonIndex person) const
-    {
-        return std::binary_search(pairs_.begin(), pairs_.end(), std::pair{family, person});
-    }
-
-private:
-    std::vector<std::pair<NodeIndex, PersonIndex>> pairs_;
-};
-
 /// Keeps the first wish for each pair of persons, in order.
 template<class Wish, class PairOf>
 void dropRepeated(std::vector<Wish>& wishes, PairOf pairOf)
 {
-    using Entry = std::pair<std::pair<PersonIndex, PersonIndex>, std::size_t>;
+    using Entry = std::pair<std::pair<PersonIndex, PersonIndex>, std::uint32_t>;
     std::vector<Entry> entries;
     entries.reserve(wishes.size());
     for (const Wish& wish : wishes)
-        entries.push_back({pairOf(wish), entries.size()});
+        entries.push_back({pairOf(wish), static_cast<std::uint32_t>(entries.size())});
     std::sort(entries.begin(), entries.end());
 
     std::vector<bool> isRepeated(wishes.size(), false);
@@ -54,63 +38,58 @@ void dropRepeated(std::vector<Wish>& wishes, PairOf pairOf)
     wishes.resize(kept);
 }
 
-class FamilyReader
+} // namespace
+
+void GedcomFamilies::Membership::finish()
+{
+    std::sort(pairs_.begin(), pairs_.end());
+}
+
+bool GedcomFamilies::Membership::contains(RecordIndex family, PersonIndex person) const
+{
+    return std::binary_search(pairs_.begin(), pairs_.end(), std::pair{family, person});
+}
+
+/// Reads one family record after the other.
+class GedcomFamilies::Reader
 {
 public:
-    FamilyReader(const GedcomTree& tree, const GedcomPersons& persons, NodeLedger& ledger, const Progress& progress)
-        : tree_(tree), persons_(persons), ledger_(ledger), progress_(progress)
-    {}
+    Reader(GedcomFamilies& families, ImportNotes& notes) : families_(families), ledger_(tree_, notes) {}
 
-    FamilyWishes read()
+    void read(RecordIndex family)
     {
-        for (const NodeIndex record : tree_.records()) {
-            if (!progress_.goesOn(wishes_.families, record, 2 * std::size_t{tree_.size()}))
-                break;
-            if (tree_[record].line.tag == "FAM")
-                readFamily(record);
-        }
-        dropRepeated(wishes_.partners, [](const auto& wish) { return std::minmax(wish.first, wish.second); });
-        dropRepeated(wishes_.offspring, [](const auto& wish) { return std::pair{wish.parent, wish.child}; });
-        spousesOf_.finish();
-        childrenOf_.finish();
-        for (PersonIndex person = 0; person < persons_.size(); ++person) {
-            if (!progress_.goesOn(person, persons_.size() + person, 2 * std::size_t{persons_.size()}))
-                break;
-            checkClaims(person);
-        }
-        return std::move(wishes_);
-    }
-
-private:
-    void readFamily(NodeIndex family)
-    {
-        ++wishes_.families;
-        ledger_.take(family);
+        const GedcomRecords& records = families_.records_;
+        tree_.read(records[family], records.isVersionSeven());
+        ledger_.open();
+        ledger_.take(0);
         std::vector<PersonIndex> spouses;
-        for (const NodeIndex line : tree_.children(family)) {
+        for (const NodeIndex line : tree_.children(0)) {
             if (tree_[line].line.tag == "HUSB" || tree_[line].line.tag == "WIFE")
                 readSpouse(family, line, spouses);
         }
-        for (const NodeIndex line : tree_.children(family)) {
+        for (const NodeIndex line : tree_.children(0)) {
             if (tree_[line].line.tag == "CHIL")
                 readChild(family, line, spouses);
         }
+        ledger_.close();
     }
 
+private:
     std::optional<PersonIndex> personAt(NodeIndex line)
     {
-        const auto record = followPointer(tree_, ledger_, line, {"INDI"});
-        return record ? persons_.of(*record) : std::nullopt;
+        const auto record = followPointer(families_.records_, tree_, ledger_, line, {"INDI"});
+        return record ? families_.persons_.of(*record) : std::nullopt;
     }
 
-    void readSpouse(NodeIndex family, NodeIndex line, std::vector<PersonIndex>& spouses)
+    void readSpouse(RecordIndex family, NodeIndex line, std::vector<PersonIndex>& spouses)
     {
         const auto person = personAt(line);
         if (!person)
             return;
         if (std::find(spouses.begin(), spouses.end(), *person) != spouses.end()) {
-            ledger_.refuse(line,
-                           ImportTexts::tr("%1 can't be a partner of the same person").arg(persons_.label(*person)));
+            ledger_.refuse(
+                line, ImportTexts::tr("partners of themselves"),
+                ImportTexts::tr("%1 can't be a partner of the same person").arg(families_.persons_.label(*person)));
             return;
         }
         if (spouses.size() == mostSpouses) {
@@ -119,64 +98,75 @@ private:
         }
         ledger_.take(line);
         for (const PersonIndex other : spouses)
-            wishes_.partners.push_back({other, *person});
+            families_.wishes_.partners.push_back({other, *person});
         spouses.push_back(*person);
-        spousesOf_.add(family, *person);
+        families_.spouses_.add(family, *person);
     }
 
-    void readChild(NodeIndex family, NodeIndex line, const std::vector<PersonIndex>& spouses)
+    void readChild(RecordIndex family, NodeIndex line, const std::vector<PersonIndex>& spouses)
     {
         const auto person = personAt(line);
         if (!person)
             return;
-        childrenOf_.add(family, *person);
+        families_.children_.add(family, *person);
         if (spouses.empty()) {
-            ledger_.reject(line, ImportTexts::tr("the family names no parent for %1").arg(persons_.label(*person)));
+            ledger_.reject(line,
+                           ImportTexts::tr("the family names no parent for %1").arg(families_.persons_.label(*person)));
             return;
         }
         ledger_.take(line);
         for (const PersonIndex parent : spouses)
-            wishes_.offspring.push_back({parent, *person, line});
+            families_.wishes_.offspring.push_back({parent, *person, tree_[line].line.number});
     }
 
-    void checkClaims(PersonIndex person)
-    {
-        for (const NodeIndex line : tree_.children(persons_.record(person))) {
-            if (tree_[line].line.tag == "FAMS")
-                checkClaim(person, line, spousesOf_, ImportTexts::tr("spouse"));
-            else if (tree_[line].line.tag == "FAMC")
-                checkClaim(person, line, childrenOf_, ImportTexts::tr("child"));
-        }
-    }
-
-    void checkClaim(PersonIndex person, NodeIndex line, const Membership& members, const QString& role)
-    {
-        const auto family = followPointer(tree_, ledger_, line, {"FAM"});
-        if (!family)
-            return;
-        if (members.contains(*family, person))
-            ledger_.take(line);
-        else
-            ledger_.reject(line, ImportTexts::tr("the family of line %1 does not name %2 as a %3")
-                                     .arg(tree_[*family].line.number)
-                                     .arg(persons_.label(person), role));
-    }
-
-    const GedcomTree& tree_;
-    const GedcomPersons& persons_;
-    NodeLedger& ledger_;
-    const Progress& progress_;
-    FamilyWishes wishes_;
-    Membership spousesOf_;
-    Membership childrenOf_;
+    GedcomFamilies& families_;
+    GedcomTree tree_;
+    NodeLedger ledger_;
 };
 
-} // namespace
-
-FamilyWishes readFamilies(const GedcomTree& tree, const GedcomPersons& persons, NodeLedger& ledger,
-                          const Progress& progress)
+GedcomFamilies GedcomFamilies::read(const GedcomRecords& records, const GedcomPersons& persons, ImportNotes& notes,
+                                    const Progress& progress)
 {
-    return FamilyReader(tree, persons, ledger, progress).read();
+    GedcomFamilies families(records, persons);
+    Reader reader(families, notes);
+    for (RecordIndex index = 0; index < records.size(); ++index) {
+        if (!progress.goesOn(index, records.size()))
+            break;
+        if (records[index].tag != "FAM")
+            continue;
+        ++families.count_;
+        reader.read(index);
+    }
+    dropRepeated(families.wishes_.partners, [](const auto& wish) { return std::minmax(wish.first, wish.second); });
+    dropRepeated(families.wishes_.offspring, [](const auto& wish) { return std::pair{wish.parent, wish.child}; });
+    families.spouses_.finish();
+    families.children_.finish();
+    return families;
+}
+
+void GedcomFamilies::checkClaims(PersonIndex person, const GedcomTree& tree, NodeLedger& ledger) const
+{
+    for (const NodeIndex line : tree.children(0)) {
+        const std::string_view tag = tree[line].line.tag;
+        if (tag == "FAMS" || tag == "FAMC")
+            checkClaim(person, tree, ledger, line, tag == "FAMS");
+    }
+}
+
+void GedcomFamilies::checkClaim(PersonIndex person, const GedcomTree& tree, NodeLedger& ledger, NodeIndex line,
+                                bool isSpouse) const
+{
+    const auto family = followPointer(records_, tree, ledger, line, {"FAM"});
+    if (!family)
+        return;
+    if ((isSpouse ? spouses_ : children_).contains(*family, person)) {
+        ledger.take(line);
+        return;
+    }
+    const QString role = isSpouse ? ImportTexts::tr("spouse") : ImportTexts::tr("child");
+    ledger.reject(line, ImportTexts::tr("the family of line %1 does not name %2 as a %3")
+                            .arg(records_[*family].line)
+                            .arg(persons_.label(person), role));
 }
 
 } // namespace lineara

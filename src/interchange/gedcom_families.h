@@ -5,11 +5,14 @@
 #include "engine/family_graph.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace lineara {
 
 class GedcomPersons;
+class ImportNotes;
 class NodeLedger;
 
 /// The links that the families of a file ask for, in file order, each pair once.
@@ -24,17 +27,53 @@ struct FamilyWishes
     {
         engine::PersonIndex parent;
         engine::PersonIndex child;
-        NodeIndex line; ///< the CHIL line that asks for it
+        std::uint32_t line; ///< of the CHIL that asks for it
     };
 
-    std::size_t families = 0;
     std::vector<Partners> partners;
     std::vector<Offspring> offspring;
 };
 
-/// What a family record names decides. What a person claims about families beyond that is told.
-/// Unfinished if the progress is stopped meanwhile.
-FamilyWishes readFamilies(const GedcomTree& tree, const GedcomPersons& persons, NodeLedger& ledger,
-                          const Progress& progress);
+/// Reads the families of a file: what a family record names decides. What a person claims about families beyond that is
+/// told.
+class GedcomFamilies
+{
+public:
+    /// Unfinished if the progress is stopped meanwhile.
+    static GedcomFamilies read(const GedcomRecords& records, const GedcomPersons& persons, ImportNotes& notes,
+                               const Progress& progress);
+
+    std::size_t count() const { return count_; }
+    const FamilyWishes& wishes() const { return wishes_; }
+
+    /// Accounts for the pointers to families in the record of a person.
+    void checkClaims(engine::PersonIndex person, const GedcomTree& tree, NodeLedger& ledger) const;
+
+private:
+    class Reader;
+
+    /// Who belongs to which family: filled first, asked afterwards.
+    class Membership
+    {
+    public:
+        void add(RecordIndex family, engine::PersonIndex person) { pairs_.emplace_back(family, person); }
+        void finish();
+        bool contains(RecordIndex family, engine::PersonIndex person) const;
+
+    private:
+        std::vector<std::pair<RecordIndex, engine::PersonIndex>> pairs_;
+    };
+
+    GedcomFamilies(const GedcomRecords& records, const GedcomPersons& persons) : records_(records), persons_(persons) {}
+    void checkClaim(engine::PersonIndex person, const GedcomTree& tree, NodeLedger& ledger, NodeIndex line,
+                    bool isSpouse) const;
+
+    const GedcomRecords& records_;
+    const GedcomPersons& persons_;
+    std::size_t count_ = 0;
+    FamilyWishes wishes_;
+    Membership spouses_;
+    Membership children_;
+};
 
 } // namespace lineara

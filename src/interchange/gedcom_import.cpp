@@ -1,61 +1,33 @@
 #include "interchange/gedcom_import.h"
 
+#include "content_uuid.h"
+#include "family_assembly.h"
 #include "gedcom_charset.h"
 #include "gedcom_families.h"
+#include "gedcom_notes.h"
 #include "gedcom_persons.h"
-#include "gedcom_tree.h"
+#include "genealogy_file.h"
 #include "import_failure.h"
 #include "import_notes.h"
-#include "node_ledger.h"
-
-#include "engine/link_rules.h"
 #include "import_texts.h"
+#include "node_ledger.h"
+#include "person_pictures.h"
+#include "person_reading.h"
 
-#include <QCryptographicHash>
-#include <QFile>
 #include <QFileInfo>
-#include <QUuid>
 
 namespace lineara {
 namespace {
 
-/// Longest file read. A line takes several times its length in memory while it is being looked at.
-constexpr qint64 mostBytes = qint64{512} * 1024 * 1024;
-
-/// At most one byte more than can be read.
-Outcome<QByteArray> bytesOf(QFile& file, const QString& name, const Progress& progress)
-{
-    constexpr qint64 pieceSize = qint64{4} * 1024 * 1024;
-    const qint64 expected = std::min(file.size(), mostBytes);
-    QByteArray bytes;
-    bytes.reserve(expected + 1);
-    while (bytes.size() <= mostBytes) {
-        const QByteArray piece = file.read(std::min(pieceSize, mostBytes + 1 - bytes.size()));
-        if (file.error() != QFileDevice::NoError)
-            return importFailure(name, file.errorString() + u'.');
-        if (piece.isEmpty())
-            break;
-        bytes += piece;
-        if (!progress.goesOn(static_cast<double>(bytes.size()) / static_cast<double>(std::max(expected, bytes.size()))))
-            return stoppedImport(name);
-    }
-    return bytes;
-}
-
-/// Header lines that say how to read the file and are used up by that; others are told like everything else.
+/// Header lines that say how to read the file and are used up by that; others stay what they are.
 void takeFrame(const GedcomTree& tree, NodeLedger& ledger)
 {
-    for (const NodeIndex record : tree.records()) {
-        if (tree[record].line.tag == "TRLR")
-            ledger.take(record);
-    }
-    const auto header = tree.records().empty() ? NodeIndex{0} : tree.records().front();
-    if (tree.records().empty() || tree[header].line.tag != "HEAD")
+    ledger.take(0);
+    if (tree[0].line.tag != "HEAD")
         return;
-    ledger.take(header);
-    if (const auto charset = tree.child(header, "CHAR"))
+    if (const auto charset = tree.child(0, "CHAR"))
         ledger.take(*charset);
-    if (const auto format = tree.child(header, "GEDC")) {
+    if (const auto format = tree.child(0, "GEDC")) {
         ledger.take(*format);
         for (const std::string_view tag : {"VERS", "FORM"}) {
             if (const auto line = tree.child(*format, tag))
@@ -64,147 +36,136 @@ void takeFrame(const GedcomTree& tree, NodeLedger& ledger)
     }
 }
 
-/// Made of the content, so that importing a file twice gives the same family: a name-based UUID of version 5, worked
-/// out piece by piece. Of no use if the progress is stopped meanwhile.
-QUuid uuidOf(const QByteArray& bytes, const Progress& progress)
-{
-    constexpr qsizetype pieceSize = 1024 * 1024;
-    static const QUuid importedFamilies(QStringLiteral("5f4a6d51-27b3-4c0e-9d6a-2d5d0a1c7e90"));
-    QCryptographicHash hash(QCryptographicHash::Sha1);
-    hash.addData(importedFamilies.toRfc4122());
-    for (qsizetype at = 0; at < bytes.size(); at += pieceSize) {
-        if (!progress.goesOn(static_cast<double>(at) / static_cast<double>(bytes.size())))
-            break;
-        hash.addData(QByteArrayView(bytes).sliced(at, std::min(pieceSize, bytes.size() - at)));
-    }
-    auto uuid = QUuid::fromRfc4122(QByteArrayView(hash.result()).first(16));
-    uuid.data3 = static_cast<ushort>((uuid.data3 & 0x0FFF) | 0x5000);
-    uuid.data4[0] = static_cast<uchar>((uuid.data4[0] & 0x3F) | 0x80);
-    return uuid;
-}
-
-QString refusal(engine::LinkVerdict verdict, const QString& parent, const QString& child)
-{
-    switch (verdict) {
-    case engine::LinkVerdict::SamePerson:
-        return ImportTexts::tr("%1 can't be a parent of the same person").arg(parent);
-    case engine::LinkVerdict::TwoParents:
-        return ImportTexts::tr("%1 would be a third parent of %2").arg(parent, child);
-    case engine::LinkVerdict::Cycle:
-        return ImportTexts::tr("%1 as a parent of %2 would be a descendant of %2").arg(parent, child);
-    case engine::LinkVerdict::Allowed:
-        break;
-    }
-    return {};
-}
-
-/// Makes records of what was read.
-class FamilyBuilder
+/// Reads the records of a text one after the other: families, persons, and what else there is.
+class RecordsImport
 {
 public:
-    explicit FamilyBuilder(QUuid uuid) : context_(std::make_unique<ObjectContext>(uuid)), pause_(context_->journal()) {}
+    RecordsImport(const GedcomRecords& records, const MediaFiles& media, ImportNotes& notes)
+        : records_(records), persons_(records), notes_(notes), sharedNotes_(records), pictures_(records, media),
+          ledger_(tree_, notes)
+    {}
 
-    /// Not all of them if the progress is stopped meanwhile.
-    void addPersons(const GedcomPersons& persons, const Progress& progress)
+    void readPersons(const GedcomFamilies& families, FamilyAssembly& assembly, const Progress& progress)
     {
-        Pool& pool = context_->insertPool();
-        records_.reserve(persons.size());
-        for (engine::PersonIndex index = 0; index < persons.size(); ++index) {
-            if (!progress.goesOn(index, persons.size()))
+        for (engine::PersonIndex person = 0; person < persons_.size(); ++person) {
+            if (!progress.goesOn(person, persons_.size()))
                 return;
-            Person& person = context_->insertPerson(persons.values(index));
-            pool.addPerson(person);
-            records_.push_back(&person);
+            open(persons_.record(person));
+            PersonReading reading = readPerson(tree_, ledger_, sharedNotes_);
+            families.checkClaims(person, tree_, ledger_);
+            if (tree_[0].line.xref.empty())
+                ledger_.remark(0, ImportTexts::tr("has no cross-reference, so that no family can name this person"));
+            assembly.addPerson(std::move(reading.values), pictures_.read(tree_, ledger_, reading.pictures));
+            ledger_.close();
         }
     }
 
-    void addPartners(const FamilyWishes& wishes)
+    /// Accounts for the records that are neither persons nor families.
+    void readOthers(const Progress& progress)
     {
-        for (const auto& couple : wishes.partners)
-            records_[couple.first]->addPartner(*records_[couple.second]);
-    }
-
-    /// Returns the number of links made; the others are told.
-    std::size_t addOffspring(const FamilyWishes& wishes, const GedcomPersons& persons, NodeLedger& ledger)
-    {
-        std::vector<engine::OffspringWish> asked;
-        asked.reserve(wishes.offspring.size());
-        for (const auto& wish : wishes.offspring)
-            asked.push_back({wish.parent, wish.child});
-        const auto verdicts = engine::judgeOffspring(persons.size(), asked);
-
-        std::size_t made = 0;
-        for (std::size_t i = 0; i < verdicts.size(); ++i) {
-            const auto& [parent, child, line] = wishes.offspring[i];
-            if (verdicts[i] == engine::LinkVerdict::Allowed) {
-                records_[parent]->addChild(*records_[child]);
-                ++made;
-            } else {
-                ledger.refuse(line, refusal(verdicts[i], persons.label(parent), persons.label(child)));
-            }
+        for (RecordIndex index = 0; index < records_.size(); ++index) {
+            if (!progress.goesOn(index, records_.size()))
+                return;
+            const std::string_view tag = records_[index].tag;
+            if (tag == "INDI" || tag == "FAM")
+                continue;
+            open(index);
+            if (tag == "HEAD" || tag == "TRLR")
+                takeFrame(tree_, ledger_);
+            else if (sharedNotes_.wasRead(index))
+                ledger_.takeText(0);
+            ledger_.close();
         }
-        return made;
+        records_.tellDoubled(notes_);
     }
 
-    std::unique_ptr<ObjectContext> finish() && { return std::move(context_); }
+    const GedcomPersons& persons() const { return persons_; }
+    std::size_t pictures() const { return pictures_.taken(); }
 
 private:
-    std::unique_ptr<ObjectContext> context_;
-    Journal::Pause pause_;
-    std::vector<Person*> records_;
+    void open(RecordIndex index)
+    {
+        tree_.read(records_[index], records_.isVersionSeven());
+        ledger_.open();
+    }
+
+    const GedcomRecords& records_;
+    GedcomPersons persons_;
+    ImportNotes& notes_;
+    SharedNotes sharedNotes_;
+    PersonPictures pictures_;
+    GedcomTree tree_;
+    NodeLedger ledger_;
 };
+
+struct ImportFrame
+{
+    QUuid uuid;
+    QString name;
+    const MediaFiles& media;
+};
+
+Outcome<ImportedFamily> importText(const GedcomText& text, const ImportFrame& frame, ImportNotes& notes,
+                                   const Progress& progress)
+{
+    const auto records = GedcomRecords::read(text.view(), progress.stage(0, 0.1));
+    RecordsImport import(records, frame.media, notes);
+    const auto families = GedcomFamilies::read(records, import.persons(), notes, progress.stage(0.1, 0.25));
+    FamilyAssembly assembly(frame.uuid, import.persons().size());
+    import.readPersons(families, assembly, progress.stage(0.25, 0.65));
+    import.readOthers(progress.stage(0.65, 0.7));
+    if (progress.isStopped())
+        return stoppedImport(frame.name);
+
+    ImportedFamily family;
+    assembly.addPartners(families.wishes());
+    family.report.offspringLinks = assembly.addOffspring(families.wishes(), import.persons(), records, notes);
+    assembly.keep(records, import.persons(), frame.name, progress.stage(0.75, 0.95));
+    family.context = std::move(assembly).finish();
+    family.report.persons = import.persons().size();
+    family.report.families = families.count();
+    family.report.partnerLinks = families.wishes().partners.size();
+    family.report.pictures = import.pictures();
+    family.report.records = records.size();
+    family.report.charset = text.charset;
+    family.report.declaredCharset = text.declared;
+    family.report.version =
+        QString::fromUtf8(records.version().data(), static_cast<qsizetype>(records.version().size()));
+    notes.writeTo(family.report);
+    if (!progress.goesOn(1))
+        return stoppedImport(frame.name);
+    return family;
+}
+
+Outcome<ImportedFamily> importRead(Outcome<GenealogyFile> file, const QString& name, const Progress& progress)
+{
+    if (file.failed())
+        return file.failure();
+    auto& [bytes, media] = file.value();
+    const QUuid uuid = uuidOf(bytes, progress.stage(0, 0.1));
+    if (progress.isStopped())
+        return stoppedImport(name);
+    ImportNotes notes;
+    const auto text = gedcomText(std::move(bytes), name, notes);
+    if (text.failed())
+        return text.failure();
+    return importText(text.value(), {uuid, name, *media}, notes, progress.stage(0.15, 1));
+}
+
+constexpr double readingPart = 0.1;
 
 } // namespace
 
-Outcome<ImportedFamily> importGedcom(const QByteArray& bytes, const QString& name, const Progress& progress)
+Outcome<ImportedFamily> importGedcom(QByteArray bytes, const QString& name, const Progress& progress)
 {
-    ImportNotes notes;
-    const auto text = gedcomText(bytes, name, notes);
-    if (text.failed())
-        return text.failure();
-    const GedcomTree tree = GedcomTree::read(text.value(), notes, progress.stage(0, 0.25));
-    if (progress.isStopped())
-        return stoppedImport(name);
-    if (tree.records().empty())
-        return notGedcom(name);
-
-    NodeLedger ledger(tree, notes);
-    takeFrame(tree, ledger);
-    const GedcomPersons persons = GedcomPersons::read(tree, ledger, progress.stage(0.25, 0.5));
-    const FamilyWishes wishes = readFamilies(tree, persons, ledger, progress.stage(0.5, 0.65));
-    const QUuid uuid = uuidOf(bytes, progress.stage(0.65, 0.75));
-
-    ImportedFamily family;
-    FamilyBuilder builder(uuid);
-    builder.addPersons(persons, progress.stage(0.75, 0.85));
-    if (progress.isStopped())
-        return stoppedImport(name);
-    builder.addPartners(wishes);
-    family.report.offspringLinks = builder.addOffspring(wishes, persons, ledger);
-    family.context = std::move(builder).finish();
-    family.report.persons = persons.size();
-    family.report.families = wishes.families;
-    family.report.partnerLinks = wishes.partners.size();
-    ledger.tellRest(progress.stage(0.9, 1));
-    notes.writeTo(family.report);
-    if (!progress.goesOn(1))
-        return stoppedImport(name);
-    return family;
+    return importRead(readGenealogy(std::move(bytes), name, progress.stage(0, readingPart)), name,
+                      progress.stage(readingPart, 1));
 }
 
 Outcome<ImportedFamily> importGedcomFile(const QString& path, const Progress& progress)
 {
-    constexpr double bytesPart = 0.1;
     const QString name = QFileInfo(path).fileName();
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return importFailure(name, file.errorString() + u'.');
-    const auto bytes = bytesOf(file, name, progress.stage(0, bytesPart));
-    if (bytes.failed())
-        return bytes.failure();
-    if (bytes.value().size() > mostBytes)
-        return importFailure(name, ImportTexts::tr("it has more than 512 MB."));
-    return importGedcom(bytes.value(), name, progress.stage(bytesPart, 1));
+    return importRead(readGenealogy(path, name, progress.stage(0, readingPart)), name, progress.stage(readingPart, 1));
 }
 
 } // namespace lineara

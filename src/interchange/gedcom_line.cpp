@@ -119,8 +119,8 @@ GedcomLine readLine(std::string_view text, std::uint32_t number)
 
 std::string_view GedcomLineReader::takePhysicalLine()
 {
-    const auto end = rest_.find_first_of("\r\n");
-    const auto line = rest_.substr(0, end);
+    const auto end = std::find_if(rest_.begin(), rest_.end(), [](char c) { return c == '\n' || c == '\r'; });
+    const auto line = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
     rest_.remove_prefix(line.size());
     if (rest_.empty())
         return line;

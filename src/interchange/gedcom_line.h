@@ -35,20 +35,18 @@ struct GedcomLine
 class GedcomLineReader
 {
 public:
-    /// `text` is ASCII-compatible and outlives the reader and its lines.
-    explicit GedcomLineReader(std::string_view text) : rest_(text) {}
+    /// `text` is ASCII-compatible and outlives the reader and its lines, which are counted from `firstLine` on.
+    explicit GedcomLineReader(std::string_view text, std::uint32_t firstLine = 1) : rest_(text), number_(firstLine - 1)
+    {}
 
     /// The next line that is not blank, or no value at the end.
     std::optional<GedcomLine> next();
-
-    /// Bytes that were not looked at yet.
-    std::size_t bytesLeft() const { return rest_.size(); }
 
 private:
     std::string_view takePhysicalLine();
 
     std::string_view rest_;
-    std::uint32_t number_ = 0;
+    std::uint32_t number_;
 };
 
 } // namespace lineara

@@ -4,8 +4,8 @@
 
 namespace lineara {
 
-/// "Given /Surname/ Suffix" as people write it: "Given Surname Suffix". Only the slashes around the surname go.
-/// Empty if nothing remains.
-QString plainName(const QString& value);
+/// "Given /Surname/ Suffix" as people write it: "Given Surname Suffix". Only the slashes around the surname go. A
+/// nickname that the name does not show yet stands before the surname, in quotation marks. Empty if nothing remains.
+QString plainName(const QString& value, const QString& nickname = {});
 
 } // namespace lineara

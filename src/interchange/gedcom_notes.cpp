@@ -6,22 +6,22 @@
 
 namespace lineara {
 
-QString SharedNotes::read(NodeIndex line)
+QString SharedNotes::read(const GedcomTree& tree, NodeLedger& ledger, NodeIndex line)
 {
-    const auto record = followPointer(tree_, ledger_, line, {"NOTE", "SNOTE"});
+    const auto record = followPointer(records_, tree, ledger, line, {"NOTE", "SNOTE"});
     if (!record)
         return {};
     const auto [known, isNew] = texts_.try_emplace(*record);
     if (isNew) {
-        ledger_.takeText(*record);
-        known->second = ledger_.writable(*record, tree_.text(*record));
+        note_.read(records_[*record], records_.isVersionSeven());
+        known->second = note_.text(0);
     }
     if (known->second.size() > mostCharacters - handedOut_) {
-        ledger_.reject(line, ImportTexts::tr("the notes that persons of this file share are too long in all"));
+        ledger.reject(line, ImportTexts::tr("the notes that persons of this file share are too long in all"));
         return {};
     }
     handedOut_ += known->second.size();
-    ledger_.take(line);
+    ledger.take(line);
     return known->second;
 }
 

@@ -18,15 +18,18 @@ public:
     /// persons who point at one long note.
     static constexpr qsizetype mostCharacters = 64 * 1024 * 1024;
 
-    SharedNotes(const GedcomTree& tree, NodeLedger& ledger) : tree_(tree), ledger_(ledger) {}
+    explicit SharedNotes(const GedcomRecords& records) : records_(records) {}
 
-    /// The text of the note that the line points at; empty where there is none, which is told.
-    QString read(NodeIndex line);
+    /// The text of the note that the line of a person's record points at; empty where there is none, which is told.
+    QString read(const GedcomTree& tree, NodeLedger& ledger, NodeIndex line);
+
+    /// Whether the text of that record went to somebody.
+    bool wasRead(RecordIndex record) const { return texts_.contains(record); }
 
 private:
-    const GedcomTree& tree_;
-    NodeLedger& ledger_;
-    std::unordered_map<NodeIndex, QString> texts_;
+    const GedcomRecords& records_;
+    GedcomTree note_;
+    std::unordered_map<RecordIndex, QString> texts_;
     qsizetype handedOut_ = 0;
 };
 

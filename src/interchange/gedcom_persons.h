@@ -3,40 +3,35 @@
 #include "gedcom_tree.h"
 
 #include "engine/family_graph.h"
-#include "model/person.h"
 
+#include <cstdint>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 namespace lineara {
 
-class NodeLedger;
-
-/// The persons of a file, in file order, as values that records can be made of.
+/// Which records of a file are persons, in file order.
 class GedcomPersons
 {
 public:
-    /// Unfinished if the progress is stopped meanwhile.
-    static GedcomPersons read(const GedcomTree& tree, NodeLedger& ledger, const Progress& progress);
+    explicit GedcomPersons(const GedcomRecords& records);
 
     std::uint32_t size() const { return static_cast<std::uint32_t>(persons_.size()); }
-    const PersonValues& values(engine::PersonIndex person) const { return persons_[person].values; }
-    NodeIndex record(engine::PersonIndex person) const { return persons_[person].record; }
+    RecordIndex record(engine::PersonIndex person) const { return persons_[person]; }
 
     /// The person that a record stands for; no value if the record is no person.
-    std::optional<engine::PersonIndex> of(NodeIndex record) const;
+    std::optional<engine::PersonIndex> of(RecordIndex record) const;
 
-    /// How sentences call the person: the name, or a way to find one without a name.
+    /// How sentences call the person: the name, or a way to find one without a name. Reads the record at the first
+    /// question.
     QString label(engine::PersonIndex person) const;
 
 private:
-    struct Entry
-    {
-        NodeIndex record;
-        std::uint32_t line;
-        PersonValues values;
-    };
-    std::vector<Entry> persons_; // their records ascend
+    const GedcomRecords& records_;
+    std::vector<RecordIndex> persons_;
+    std::vector<std::uint32_t> numbers_; // by record: that of its person plus one, or 0
+    mutable std::unordered_map<engine::PersonIndex, QString> labels_;
 };
 
 } // namespace lineara

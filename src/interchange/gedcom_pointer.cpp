@@ -12,8 +12,8 @@ constexpr std::string_view pointsAtNobody = "VOID";
 
 } // namespace
 
-std::optional<NodeIndex> followPointer(const GedcomTree& tree, NodeLedger& ledger, NodeIndex line,
-                                       std::initializer_list<std::string_view> tags)
+std::optional<RecordIndex> followPointer(const GedcomRecords& records, const GedcomTree& tree, NodeLedger& ledger,
+                                         NodeIndex line, std::initializer_list<std::string_view> tags)
 {
     const GedcomLine& pointer = tree[line].line;
     if (!pointer.isPointer) {
@@ -24,12 +24,12 @@ std::optional<NodeIndex> followPointer(const GedcomTree& tree, NodeLedger& ledge
         ledger.reject(line, ImportTexts::tr("it points at nobody"));
         return std::nullopt;
     }
-    const auto target = tree.target(pointer.value);
+    const auto target = records.target(pointer.value);
     if (!target) {
         ledger.reject(line, ImportTexts::tr("it points at a record that is not in the file"));
         return std::nullopt;
     }
-    if (std::find(tags.begin(), tags.end(), tree[*target].line.tag) == tags.end()) {
+    if (std::find(tags.begin(), tags.end(), records[*target].tag) == tags.end()) {
         ledger.reject(line, ImportTexts::tr("it points at a record of another kind"));
         return std::nullopt;
     }

@@ -1,19 +1,16 @@
 #pragma once
 
 #include "gedcom_line.h"
-#include "platform/progress.h"
+#include "gedcom_records.h"
 
 #include <QString>
 
 #include <cstdint>
 #include <optional>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace lineara {
-
-class ImportNotes;
 
 /// Place of a line in a GedcomTree.
 using NodeIndex = std::uint32_t;
@@ -25,18 +22,28 @@ struct GedcomNode
     NodeIndex end = 0;               ///< one past the last line below this one
 };
 
-/// The lines of a file as a tree, in file order: the lines below a node follow it directly.
-///
-/// Lines that can't be read, skip a level, or stand below such a line are told and have no node.
+/// A line without a place in the tree: it can't be read, skips a level, or stands below such a line.
+struct GedcomStray
+{
+    GedcomLine line;
+    std::optional<std::uint32_t> below; ///< number of the line that has no place itself
+};
+
+/// The lines of a record as a tree, in file order: the lines below a node follow it directly. Made to be filled again
+/// and again, record by record.
 class GedcomTree
 {
 public:
-    /// `text` is UTF-8 and outlives the tree. Unfinished if the progress is stopped meanwhile.
-    static GedcomTree read(std::string_view text, ImportNotes& notes, const Progress& progress);
+    GedcomTree() = default;
+    explicit GedcomTree(const GedcomRecord& record, bool isVersionSeven) { read(record, isVersionSeven); }
 
-    const std::vector<NodeIndex>& records() const { return records_; }
-    const GedcomNode& operator[](NodeIndex index) const { return nodes_[index]; }
+    /// Forgets what was there. The record's text outlives the tree.
+    void read(const GedcomRecord& record, bool isVersionSeven);
+
+    /// Number of lines with a place. The record itself is node 0, if it is readable.
     NodeIndex size() const { return static_cast<NodeIndex>(nodes_.size()); }
+    const GedcomNode& operator[](NodeIndex index) const { return nodes_[index]; }
+    const std::vector<GedcomStray>& strays() const { return strays_; }
 
     /// The nodes one level below, in file order.
     class Children;
@@ -45,18 +52,16 @@ public:
     /// The first child with this tag.
     std::optional<NodeIndex> child(NodeIndex parent, std::string_view tag) const;
 
-    /// The record that pointers to `xref` mean: the first one that defines it.
-    std::optional<NodeIndex> target(std::string_view xref) const;
-
-    /// The value of a line with its continuations joined and doubled @ signs undone. Empty for a pointer.
-    QString text(NodeIndex index) const;
+    /// The value of a line with its continuations joined and doubled @ signs undone, in UTF-8. Empty for a pointer.
+    QByteArray textBytes(NodeIndex index) const;
+    QString text(NodeIndex index) const { return QString::fromUtf8(textBytes(index)); }
 
 private:
     class Builder;
 
     std::vector<GedcomNode> nodes_;
-    std::vector<NodeIndex> records_;
-    std::unordered_map<std::string_view, NodeIndex> targets_;
+    std::vector<GedcomStray> strays_;
+    std::vector<NodeIndex> open_; // while being built
     bool escapesOnlyFirstAt_ = false;
 };
 

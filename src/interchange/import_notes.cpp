@@ -41,9 +41,14 @@ void ImportNotes::notTaken(std::uint32_t line, const QString& what)
     add(line, what);
 }
 
-void ImportNotes::refused(std::uint32_t line, const QString& what)
+void ImportNotes::refused(std::uint32_t line, const QString& reason, const QString& what)
 {
-    ++refused_;
+    const auto known =
+        std::find_if(refusals_.begin(), refusals_.end(), [&](const auto& refusal) { return refusal.reason == reason; });
+    if (known == refusals_.end())
+        refusals_.push_back({reason, 1});
+    else
+        ++known->links;
     add(line, what);
 }
 
@@ -67,9 +72,16 @@ void ImportNotes::add(std::uint32_t line, const QString& what)
 
 void ImportNotes::writeTo(ImportReport& report)
 {
+    report.takenLines = taken_;
     report.unreadableLines = unreadable_;
     report.notTaken = notTaken_;
-    report.refusedLinks = refused_;
+    report.kept = kept_.list();
+    for (const auto& kept : report.kept)
+        report.keptLines += kept.lines;
+    report.lines = report.takenLines + report.keptLines + report.notTaken + report.unreadableLines;
+    report.refusals = std::move(refusals_);
+    for (const auto& refusal : report.refusals)
+        report.refusedLinks += refusal.links;
     std::stable_sort(notes_.begin(), notes_.end(), [](const Note& a, const Note& b) { return a.line < b.line; });
     report.notes.reserve(static_cast<qsizetype>(notes_.size()) + 1);
     for (Note& note : notes_)

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "interchange/gedcom_import.h"
+#include "interchange/import_report.h"
+#include "kept_paths.h"
 
 #include <QString>
 
@@ -22,13 +23,17 @@ public:
 
     void unreadable(std::uint32_t line, const QString& what);
     void notTaken(std::uint32_t line, const QString& what);
-    void refused(std::uint32_t line, const QString& what);
+    /// `reason` says it of any link, `what` of this one.
+    void refused(std::uint32_t line, const QString& reason, const QString& what);
     /// For a line that was taken, but not exactly as it stands.
     void remark(std::uint32_t line, const QString& what);
     /// For what concerns the file as a whole; told first.
     void aboutFile(const QString& what);
 
-    /// Fills the counts and the notes, in the order of the file's lines.
+    void taken(std::size_t lines) { taken_ += lines; }
+    KeptPaths& kept() { return kept_; }
+
+    /// Fills the counts of lines and refusals and the notes, in the order of the file's lines.
     void writeTo(ImportReport& report);
 
 private:
@@ -40,9 +45,11 @@ private:
     void add(std::uint32_t line, const QString& what);
 
     std::vector<Note> notes_;
+    std::vector<ImportReport::Refusals> refusals_;
+    KeptPaths kept_;
+    std::size_t taken_ = 0;
     std::size_t unreadable_ = 0;
     std::size_t notTaken_ = 0;
-    std::size_t refused_ = 0;
     std::size_t untold_ = 0;
 };
 

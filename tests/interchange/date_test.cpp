@@ -12,9 +12,9 @@ namespace {
 /// "day.month.year reading", with - for what is absent.
 std::string read(const char* value)
 {
-    const GedcomDate date = readGedcomDate(QString::fromUtf8(value));
+    const GedcomDate date = readGedcomDate(value);
     const auto shown = [](std::optional<std::int32_t> part) { return part ? std::to_string(*part) : "-"; };
-    static constexpr const char* readings[] = {"whole", "part", "calendar", "nothing"};
+    static constexpr const char* readings[] = {"whole", "part", "converted", "calendar", "nothing"};
     return shown(date.day) + "." + shown(date.month) + "." + shown(date.year) + " " +
            readings[static_cast<std::size_t>(date.reading)];
 }
@@ -84,22 +84,58 @@ TEST(GedcomDates, YearsBeforeChristAreNegative)
                {"609 BC Megiddo", "-.-.-609 part"}});
 }
 
-TEST(GedcomDates, ADoubleYearKeepsTheFirst)
+TEST(GedcomDates, OfADoubleYearTheOneCountedFromJanuaryCounts)
 {
-    expectAll({{"12 MAR 1637/38", "12.3.1637 part"}, {"1699/00", "-.-.1699 part"}, {"1815/1816", "-.-.1815 part"}});
+    expectAll({{"12 MAR 1637/38", "12.3.1638 part"},
+               {"1699/00", "-.-.1700 part"},
+               {"JAN 1740/41", "-.1.1741 part"},
+               {"ABT 1589/90", "-.-.1590 part"},
+               {"@#DJULIAN@ 11 FEB 1731/32", "22.2.1732 converted"}});
 }
 
-TEST(GedcomDates, OtherCalendarsAreNotTaken)
+TEST(GedcomDates, OtherYearsBesideOneAnotherAreAlternatives)
 {
-    expectAll({{"@#DJULIAN@ 12 JUL 100 BC", "-.-.- calendar"},
-               {"@#DHEBREW@ TSH 4800", "-.-.- calendar"},
-               {"ABT @#DFRENCH R@ 11 FRIM 13", "-.-.- calendar"},
-               {"BET @#DHEBREW@ 1 NSN 5700 AND @#DHEBREW@ 30 ELL 5700", "-.-.- calendar"},
-               {"FRENCH_R 11 FRIM 13", "-.-.- calendar"},
-               {"JULIAN 1066", "-.-.- calendar"},
+    expectAll({{"1815/1816", "-.-.1815 part"}, {"1815/17", "-.-.1815 part"}, {"12 APR 1637/38", "12.4.1637 part"}});
+}
+
+TEST(GedcomDates, OtherCalendarsAreConverted)
+{
+    expectAll({{"@#DJULIAN@ 12 JUL 100 BC", "10.7.-100 converted"},
+               {"@#DJULIAN@ 15 MAR 44 BC", "13.3.-44 converted"},
+               {"@#DJULIAN@ 19 AUG 14", "17.8.14 converted"},
+               {"@#DHEBREW@ 14 NSN 4895", "6.4.1135 converted"},
+               {"@#DHEBREW@ 1 TSH 5784", "16.9.2023 converted"},
+               {"HEBREW 14 ADS 5784", "24.3.2024 converted"},
+               {"@#DFRENCH R@ 11 FRIM 13", "2.12.1804 converted"},
+               {"ABT @#DFRENCH R@ 11 FRIM 13", "2.12.1804 converted"},
+               {"@#DFRENCH R@ 5 COMP 1", "21.9.1793 converted"},
+               {"FRENCH_R 11 FRIM 13", "2.12.1804 converted"},
+               {"@#DJULIAN@ ABT 12 MAY 1675", "22.5.1675 converted"},
                {"@#DGREGORIAN@ 5 MAR 1900", "5.3.1900 whole"},
                {"GREGORIAN 5 MAR 1900", "5.3.1900 whole"},
                {"ABT GREGORIAN 1900", "-.-.1900 part"}});
+}
+
+TEST(GedcomDates, OfOtherCalendarsWithoutADayOnlyTheYearIsTaken)
+{
+    expectAll({{"@#DHEBREW@ TSH 4800", "-.-.1040 converted"},
+               {"@#DHEBREW@ 5784", "-.-.2024 converted"},
+               {"@#DFRENCH R@ 7", "-.-.1799 converted"},
+               {"@#DFRENCH R@ THER 2", "-.-.1794 converted"},
+               {"JULIAN OCT 1066", "-.-.1066 converted"},
+               {"JULIAN 1066", "-.-.1066 converted"},
+               {"@#DHEBREW@ 30 TVT 5700", "-.-.1940 converted"},
+               {"@#DHEBREW@ 1 ADS 5785", "-.-.2025 converted"},
+               {"BET @#DHEBREW@ 1 NSN 5700 AND @#DHEBREW@ 30 ELL 5700", "-.-.1940 converted"},
+               {"FROM @#DJULIAN@ 1700 TO @#DJULIAN@ 1750", "-.-.1700 converted"}});
+}
+
+TEST(GedcomDates, UnknownCalendarsAreNotTaken)
+{
+    expectAll({{"@#DROMAN@ 1000", "-.-.- calendar"},
+               {"@#DUNKNOWN@ 1000", "-.-.- calendar"},
+               {"@#DHEBREW@ soon 5700", "-.-.- calendar"},
+               {"@#DJULIAN@ MAR", "-.-.- calendar"}});
 }
 
 TEST(GedcomDates, ADayThatDoesNotExistIsLeftOut)

@@ -41,4 +41,12 @@ std::string notesOf(const ImportedFamily& family)
     return family.report.notes.join(u'\n').toStdString();
 }
 
+std::string keptOf(const ImportedFamily& family)
+{
+    QStringList kept;
+    for (const auto& [path, lines, firstLine] : family.report.kept)
+        kept << QStringLiteral("%1 %2").arg(path).arg(lines);
+    return kept.join(QStringLiteral(", ")).toStdString();
+}
+
 } // namespace lineara

@@ -25,4 +25,7 @@ std::string names(const OrderedSet<Person*>& persons);
 /// The notes of an import, one a line.
 std::string notesOf(const ImportedFamily& family);
 
+/// "INDI.OCCU 2, INDI.SEX 1": what was kept beside the family, and how many lines of it.
+std::string keptOf(const ImportedFamily& family);
+
 } // namespace lineara

@@ -22,6 +22,18 @@ TEST(GedcomNames, AreWrittenAsPeopleWriteThem)
     EXPECT_EQ(plain("Anna /Meier/Müller/"), "Anna Meier/Müller");
 }
 
+TEST(GedcomNames, ShowANicknameThatTheyDoNotHoldYet)
+{
+    const auto named = [](const char* value, const char* nick) {
+        return plainName(QString::fromUtf8(value), QString::fromUtf8(nick)).toStdString();
+    };
+    EXPECT_EQ(named("Joseph /Kennedy/ jr.", "Joe"), "Joseph \"Joe\" Kennedy jr.");
+    EXPECT_EQ(named("Joseph \"Joe\" /Kennedy/", "Joe"), "Joseph \"Joe\" Kennedy");
+    EXPECT_EQ(named("Joseph", "Joe"), "Joseph \"Joe\"");
+    EXPECT_EQ(named("/Kennedy/", " the  Old "), "\"the Old\" Kennedy");
+    EXPECT_EQ(named("Joseph /Kennedy/", " "), "Joseph Kennedy");
+}
+
 TEST(GedcomNames, CanBeEmpty)
 {
     EXPECT_EQ(plain(""), "");

@@ -1,6 +1,7 @@
 #include "gedcom_tree.h"
 
 #include "import_notes.h"
+#include "node_ledger.h"
 
 #include <gmock/gmock.h>
 
@@ -9,23 +10,29 @@ namespace {
 
 using testing::HasSubstr;
 
-/// A tree together with what was told while it was built.
+/// The tree of a record, and what a ledger tells of it.
 struct Grown
 {
-    explicit Grown(std::string_view text) : tree(GedcomTree::read(text, notes, Progress())) { notes.writeTo(report); }
+    explicit Grown(const char* text, bool isVersionSeven = false)
+        : tree(GedcomRecord{.text = text, .tag = {}, .xref = {}, .line = 1}, isVersionSeven)
+    {
+        NodeLedger ledger(tree, notes);
+        ledger.open();
+        ledger.close();
+        notes.writeTo(report);
+    }
 
     std::string told() const { return report.notes.join(u'\n').toStdString(); }
     std::string text(NodeIndex index) const { return tree.text(index).toStdString(); }
 
-    ImportNotes notes;
     GedcomTree tree;
+    ImportNotes notes;
     ImportReport report;
 };
 
 TEST(GedcomTree, LinesStandBelowTheLastLineOfALowerLevel)
 {
-    const Grown grown("0 @I1@ INDI\n1 BIRT\n2 DATE 1900\n2 PLAC Rome\n1 SEX M\n0 TRLR");
-    ASSERT_EQ(grown.tree.records().size(), 2u);
+    const Grown grown("0 @I1@ INDI\n1 BIRT\n2 DATE 1900\n2 PLAC Rome\n1 SEX M\n");
     std::string tags;
     for (const NodeIndex child : grown.tree.children(0))
         tags += std::string(grown.tree[child].line.tag) + " ";
@@ -36,6 +43,17 @@ TEST(GedcomTree, LinesStandBelowTheLastLineOfALowerLevel)
     EXPECT_EQ(grown.tree[*grown.tree.child(*birth, "PLAC")].parent, birth);
     EXPECT_FALSE(grown.tree.child(*birth, "SEX"));
     EXPECT_EQ(grown.told(), "");
+}
+
+TEST(GedcomTree, ForgetsTheLastRecordWhenItReadsAnother)
+{
+    GedcomTree tree(GedcomRecord{.text = "0 INDI\n5 X\n1 SEX M\n", .tag = {}, .xref = {}, .line = 7}, false);
+    EXPECT_EQ(tree.size(), 2u);
+    EXPECT_EQ(tree[1].line.number, 9u);
+    tree.read({.text = "0 FAM\n", .tag = {}, .xref = {}, .line = 20}, false);
+    EXPECT_EQ(tree.size(), 1u);
+    EXPECT_TRUE(tree.strays().empty());
+    EXPECT_EQ(tree[0].line.number, 20u);
 }
 
 TEST(GedcomTree, ContinuationsAreJoined)
@@ -58,9 +76,8 @@ TEST(GedcomTree, OlderVersionsDoubleEveryAtSign)
 
 TEST(GedcomTree, VersionSevenDoublesTheFirstAtSignOfALineOnly)
 {
-    const Grown grown(
-        "0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @N1@ SNOTE @@ one leading\n1 CONT doubled @@ inside\n1 CONT @@@@@");
-    EXPECT_EQ(grown.text(3), "@ one leading\ndoubled @@ inside\n@@@@");
+    const Grown grown("0 @N1@ SNOTE @@ one leading\n1 CONT doubled @@ inside\n1 CONT @@@@@", true);
+    EXPECT_EQ(grown.text(0), "@ one leading\ndoubled @@ inside\n@@@@");
 }
 
 TEST(GedcomTree, ALineThatSkipsALevelIsToldWithAllBelowIt)
@@ -72,15 +89,14 @@ TEST(GedcomTree, ALineThatSkipsALevelIsToldWithAllBelowIt)
                             "line 4: TIME \"12:00\" was not taken: it belongs to line 3, which was not taken");
 }
 
-TEST(GedcomTree, LinesBelowAnUnreadableRecordDoNotMoveToAnotherOne)
+TEST(GedcomTree, LinesBelowAnUnreadableRecordHaveNoPlace)
 {
-    const Grown grown("0 @I1@ INDI\n0 @I2 INDI\n1 NAME John /Doe/\n0 TRLR");
-    EXPECT_FALSE(grown.tree.child(0, "NAME"));
-    EXPECT_EQ(grown.tree.size(), 2u);
+    const Grown grown("0 @I2 INDI\n1 NAME John /Doe/\n");
+    EXPECT_EQ(grown.tree.size(), 0u);
     EXPECT_EQ(grown.report.unreadableLines, 1u);
     EXPECT_EQ(grown.report.notTaken, 1u);
     EXPECT_THAT(grown.told(),
-                HasSubstr("line 2: \"0 @I2 INDI\" could not be read: its cross-reference has no closing @"));
+                HasSubstr("line 1: \"0 @I2 INDI\" could not be read: its cross-reference has no closing @"));
 }
 
 TEST(GedcomTree, ALineWithoutLevelLeavesItsNeighboursAlone)
@@ -89,14 +105,6 @@ TEST(GedcomTree, ALineWithoutLevelLeavesItsNeighboursAlone)
     EXPECT_EQ(grown.report.unreadableLines, 1u);
     EXPECT_EQ(grown.text(1), "a text\nand more");
     EXPECT_TRUE(grown.tree.child(0, "SEX"));
-}
-
-TEST(GedcomTree, ADoubledCrossReferenceMeansTheFirstRecord)
-{
-    const Grown grown("0 @I1@ INDI\n0 @I1@ INDI\n1 SEX M");
-    EXPECT_EQ(grown.tree.target("I1"), NodeIndex{0});
-    EXPECT_EQ(grown.tree.target("I2"), std::nullopt);
-    EXPECT_EQ(grown.told(), "line 2: \"I1\" is defined by line 1 already; what points at it means the record there");
 }
 
 } // namespace

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "gedcom_codepages.h"
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace lineara {
+
+/// How well bytes fit a character set: characters that make sense where they stand less those that do not.
+std::int64_t fitOf(CodePage page, std::string_view text);
+
+/// The same for UTF-8.
+std::int64_t fitOfUtf8(std::string_view text);
+
+/// The character set that a declaration means; no value for those of other kinds and unknown ones.
+std::optional<CodePage> declaredPage(std::string_view declaration);
+
+/// The character set of a text that is not UTF-8: the declared one unless the bytes do not fit it at all and fit
+/// another one.
+CodePage bestPage(std::optional<CodePage> declared, std::string_view text);
+
+} // namespace lineara

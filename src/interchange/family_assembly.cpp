@@ -1,0 +1,106 @@
+#include "family_assembly.h"
+
+#include "import_notes.h"
+#include "import_texts.h"
+
+#include "engine/link_rules.h"
+
+#include <string>
+
+namespace lineara {
+namespace {
+
+struct Refusal
+{
+    QString reason; ///< for any link
+    QString why;    ///< for this one
+};
+
+Refusal refusalOf(engine::LinkVerdict verdict, const QString& parent, const QString& child)
+{
+    switch (verdict) {
+    case engine::LinkVerdict::SamePerson:
+        return {ImportTexts::tr("parents of themselves"),
+                ImportTexts::tr("%1 can't be a parent of the same person").arg(parent)};
+    case engine::LinkVerdict::TwoParents:
+        return {ImportTexts::tr("third parents"),
+                ImportTexts::tr("%1 would be a third parent of %2").arg(parent, child)};
+    case engine::LinkVerdict::Cycle:
+        return {ImportTexts::tr("parents among the own descendants"),
+                ImportTexts::tr("%1 as a parent of %2 would be a descendant of %2").arg(parent, child)};
+    case engine::LinkVerdict::Allowed:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+FamilyAssembly::FamilyAssembly(const QUuid& uuid, std::size_t persons)
+    : context_(std::make_unique<ObjectContext>(uuid)), pause_(std::in_place, context_->journal()),
+      pool_(context_->insertPool())
+{
+    persons_.reserve(persons);
+}
+
+void FamilyAssembly::addPerson(PersonValues values, QByteArray picture)
+{
+    Person& person = context_->insertPerson(std::move(values));
+    if (!picture.isNull())
+        person.changePic(std::move(picture));
+    pool_.addPerson(person);
+    persons_.push_back(&person);
+}
+
+void FamilyAssembly::addPartners(const FamilyWishes& wishes)
+{
+    for (const auto& couple : wishes.partners)
+        persons_[couple.first]->addPartner(*persons_[couple.second]);
+}
+
+std::size_t FamilyAssembly::addOffspring(const FamilyWishes& wishes, const GedcomPersons& persons,
+                                         const GedcomRecords& records, ImportNotes& notes)
+{
+    std::vector<engine::OffspringWish> asked;
+    asked.reserve(wishes.offspring.size());
+    for (const auto& wish : wishes.offspring)
+        asked.push_back({wish.parent, wish.child});
+    const auto verdicts = engine::judgeOffspring(persons.size(), asked);
+
+    std::size_t made = 0;
+    for (std::size_t i = 0; i < verdicts.size(); ++i) {
+        const auto& [parent, child, line] = wishes.offspring[i];
+        if (verdicts[i] == engine::LinkVerdict::Allowed) {
+            persons_[parent]->addChild(*persons_[child]);
+            ++made;
+            continue;
+        }
+        const Refusal refusal = refusalOf(verdicts[i], persons.label(parent), persons.label(child));
+        const std::string pointer = '@' + std::string(records[persons.record(child)].xref) + '@';
+        notes.refused(
+            line, refusal.reason,
+            ImportTexts::tr("%1 was refused: %2").arg(QStringLiteral("FAM.CHIL ") + inQuotes(pointer), refusal.why));
+    }
+    return made;
+}
+
+void FamilyAssembly::keep(const GedcomRecords& records, const GedcomPersons& persons, const QString& file,
+                          const Progress& progress)
+{
+    for (RecordIndex index = 0; index < records.size(); ++index) {
+        if (!progress.goesOn(index, records.size()))
+            return;
+        const std::string_view text = records[index].text;
+        QByteArray kept;
+        kept.reserve(static_cast<qsizetype>(text.size()) + 1);
+        kept.append(text.data(), static_cast<qsizetype>(text.size()));
+        if (!kept.endsWith('\n'))
+            kept.append('\n');
+        SourceRecord& source =
+            context_->insertSource({file, static_cast<std::int32_t>(records[index].line)}, std::move(kept));
+        if (const auto person = persons.of(index))
+            persons_[*person]->setSource(source);
+    }
+}
+
+} // namespace lineara

@@ -1,0 +1,172 @@
+#include "gedcom_decoding.h"
+
+#include <QString>
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <cstring>
+
+namespace lineara {
+namespace {
+
+constexpr std::string_view replacement = "\xEF\xBF\xBD";
+
+bool isPlain(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0x80u) == 0;
+}
+
+void append(QByteArray& utf8, std::string_view bytes)
+{
+    utf8.append(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+QChar characterOf(CodePage page, char byte)
+{
+    const char16_t character = unicodeOf(page, byte);
+    return character == 0 && byte != '\0' ? QChar(QChar::ReplacementCharacter) : QChar(character);
+}
+
+/// The marks at the beginning of the text with the letter after them; takes both from the text.
+QString takeMarked(std::string_view& text)
+{
+    const auto letterAt = std::min(
+        static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isAnselMark) - text.begin()), text.size());
+    const bool hasLetter = letterAt < text.size() && text[letterAt] != '\n' && text[letterAt] != '\r';
+    QString character;
+    if (hasLetter)
+        character += characterOf(CodePage::Ansel, text[letterAt]);
+    for (const char mark : text.substr(0, letterAt))
+        character += characterOf(CodePage::Ansel, mark);
+    text.remove_prefix(letterAt + (hasLetter ? 1 : 0));
+    return character.normalized(QString::NormalizationForm_C);
+}
+
+/// Replaces what stands at the place if it can't be kept; returns how many bytes were looked at.
+std::size_t mend(QByteArray& mended, std::string_view text)
+{
+    constexpr std::string_view noncharacters[] = {"\xEF\xBF\xBE", "\xEF\xBF\xBF"};
+    for (const auto noncharacter : noncharacters) {
+        if (text.starts_with(noncharacter)) {
+            append(mended, replacement);
+            return noncharacter.size();
+        }
+    }
+    const auto code = static_cast<unsigned char>(text.front());
+    const bool isControl = code < ' ' && code != '\t' && code != '\n';
+    append(mended, isControl ? replacement : text.substr(0, 1));
+    return 1;
+}
+
+bool mayBeUnwritable(char byte)
+{
+    const auto code = static_cast<unsigned char>(byte);
+    return (code < ' ' && code != '\t' && code != '\n') || code == 0xEF;
+}
+
+/// Looks at all bytes of a piece whatever it finds there, which the compiler can do many at a time.
+bool isSurelyWritable(std::string_view text)
+{
+    constexpr std::size_t pieceSize = 4096;
+    while (!text.empty()) {
+        unsigned found = 0;
+        const auto piece = text.substr(0, pieceSize);
+        for (const char byte : piece)
+            found |= mayBeUnwritable(byte) ? 1u : 0u;
+        if (found != 0)
+            return false;
+        text.remove_prefix(piece.size());
+    }
+    return true;
+}
+
+} // namespace
+
+QByteArray utf8FromPage(CodePage page, std::string_view text)
+{
+    QByteArray utf8;
+    const auto size = static_cast<qsizetype>(text.size());
+    utf8.reserve(size + size / 16);
+    while (!text.empty()) {
+        const auto plain = static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isPlain) - text.begin());
+        append(utf8, text.substr(0, plain));
+        text.remove_prefix(plain);
+        if (text.empty())
+            break;
+        if (page == CodePage::Ansel && isAnselMark(text.front())) {
+            utf8 += takeMarked(text).toUtf8();
+        } else {
+            utf8 += QString(characterOf(page, text.front())).toUtf8();
+            text.remove_prefix(1);
+        }
+    }
+    return utf8;
+}
+
+QByteArray utf8FromUtf16(std::string_view text, bool isBigEndian)
+{
+    // Piece by piece: a whole second copy in between would be the largest thing in memory.
+    constexpr std::size_t pieceSize = std::size_t{4} * 1024 * 1024;
+    QStringDecoder decoder(isBigEndian ? QStringConverter::Utf16BE : QStringConverter::Utf16LE);
+    QByteArray utf8;
+    utf8.reserve(static_cast<qsizetype>(text.size() / 2));
+    while (!text.empty()) {
+        const auto piece = text.substr(0, pieceSize);
+        const QString decoded = decoder(QByteArrayView(piece.data(), static_cast<qsizetype>(piece.size())));
+        utf8 += decoded.toUtf8();
+        text.remove_prefix(piece.size());
+    }
+    return utf8;
+}
+
+QByteArray mendedUtf8(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toUtf8();
+}
+
+QByteArray withPlainLineEnds(QByteArray utf8)
+{
+    if (utf8.isEmpty() || !std::memchr(utf8.constData(), '\r', static_cast<std::size_t>(utf8.size())))
+        return utf8;
+    char* const begin = utf8.data();
+    const char* const end = begin + utf8.size();
+    char* out = begin;
+    for (const char* in = begin; in != end; ++in) {
+        const char read = *in;
+        const bool isEnd = read == '\r' || read == '\n';
+        *out++ = isEnd ? '\n' : read;
+        const bool isPair = isEnd && in + 1 != end && (in[1] == '\r' || in[1] == '\n') && in[1] != read;
+        in += isPair ? 1 : 0;
+    }
+    utf8.truncate(out - begin);
+    return utf8;
+}
+
+QByteArray withoutUnwritable(QByteArray utf8, std::vector<std::uint32_t>& lines)
+{
+    const std::string_view text(utf8.constData(), static_cast<std::size_t>(utf8.size()));
+    if (isSurelyWritable(text))
+        return utf8;
+    QByteArray mended;
+    mended.reserve(utf8.size());
+    std::uint32_t line = 1;
+    for (std::size_t at = 0; at < text.size();) {
+        const auto next = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(), mayBeUnwritable);
+        const auto sound = text.substr(at, static_cast<std::size_t>(next - text.begin()) - at);
+        append(mended, sound);
+        line += static_cast<std::uint32_t>(std::count(sound.begin(), sound.end(), '\n'));
+        at += sound.size();
+        if (at == text.size())
+            break;
+        const qsizetype sizeBefore = mended.size();
+        const std::size_t looked = mend(mended, text.substr(at, 3));
+        const auto now = std::string_view(mended.constData(), static_cast<std::size_t>(mended.size()));
+        const bool isChanged = now.substr(static_cast<std::size_t>(sizeBefore)) != text.substr(at, looked);
+        if (isChanged && (lines.empty() || lines.back() != line))
+            lines.push_back(line);
+        at += looked;
+    }
+    return mended;
+}
+
+} // namespace lineara

@@ -1,0 +1,159 @@
+#include "interchange/gedcom_export.h"
+
+#include "gedcom_export_changes.h"
+#include "gedcom_export_dialect.h"
+#include "gedcom_export_pictures.h"
+#include "import_texts.h"
+#include "store/atomic_file.h"
+
+#include <QFileInfo>
+
+namespace lineara {
+namespace {
+
+constexpr double foundPart = 0.8;
+
+GedcomDialect dialectOf(GedcomFormat format)
+{
+    return format == GedcomFormat::Gedcom551 ? GedcomDialect::Five : GedcomDialect::Seven;
+}
+
+std::string formatLines(GedcomDialect dialect)
+{
+    return dialect == GedcomDialect::Five ? "1 GEDC\n2 VERS 5.5.1\n2 FORM LINEAGE-LINKED\n" : "1 GEDC\n2 VERS 7.0\n";
+}
+
+std::string charsetLine(GedcomDialect dialect)
+{
+    return dialect == GedcomDialect::Five ? "1 CHAR UTF-8\n" : "";
+}
+
+std::string submitterLines(GedcomDialect dialect)
+{
+    return dialect == GedcomDialect::Five ? "0 @U1@ SUBM\n1 NAME Lineara\n" : "";
+}
+
+/// The header of a family that was not imported.
+std::string newHeader(GedcomDialect dialect)
+{
+    const std::string submitter = dialect == GedcomDialect::Five ? "1 SUBM @U1@\n" : "";
+    return "0 HEAD\n" + formatLines(dialect) + "1 SOUR LINEARA\n2 NAME Lineara\n" + submitter + charsetLine(dialect);
+}
+
+/// The kept header says what it said, but for how the file is written now.
+std::string changedHeader(EditedRecord header, GedcomDialect dialect)
+{
+    const auto format = header.child(0, "GEDC");
+    const auto charset = header.child(0, "CHAR");
+    header.insert(format.value_or(1), formatLines(dialect));
+    header.insert(charset.value_or(header.size()), charsetLine(dialect));
+    for (const auto& line : {format, charset}) {
+        if (line)
+            header.strike(*line);
+    }
+    return header.result();
+}
+
+/// Puts the records one behind the other.
+class GenealogyText
+{
+public:
+    GenealogyText(const KeptRecords& kept, const GedcomChanges& changes, GedcomDialect dialect)
+        : kept_(kept), changes_(changes), dialect_(dialect)
+    {}
+
+    QByteArray text(const Progress& progress)
+    {
+        bool hasHeader = false;
+        for (std::size_t record = 0; record < kept_.size(); ++record)
+            hasHeader = hasHeader || kept_[record].tag == "HEAD";
+        if (!hasHeader)
+            append(newHeader(dialect_) + (kept_.isEmpty() ? submitterLines(dialect_) : std::string()));
+        for (std::size_t record = 0; record < kept_.size(); ++record) {
+            if (!progress.goesOn(record, kept_.size()))
+                return {};
+            addKept(record);
+        }
+        if (!isEnded_)
+            end("0 TRLR\n");
+        return std::move(out_);
+    }
+
+private:
+    void addKept(std::size_t record)
+    {
+        const KeptRecord& kept = kept_[record];
+        if (kept.tag == "HEAD" && !hasHeader_) {
+            hasHeader_ = true;
+            append(converted(changedHeader(EditedRecord(changes_.textOf(record), kept_.dialect()), dialect_)));
+        } else if (kept.tag == "TRLR" && !isEnded_) {
+            end(converted(changes_.textOf(record)));
+        } else {
+            append(converted(changes_.textOf(record)));
+        }
+    }
+
+    void end(const std::string& trailer)
+    {
+        isEnded_ = true;
+        append(changes_.newRecords());
+        append(trailer);
+    }
+
+    std::string converted(std::string_view lines) const
+    {
+        return kept_.dialect() == dialect_ ? std::string(lines) : convertedLines(lines, kept_.dialect(), dialect_);
+    }
+
+    void append(std::string_view lines)
+    {
+        out_.append(lines.data(), static_cast<qsizetype>(lines.size()));
+        if (!lines.empty() && lines.back() != '\n')
+            out_.append('\n');
+    }
+
+    const KeptRecords& kept_;
+    const GedcomChanges& changes_;
+    GedcomDialect dialect_;
+    bool hasHeader_ = false;
+    bool isEnded_ = false;
+    QByteArray out_;
+};
+
+Failure stoppedExport()
+{
+    return Failure{ImportTexts::tr("The export was stopped.")};
+}
+
+} // namespace
+
+Outcome<QByteArray> gedcomOf(const FamilyContent& family, GedcomFormat format, const Progress& progress)
+{
+    const GedcomDialect dialect = dialectOf(format);
+    const ExportGraph graph(family);
+    const KeptRecords kept(family, graph);
+    GedcomChanges changes(family, graph, kept, dialect);
+    if (auto found = changes.find(progress.stage(0, foundPart)); found.failed())
+        return progress.isStopped() ? stoppedExport() : found.failure();
+    const ArchiveFiles files = format == GedcomFormat::Gedzip ? exportPictures(family, kept, changes) : ArchiveFiles();
+    changes.finish();
+    QByteArray text = GenealogyText(kept, changes, dialect).text(progress.stage(foundPart, 1));
+    if (!progress.goesOn(1))
+        return stoppedExport();
+    return format == GedcomFormat::Gedzip ? gedzipOf(text, files) : Outcome<QByteArray>(std::move(text));
+}
+
+Outcome<Done> exportGedcomFile(const FamilyContent& family, const QString& path, GedcomFormat format,
+                               const Progress& progress)
+{
+    const auto genealogy = gedcomOf(family, format, progress);
+    if (genealogy.failed())
+        return Failure{
+            ImportTexts::tr("“%1” can't be exported: %2").arg(QFileInfo(path).fileName(), genealogy.failure().message)};
+    const QByteArray& bytes = genealogy.value();
+    return store::replaceFile(path, [&bytes](const store::ByteSink& sink) {
+        return sink({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    });
+}
+
+} // namespace lineara

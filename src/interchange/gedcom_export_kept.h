@@ -1,0 +1,70 @@
+#pragma once
+
+#include "gedcom_export_families.h"
+#include "gedcom_export_record.h"
+
+#include "platform/outcome.h"
+#include "platform/progress.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace lineara {
+
+class ObjectContext;
+
+/// A record as it was imported. The views look into the content.
+struct KeptRecord
+{
+    std::string_view text;
+    std::string_view tag;  ///< empty if its first line is none of level 0
+    std::string_view xref; ///< empty if it has none
+    std::optional<ExportPerson> person;
+    bool isLeftOut = false; ///< the record of a person that is no more
+};
+
+/// The imported records of a family, and how they point at each other.
+class KeptRecords
+{
+public:
+    /// `family` outlives the records.
+    KeptRecords(const FamilyContent& family, const ExportGraph& graph);
+
+    std::size_t size() const { return records_.size(); }
+    bool isEmpty() const { return records_.empty(); }
+    const KeptRecord& operator[](std::size_t record) const { return records_[record]; }
+
+    /// How they are written; 5.5.1 if nothing says so.
+    GedcomDialect dialect() const { return dialect_; }
+
+    /// The record that pointers to `xref` mean: the first one that defines it.
+    std::optional<std::size_t> target(std::string_view xref) const;
+    std::optional<std::size_t> recordOf(ExportPerson person) const { return byPerson_[person]; }
+
+    /// Whether records of the imported file are missing: their persons were removed.
+    bool hasGaps() const { return hasGaps_; }
+
+    QString sharedNote(std::string_view xref) const;
+
+    EditedRecord edited(std::size_t record) const { return {records_[record].text, dialect_}; }
+
+    /// What the import makes of the records: persons in their order.
+    Outcome<std::unique_ptr<ObjectContext>> imported(const Progress& progress) const;
+
+private:
+    void readVersion();
+
+    std::vector<KeptRecord> records_;
+    std::vector<std::optional<std::size_t>> byPerson_;
+    std::unordered_map<std::string_view, std::size_t> targets_;
+    QString version_;
+    GedcomDialect dialect_ = GedcomDialect::Five;
+    bool hasGaps_ = false;
+};
+
+} // namespace lineara

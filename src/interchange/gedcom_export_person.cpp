@@ -1,0 +1,247 @@
+#include "gedcom_export_person.h"
+
+#include "gedcom_name.h"
+
+#include <QStringBuilder>
+
+#include <algorithm>
+#include <array>
+
+namespace lineara {
+namespace {
+
+using Line = EditedRecord::Line;
+
+constexpr std::array<std::string_view, 6> namePieces = {"NPFX", "GIVN", "NICK", "SPFX", "SURN", "NSFX"};
+
+GedcomDate birthOf(const PersonValues& values)
+{
+    return {values.birthDay, values.birthMonth, values.birthYear};
+}
+
+GedcomDate deathOf(const PersonValues& values)
+{
+    return {values.deathDay, values.deathMonth, values.deathYear};
+}
+
+QString plainLineEnds(QString text)
+{
+    return text.replace(QStringView(u"\r\n").toString(), QStringView(u"\n").toString()).replace(u'\r', u'\n');
+}
+
+class PersonEditor
+{
+public:
+    PersonEditor(EditedRecord& record, const SharedNoteText& sharedNote) : record_(record), sharedNote_(sharedNote) {}
+
+    void changeName(const std::optional<QString>& name)
+    {
+        const auto line = nameLine();
+        const QString plain = name.value_or(QString()).simplified();
+        if (plain.isEmpty()) {
+            if (line)
+                record_.strike(*line);
+            return;
+        }
+        const auto valued = [&](const QString& former) {
+            return gedcomLines(1, "NAME", gedcomName(plain, former), record_.dialect());
+        };
+        if (!line) {
+            record_.insert(afterText(0), valued({}));
+            return;
+        }
+        record_.replace(*line, valued(record_.text(*line)));
+        for (const Line piece : record_.children(*line)) {
+            const bool isPiece = std::ranges::find(namePieces, record_[piece].tag) != namePieces.end();
+            if (isPiece && !plain.contains(record_.text(piece).simplified()))
+                record_.strike(piece);
+        }
+    }
+
+    void changeEvent(std::string_view tag, std::string_view placeAfter, const GedcomDate& date)
+    {
+        const auto event = eventLine(tag);
+        const auto dateLine = event ? record_.child(*event, "DATE") : std::nullopt;
+        const QString plain = gedcomDate(date, record_.dialect());
+        if (plain.isEmpty()) {
+            if (dateLine)
+                withdraw(*event, *dateLine);
+            return;
+        }
+        if (dateLine) {
+            const QString changed = changedDate(record_.text(*dateLine), date, record_.dialect());
+            record_.replace(*dateLine, gedcomLines(2, "DATE", changed, record_.dialect()));
+            return;
+        }
+        const std::string lines = gedcomLines(2, "DATE", plain, record_.dialect());
+        if (event)
+            record_.insert(afterText(*event), lines);
+        else
+            record_.insert(placeOf(tag, placeAfter), gedcomLines(1, tag, {}, record_.dialect()) + lines);
+    }
+
+    void changeNotes(const std::optional<QString>& notes)
+    {
+        std::vector<Line> lines = noteLines();
+        QString rest = plainLineEnds(notes.value_or(QString()));
+        const std::size_t kept = keepFirst(lines, rest);
+        const Line place = kept > 0 ? record_.end(lines[kept - 1]) : record_.size();
+        lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(kept));
+        keepLast(lines, rest);
+        replaceNotes(lines, rest, lines.empty() ? place : lines.front());
+    }
+
+private:
+    /// Where a line's own text ends, and what stands below it begins.
+    Line afterText(Line line) const
+    {
+        Line at = line + 1;
+        while (at < record_.size() && (record_[at].tag == "CONC" || record_[at].tag == "CONT"))
+            ++at;
+        return at;
+    }
+
+    /// The first one that says a name.
+    std::optional<Line> nameLine() const
+    {
+        for (const Line line : record_.children(0, "NAME")) {
+            if (!plainName(record_.text(line)).isEmpty())
+                return line;
+            for (const Line piece : record_.children(line)) {
+                if (std::ranges::find(namePieces, record_[piece].tag) != namePieces.end() &&
+                    !record_.text(piece).simplified().isEmpty())
+                    return line;
+            }
+        }
+        return std::nullopt;
+    }
+
+    /// The first one with a date that says something; else the first of all.
+    std::optional<Line> eventLine(std::string_view tag) const
+    {
+        const auto events = record_.children(0, tag);
+        for (const Line event : events) {
+            const auto date = record_.child(event, "DATE");
+            if (date && saysSomething(readDate(record_.text(*date))))
+                return event;
+        }
+        return events.empty() ? std::nullopt : std::optional(events.front());
+    }
+
+    /// An event of which nothing is left goes with its date.
+    void withdraw(Line event, Line date)
+    {
+        record_.strike(date);
+        if (record_.children(event).empty() && record_[event].value.empty())
+            record_.strike(event);
+    }
+
+    Line placeOf(std::string_view tag, std::string_view placeAfter) const
+    {
+        Line place = afterText(0);
+        for (const Line line : record_.children(0)) {
+            const std::string_view other = record_[line].tag;
+            if (other == "NAME" || other == "SEX" || other == tag || other == placeAfter)
+                place = record_.end(line);
+        }
+        return place;
+    }
+
+    std::vector<Line> noteLines() const
+    {
+        std::vector<Line> found;
+        for (const Line line : record_.children(0)) {
+            const bool isNote = record_[line].tag == "NOTE" || record_[line].tag == "SNOTE";
+            if (isNote && !textOf(line).isEmpty())
+                found.push_back(line);
+        }
+        return found;
+    }
+
+    QString textOf(Line note) const
+    {
+        return record_[note].isPointer ? sharedNote_(record_[note].value) : record_.text(note);
+    }
+
+    /// Takes the notes that the text still begins with from it; returns how many those are.
+    std::size_t keepFirst(const std::vector<Line>& lines, QString& rest) const
+    {
+        std::size_t kept = 0;
+        for (const Line line : lines) {
+            const QString text = textOf(line);
+            const bool isAll = rest == text;
+            if (!isAll && !rest.startsWith(QString(text % u"\n\n")))
+                break;
+            rest = isAll ? QString() : rest.sliced(text.size() + 2);
+            ++kept;
+            if (isAll)
+                break;
+        }
+        return kept;
+    }
+
+    /// The same from the end; the lines that stay are taken from `lines`.
+    void keepLast(std::vector<Line>& lines, QString& rest) const
+    {
+        while (!lines.empty()) {
+            const QString text = textOf(lines.back());
+            const bool isAll = rest == text;
+            if (!isAll && !rest.endsWith(QString(u"\n\n" % text)))
+                return;
+            rest.chop(isAll ? rest.size() : text.size() + 2);
+            lines.pop_back();
+        }
+    }
+
+    /// One note takes the place of all these.
+    void replaceNotes(const std::vector<Line>& lines, const QString& text, Line place)
+    {
+        const std::string note = text.isEmpty() ? std::string() : gedcomLines(1, "NOTE", text, record_.dialect());
+        const auto own = std::ranges::find_if(lines, [this](Line line) { return !record_[line].isPointer; });
+        for (const Line line : lines) {
+            if (note.empty() || own == lines.end() || line != *own)
+                record_.strike(line);
+        }
+        if (!note.empty() && own != lines.end())
+            record_.replace(*own, note);
+        else if (!note.empty())
+            record_.insert(place, note);
+    }
+
+    EditedRecord& record_;
+    const SharedNoteText& sharedNote_;
+};
+
+} // namespace
+
+void changeValues(EditedRecord& record, const PersonValues& before, const PersonValues& after,
+                  const SharedNoteText& sharedNote)
+{
+    PersonEditor editor(record, sharedNote);
+    if (before.name != after.name)
+        editor.changeName(after.name);
+    if (!sameDay(birthOf(before), birthOf(after)))
+        editor.changeEvent("BIRT", {}, birthOf(after));
+    if (!sameDay(deathOf(before), deathOf(after)))
+        editor.changeEvent("DEAT", "BIRT", deathOf(after));
+    if (before.additional != after.additional)
+        editor.changeNotes(after.additional);
+}
+
+std::string newPersonRecord(std::string_view xref, const PersonValues& values, GedcomDialect dialect)
+{
+    std::string out = gedcomRecord(xref, "INDI");
+    if (values.name && !values.name->simplified().isEmpty())
+        out += gedcomLines(1, "NAME", gedcomName(*values.name), dialect);
+    const auto addEvent = [&](std::string_view tag, const GedcomDate& date) {
+        if (const QString text = gedcomDate(date, dialect); !text.isEmpty())
+            out += gedcomLines(1, tag, {}, dialect) + gedcomLines(2, "DATE", text, dialect);
+    };
+    addEvent("BIRT", birthOf(values));
+    addEvent("DEAT", deathOf(values));
+    if (values.additional && !values.additional->isEmpty())
+        out += gedcomLines(1, "NOTE", *values.additional, dialect);
+    return out;
+}
+
+} // namespace lineara

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "gedcom_date.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace lineara {
+
+/// The two ways of writing the lines of a genealogy.
+enum class GedcomDialect : std::uint8_t
+{
+    Five, ///< 5.5.1: every @ is doubled, lines end after 255 characters, dates name their calendars in escapes
+    Seven ///< 7.0: the first @ of a line is doubled, lines have any length
+};
+
+/// "level tag text" and its continuations, each line ended by LF. Line ends of any kind begin a CONT.
+std::string gedcomLines(int level, std::string_view tag, QStringView text, GedcomDialect dialect);
+
+/// "0 @xref@ tag", the first line of a record.
+std::string gedcomRecord(std::string_view xref, std::string_view tag);
+
+/// A letter and a number: a cross-reference by which a record may be named.
+std::string numberedXref(char letter, std::uint64_t number);
+
+std::string gedcomPointer(int level, std::string_view tag, std::string_view xref);
+
+/// The value of a NAME line for the name as people write it. The surname stands between slashes where it can be told:
+/// by `former`, the value that the line had, or else as the last of several words.
+QString gedcomName(const QString& name, const QString& former = {});
+
+/// The value of a DATE line; empty if the date has nothing that a line can say.
+QString gedcomDate(const GedcomDate& date, GedcomDialect dialect);
+
+/// The same where there was a date already: its words stay ("ABT 12 MAR 1850") if only numbers of it are others.
+QString changedDate(const QString& former, const GedcomDate& date, GedcomDialect dialect);
+
+GedcomDate readDate(const QString& value);
+
+bool saysSomething(const GedcomDate& date);
+bool sameDay(const GedcomDate& a, const GedcomDate& b);
+
+} // namespace lineara

@@ -1,0 +1,145 @@
+#include "gedzip.h"
+
+#include "genealogy_file.h"
+#include "import_failure.h"
+#include "import_texts.h"
+
+#include <zip.h>
+
+#include <QFile>
+
+#include <algorithm>
+#include <optional>
+
+namespace lineara {
+namespace {
+
+constexpr zip_flags_t asWritten = ZIP_FL_ENC_GUESS;
+
+struct EntryCloser
+{
+    void operator()(zip_file_t* entry) const { zip_fclose(entry); }
+};
+using Entry = std::unique_ptr<zip_file_t, EntryCloser>;
+
+Failure brokenArchive(const QString& name)
+{
+    return importFailure(name, ImportTexts::tr("it is a ZIP archive that can't be read."));
+}
+
+/// Position of the genealogy among the files of the archive.
+std::optional<zip_uint64_t> genealogyIn(zip_t* archive)
+{
+    const zip_int64_t exact = zip_name_locate(archive, "gedcom.ged", asWritten | ZIP_FL_NOCASE);
+    if (exact >= 0)
+        return static_cast<zip_uint64_t>(exact);
+    std::optional<zip_uint64_t> found;
+    const auto count = static_cast<zip_uint64_t>(std::max<zip_int64_t>(0, zip_get_num_entries(archive, 0)));
+    for (zip_uint64_t index = 0; index < count; ++index) {
+        const QString name = QString::fromUtf8(zip_get_name(archive, index, asWritten));
+        if (!name.endsWith(QStringLiteral(".ged"), Qt::CaseInsensitive))
+            continue;
+        if (found)
+            return std::nullopt;
+        found = index;
+    }
+    return found;
+}
+
+/// The next piece of an entry; no value if it is broken.
+std::optional<QByteArray> pieceOf(zip_file_t* entry, qsizetype size)
+{
+    QByteArray piece(size, Qt::Uninitialized);
+    const zip_int64_t read = zip_fread(entry, piece.data(), static_cast<zip_uint64_t>(size));
+    if (read < 0)
+        return std::nullopt;
+    piece.truncate(static_cast<qsizetype>(read));
+    return piece;
+}
+
+} // namespace
+
+Outcome<std::unique_ptr<Gedzip>> Gedzip::open(const QString& path, const QString& name)
+{
+    std::unique_ptr<Gedzip> archive(new Gedzip({}, name));
+    archive->archive_ = zip_open(QFile::encodeName(path).constData(), ZIP_RDONLY, nullptr);
+    if (!archive->archive_)
+        return brokenArchive(name);
+    return archive;
+}
+
+Outcome<std::unique_ptr<Gedzip>> Gedzip::openBytes(QByteArray bytes, const QString& name)
+{
+    std::unique_ptr<Gedzip> archive(new Gedzip(std::move(bytes), name));
+    zip_source_t* const source = zip_source_buffer_create(
+        archive->bytes_.constData(), static_cast<zip_uint64_t>(archive->bytes_.size()), 0, nullptr);
+    if (!source)
+        return brokenArchive(name);
+    archive->archive_ = zip_open_from_source(source, ZIP_RDONLY, nullptr);
+    if (!archive->archive_) {
+        zip_source_free(source);
+        return brokenArchive(name);
+    }
+    return archive;
+}
+
+Gedzip::~Gedzip()
+{
+    if (archive_)
+        zip_discard(archive_);
+}
+
+Outcome<QByteArray> Gedzip::genealogy(const Progress& progress) const
+{
+    constexpr qsizetype pieceSize = 1024 * 1024;
+    const auto index = genealogyIn(archive_);
+    if (!index)
+        return importFailure(name_, ImportTexts::tr("it is a ZIP archive without a GEDCOM file in it."));
+    const Entry entry(zip_fopen_index(archive_, *index, 0));
+    if (!entry)
+        return brokenArchive(name_);
+    QByteArray bytes;
+    for (;;) {
+        const auto piece = pieceOf(entry.get(), pieceSize);
+        if (!piece)
+            return brokenArchive(name_);
+        if (piece->isEmpty())
+            return bytes;
+        bytes += *piece;
+        if (bytes.size() == piece->size()) {
+            const auto kind = recognise(bytes, name_);
+            if (kind.failed() || kind.value() != GenealogyKind::Gedcom)
+                return kind.failed() ? kind.failure() : notGedcom(name_);
+        }
+        if (bytes.size() > mostGenealogyBytes)
+            return tooLongGenealogy(name_);
+        const auto done = static_cast<double>(bytes.size());
+        if (!progress.goesOn(done / (done + pieceSize)))
+            return stoppedImport(name_);
+    }
+}
+
+Outcome<QByteArray> Gedzip::read(const QString& name) const
+{
+    for (const QString& place : placesOf(name)) {
+        const zip_int64_t index = zip_name_locate(archive_, place.toUtf8().constData(), asWritten);
+        if (index < 0)
+            continue;
+        const Entry entry(zip_fopen_index(archive_, static_cast<zip_uint64_t>(index), 0));
+        if (!entry)
+            break;
+        QByteArray bytes;
+        while (bytes.size() <= mostBytes) {
+            const auto piece = pieceOf(entry.get(), qsizetype{256} * 1024);
+            if (!piece)
+                return Failure{ImportTexts::tr("the archive is broken there")};
+            if (piece->isEmpty())
+                return bytes;
+            bytes += *piece;
+        }
+        return mediaTooLarge();
+    }
+    return mediaNotThere();
+}
+
+} // namespace lineara

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "media_files.h"
+
+#include "platform/progress.h"
+
+#include <memory>
+
+struct zip;
+
+namespace lineara {
+
+/// A GEDZIP archive: a genealogy with the files that it names, in a ZIP.
+///
+/// Nothing is unpacked to the disk. Names in the archive are only compared, so that it does not matter where they would
+/// lead; what comes out is counted while it comes, whatever the archive says about its size.
+class Gedzip : public MediaFiles
+{
+public:
+    /// The archive in a file, which stays open. `name` is how messages call it.
+    static Outcome<std::unique_ptr<Gedzip>> open(const QString& path, const QString& name);
+
+    /// The same for bytes in memory.
+    static Outcome<std::unique_ptr<Gedzip>> openBytes(QByteArray bytes, const QString& name);
+
+    ~Gedzip() override;
+
+    /// The genealogy: "gedcom.ged", in whatever case, or else the only file that ends so.
+    Outcome<QByteArray> genealogy(const Progress& progress) const;
+
+    Outcome<QByteArray> read(const QString& name) const override;
+
+private:
+    Gedzip(QByteArray bytes, QString name) : bytes_(std::move(bytes)), name_(std::move(name)) {}
+
+    QByteArray bytes_;
+    QString name_;
+    ::zip* archive_ = nullptr;
+};
+
+} // namespace lineara

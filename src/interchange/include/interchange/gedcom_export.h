@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/outcome.h"
+#include "platform/progress.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <cstdint>
+
+namespace lineara {
+
+class FamilyContent;
+
+enum class GedcomFormat : std::uint8_t
+{
+    Gedcom551,
+    Gedcom70,
+    Gedzip ///< 7.0 in a ZIP archive, together with the persons' pictures
+};
+
+/// The family as a genealogy in UTF-8. What was imported comes back line by line, but for what has changed since;
+/// everything else is written anew, families rebuilt from the links. Equal families give equal bytes. Fails only if it
+/// is stopped, or if the family is too large for the format. Any thread.
+Outcome<QByteArray> gedcomOf(const FamilyContent& family, GedcomFormat format, const Progress& progress = {});
+
+/// Puts gedcomOf() in the place of the file at `path`, or leaves that as it was. The failure names the file. Any
+/// thread.
+Outcome<Done> exportGedcomFile(const FamilyContent& family, const QString& path, GedcomFormat format,
+                               const Progress& progress = {});
+
+} // namespace lineara

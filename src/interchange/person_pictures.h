@@ -1,0 +1,66 @@
+#pragma once
+
+#include "gedcom_tree.h"
+#include "person_reading.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+namespace lineara {
+
+class MediaFiles;
+class NodeLedger;
+
+/// Finds the one picture of a person that a family keeps: the one marked as primary, or else the first that is there.
+class PersonPictures
+{
+public:
+    /// Bytes read in all, and bytes taken in all; a small file could otherwise name one large picture for everybody.
+    static constexpr qint64 mostBytes = qint64{512} * 1024 * 1024;
+
+    /// Files tried for one person.
+    static constexpr std::size_t mostTried = 8;
+
+    PersonPictures(const GedcomRecords& records, const MediaFiles& files) : records_(records), files_(files) {}
+
+    /// The bytes of the picture of the person in the tree, or null. What could not be read on the way is told.
+    QByteArray read(const GedcomTree& tree, NodeLedger& ledger, const std::vector<NodeIndex>& lines);
+
+    std::size_t taken() const { return taken_; }
+
+private:
+    struct Candidate
+    {
+        NodeIndex line; ///< of the object in the person's record
+        NodeIndex told; ///< the line that is told: the same, or the FILE below it
+        QString name;
+        bool isPrimary;
+    };
+
+    /// A file as it was found: its bytes, or why there are none.
+    struct Found
+    {
+        QByteArray bytes;
+        QString reason;
+    };
+
+    std::vector<Candidate> candidates(const GedcomTree& tree, NodeLedger& ledger, const std::vector<NodeIndex>& lines);
+    const std::vector<Candidate>& filesOf(RecordIndex object);
+    const Found& find(const QString& name);
+    Found readFile(const QString& name);
+
+    const GedcomRecords& records_;
+    const MediaFiles& files_;
+    // Each record and each file is read once, however many persons name it.
+    std::unordered_map<RecordIndex, std::vector<Candidate>> objects_;
+    std::unordered_map<QString, Found> found_;
+    std::size_t taken_ = 0;
+    qint64 read_ = 0;
+    qint64 handedOut_ = 0;
+};
+
+} // namespace lineara

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "imported.h"
+
+#include "interchange/gedcom_export.h"
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace lineara {
+
+QByteArray exported(const ObjectContext& family, GedcomFormat format = GedcomFormat::Gedcom551);
+
+/// The lines of a text that are not blank, without their ends.
+std::vector<std::string> linesOf(const QByteArray& text);
+
+/// What came and what went from one text to the other: "-1 NAME Ada", "+1 NAME Ada /Oak/", in order.
+std::vector<std::string> difference(const QByteArray& before, const QByteArray& after);
+
+/// Values of all persons in order, and their links by position: the same for families that are the same.
+std::string familyText(const ObjectContext& family);
+
+/// The bytes of a file among the data of the tests.
+QByteArray dataFile(const QString& name);
+
+} // namespace lineara
