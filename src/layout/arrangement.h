@@ -2,6 +2,7 @@
 
 #include "chart.h"
 
+#include <limits>
 #include <vector>
 
 namespace lineara::layout {
@@ -12,11 +13,16 @@ struct Arrangement
     Lists<BlockIndex> rows;
     std::vector<double> left;
     std::vector<bool> mirrored;
+    /// How far the rows may reach to either side when they settle.
+    double leftBound = -std::numeric_limits<double>::infinity();
+    double rightBound = std::numeric_limits<double>::infinity();
 
     double placeOf(const Chart& chart, const Anchor& anchor) const
     {
         return left[anchor.block] + within(chart, anchor);
     }
+
+    double middleOf(const Chart& chart, BlockIndex block) const { return left[block] + chart.middle(block); }
 
     /// The distance of an anchor from the left edge of its block.
     double within(const Chart& chart, const Anchor& anchor) const

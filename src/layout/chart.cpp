@@ -2,15 +2,12 @@
 
 #include <algorithm>
 #include <functional>
-#include <limits>
 
 namespace lineara::layout {
 
 using engine::PersonIndex;
 
 namespace {
-
-constexpr BlockIndex noBlock = std::numeric_limits<BlockIndex>::max();
 
 struct OwnedSpring
 {
@@ -84,9 +81,10 @@ int passes(const Chart& chart, int most, int least)
     return std::max(least, static_cast<int>(static_cast<std::size_t>(most) * smallFamily / chart.blocks()));
 }
 
-ChartBuilder::ChartBuilder(const engine::FamilyGraph& family, const std::vector<engine::Generation>& rows)
-    : family_(family), rows_(rows), partnerRows_(family, rows), blockOf_(family.persons(), noBlock),
-      offsetOf_(family.persons(), 0)
+ChartBuilder::ChartBuilder(const engine::FamilyGraph& family, const std::vector<engine::Generation>& rows,
+                           std::span<const std::int32_t> birthYears)
+    : family_(family), rows_(rows), birthYears_(birthYears), partnerRows_(family, rows),
+      blockOf_(family.persons(), noBlock), offsetOf_(family.persons(), 0)
 {}
 
 Chart ChartBuilder::build(std::span<const PersonIndex> persons)
@@ -94,6 +92,7 @@ Chart ChartBuilder::build(std::span<const PersonIndex> persons)
     Chart chart;
     formBlocks(chart, persons);
     numberRows(chart);
+    noteBirths(chart);
     drawLines(chart);
     listLinesBelow(chart);
     listRelatives(chart);
@@ -129,6 +128,20 @@ void ChartBuilder::numberRows(Chart& chart) const
     for (const engine::Generation row : used)
         chart.rowOf.push_back(static_cast<std::uint32_t>(std::ranges::lower_bound(oldestFirst, row, std::greater{}) -
                                                          oldestFirst.begin()));
+}
+
+void ChartBuilder::noteBirths(Chart& chart) const
+{
+    chart.bornIn.assign(chart.members.lists(), unknownYear);
+    if (birthYears_.empty())
+        return;
+    for (BlockIndex block = 0; block < chart.members.lists(); ++block) {
+        const auto members = chart.members[block];
+        const auto child =
+            std::ranges::find_if(members, [&](PersonIndex member) { return !family_.parents[member].empty(); });
+        if (child != members.end())
+            chart.bornIn[block] = birthYears_[*child];
+    }
 }
 
 void ChartBuilder::drawLines(Chart& chart) const

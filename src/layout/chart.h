@@ -7,13 +7,18 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <vector>
 
 namespace lineara::layout {
 
+/// The birth year of who has none: later than all others, so that they stand last.
+inline constexpr std::int32_t unknownYear = std::numeric_limits<std::int32_t>::max();
+
 /// Index of a block within its Chart.
 using BlockIndex = std::uint32_t;
+inline constexpr BlockIndex noBlock = std::numeric_limits<BlockIndex>::max();
 
 /// A point that moves with a block: `offset` places right of the middle of the block's leftmost member.
 /// Half places occur, because children hang from the middle between their parents.
@@ -50,6 +55,8 @@ struct Chart
     Lists<engine::PersonIndex> members;
     std::vector<std::uint32_t> rowOf;
     std::uint32_t rows = 0;
+    /// The birth year of the first member whose parents are in the family, of each block; `unknownYear` without one.
+    std::vector<std::int32_t> bornIn;
     /// The blocks that hold the children of each block's members, and those that hold their parents, in link order.
     Lists<BlockIndex> childBlocks;
     Lists<BlockIndex> parentBlocks;
@@ -81,8 +88,10 @@ int passes(const Chart& chart, int most, int least);
 class ChartBuilder
 {
 public:
-    /// `rows` holds the row of every person, higher meaning older. Both must outlive the builder.
-    ChartBuilder(const engine::FamilyGraph& family, const std::vector<engine::Generation>& rows);
+    /// `rows` holds the row of every person, higher meaning older, and `birthYears` the year of every person, or
+    /// nothing. All must outlive the builder.
+    ChartBuilder(const engine::FamilyGraph& family, const std::vector<engine::Generation>& rows,
+                 std::span<const std::int32_t> birthYears = {});
 
     /// `persons` are all persons of one connected part. Takes time linear in them and their links, apart from sorting.
     Chart build(std::span<const engine::PersonIndex> persons);
@@ -90,6 +99,7 @@ public:
 private:
     void formBlocks(Chart& chart, std::span<const engine::PersonIndex> persons);
     void numberRows(Chart& chart) const;
+    void noteBirths(Chart& chart) const;
     void drawLines(Chart& chart) const;
     void listLinesBelow(Chart& chart) const;
     void listRelatives(Chart& chart) const;
@@ -98,6 +108,7 @@ private:
 
     const engine::FamilyGraph& family_;
     const std::vector<engine::Generation>& rows_;
+    std::span<const std::int32_t> birthYears_;
     PartnerRows partnerRows_;
     std::vector<BlockIndex> blockOf_;
     std::vector<double> offsetOf_;

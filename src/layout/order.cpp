@@ -1,32 +1,58 @@
 #include "order.h"
 
+#include "branch_moves.h"
 #include "crossings.h"
-#include "descent_order.h"
+#include "family_walk.h"
 #include "placement.h"
 #include "sifting.h"
 #include "sweep.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <utility>
 
 namespace lineara::layout {
 
 namespace {
 
+/// Starts a family is walked from: many for a small one, where chance decides most and each costs least.
+std::size_t startsFor(const Chart& chart)
+{
+    return std::min(chart.blocks(), std::clamp<std::size_t>(10'000 / (chart.blocks() + 1), 2, 12));
+}
+
 /// Orders a chart step by step and remembers the best order met on the way.
 class Search
 {
 public:
-    explicit Search(const Chart& chart)
-        : chart_(chart), placement_(chart), sweep_(chart), sifting_(chart), now_(firstArrangement()), best_(now_),
-          fewest_(countCrossings(chart, best_))
-    {}
+    Search(const Chart& chart, FamilyTree tree)
+        : chart_(chart), tree_(std::move(tree)), placement_(chart), sweep_(chart), sifting_(chart),
+          now_(walkOrder(chart_, tree_))
+    {
+        setBounds(chart_, now_);
+        centreRows();
+        placement_.pull(now_, 6);
+        for (int time = 0; time < 3; ++time) {
+            for (std::uint32_t row = 0; row < chart_.rows; ++row)
+                sweep_.turnRow(now_, row);
+            placement_.pull(now_, 3);
+        }
+        best_ = now_;
+        least_ = costOf(chart_, best_);
+    }
 
-    bool done() const { return fewest_ == 0; }
+    double cost() const { return least_; }
+    bool isPlane() const { return countCrossings(chart_, best_) == 0; }
     const Arrangement& best() const { return best_; }
     void returnToBest() { now_ = best_; }
 
     /// Sorts all rows `times` times down and up, at the given share of the other side.
     void sweep(int times, double share)
     {
-        for (int time = 0; time < times && !done(); ++time) {
+        for (int time = 0; time < times; ++time) {
             sweep_.down(now_, share);
             sweep_.up(now_, share);
             compare();
@@ -36,19 +62,39 @@ public:
     /// Moves single blocks, over all rows `times` times or until none moves.
     void sift(int times)
     {
-        for (bool moved = true; moved && times > 0 && !done(); --times) {
+        for (bool moved = true; moved && times > 0; --times) {
             moved = siftRows();
             placement_.pull(now_, 2);
             compare();
         }
     }
 
-private:
-    Arrangement firstArrangement()
+    /// Moves branches while there is time for it.
+    bool moveBranches(int rounds, const Heard& heard)
     {
-        Arrangement first = descentOrder(chart_);
-        placement_.pull(first, 3);
-        return first;
+        BranchMoves moves(chart_, tree_);
+        constexpr std::array<std::size_t, 4> sizes{400, 100, 30, 10};
+        constexpr std::size_t usualSize = 40;
+        for (int round = 0; round < rounds; ++round) {
+            const auto turn = static_cast<std::size_t>(round);
+            const std::size_t size = turn / 2 < sizes.size() ? sizes[turn / 2] : usualSize;
+            moves.goOver(now_, turn % 2 == 0 ? size : 1, turn % 2 == 0);
+            compare();
+            if (heard && !heard(static_cast<double>(round + 1) / rounds))
+                return false;
+        }
+        return true;
+    }
+
+private:
+    void centreRows()
+    {
+        for (std::uint32_t row = 0; row < chart_.rows; ++row) {
+            const BlockIndex last = now_.rows[row].back();
+            const double width = now_.left[last] + chart_.width(last);
+            for (const BlockIndex block : now_.rows[row])
+                now_.left[block] -= width / 2;
+        }
     }
 
     bool siftRows()
@@ -72,38 +118,167 @@ private:
 
     void compare()
     {
-        const std::uint64_t crossings = countCrossings(chart_, now_);
-        if (crossings < fewest_) {
-            fewest_ = crossings;
+        const double cost = costOf(chart_, now_);
+        if (cost < least_) {
+            least_ = cost;
             best_ = now_;
         }
     }
 
     const Chart& chart_;
+    FamilyTree tree_;
     Placement placement_;
     Sweep sweep_;
     Sifting sifting_;
     Arrangement now_;
     Arrangement best_;
-    std::uint64_t fewest_ = 0;
+    double least_ = 0;
 };
+
+/// Of how many starts the whole search is made.
+std::size_t triesFor(const Chart& chart)
+{
+    return std::clamp<std::size_t>(3'000 / (chart.blocks() + 1), 1, 12);
+}
+
+/// Lets the springs have their way as far as that does not cost crossings.
+void straighten(const Chart& chart, Arrangement& arrangement)
+{
+    const double tolerated = costOf(chart, arrangement);
+    const double mostCrossings = 1.01 * static_cast<double>(countCrossings(chart, arrangement));
+    for (const int rounds : {40, 8, 2, 1}) {
+        Arrangement pulled = arrangement;
+        Placement placement(chart);
+        placement.easeBeyond(2);
+        placement.pull(pulled, rounds);
+        if (costOf(chart, pulled) > tolerated || static_cast<double>(countCrossings(chart, pulled)) > mostCrossings)
+            continue;
+        arrangement = pulled;
+        return;
+    }
+}
+
+/// How often all branches are tried: as often as comparisons of lines can be afforded, a certain number per block.
+int roundsFor(const Chart& chart)
+{
+    constexpr double affordable = 2'000;
+    constexpr double most = 12;
+    double comparisons = 1;
+    for (std::uint32_t row = 0; row < chart.rows; ++row)
+        comparisons += std::pow(static_cast<double>(chart.linesBelow[row].size()), 2);
+    return static_cast<int>(std::clamp(affordable * static_cast<double>(chart.blocks()) / comparisons, 1.0, most));
+}
+
+/// A chart walked from some blocks far apart in it; the best comes first.
+std::vector<std::unique_ptr<Search>> searchesOf(const Chart& chart)
+{
+    const std::size_t starts = startsFor(chart);
+    std::vector<std::unique_ptr<Search>> searches;
+    for (std::size_t start = 0; start < starts; ++start) {
+        const auto root = static_cast<BlockIndex>(chart.blocks() * start / starts);
+        searches.push_back(std::make_unique<Search>(chart, spanFrom(chart, root)));
+    }
+    std::ranges::stable_sort(searches, {}, [](const auto& search) { return search->cost(); });
+    searches.resize(std::min(starts, triesFor(chart)));
+    return searches;
+}
 
 } // namespace
 
-Arrangement orderFamilies(const Chart& chart)
+double costOf(const Chart& chart, const Arrangement& arrangement)
 {
-    Search search(chart);
-    search.sweep(passes(chart, 6, 2), 0);
-    search.sweep(passes(chart, 12, 4), 0.2);
-    search.returnToBest();
-    search.sift(passes(chart, 4, 1));
-    // A few sweeps to all sides shake the best order; what was a dead end may lead on from there.
-    for (int shake = passes(chart, 2, 0); shake > 0 && !search.done(); --shake) {
-        search.returnToBest();
-        search.sweep(4, 1);
-        search.sift(3);
+    constexpr double costOfLength = 0.07;
+    double length = 0;
+    for (const ChildLine& line : chart.lines) {
+        const StraightLine drawn(chart, arrangement, line);
+        length += std::abs(drawn.from - drawn.to);
     }
-    return search.best();
+    return static_cast<double>(countCrossings(chart, arrangement)) + costOfLength * length;
+}
+
+void setBounds(const Chart& chart, Arrangement& arrangement)
+{
+    std::vector<double> widths(chart.rows, 0);
+    for (BlockIndex block = 0; block < chart.blocks(); ++block)
+        widths[chart.rowOf[block]] += chart.width(block);
+    const double widest = *std::ranges::max_element(widths);
+    constexpr double slack = 40'000;
+    const double width = widest + std::min(1 + slack / (widest * widest), 2 + widest / 2);
+    arrangement.leftBound = -width / 2;
+    arrangement.rightBound = width / 2;
+}
+
+Arrangement arrangementAt(const Chart& chart, std::span<const double> places)
+{
+    struct Entry
+    {
+        std::uint32_t owner = 0;
+        BlockIndex block = 0;
+    };
+    std::vector<Entry> entries;
+    Arrangement arrangement;
+    double sum = 0;
+    for (BlockIndex block = 0; block < chart.blocks(); ++block) {
+        const auto members = chart.members[block];
+        double middle = 0;
+        for (const engine::PersonIndex member : members)
+            middle += places[member] / chart.width(block);
+        arrangement.left.push_back(middle - chart.middle(block));
+        arrangement.mirrored.push_back(places[members.front()] > places[members.back()]);
+        entries.push_back({chart.rowOf[block], block});
+        sum += middle;
+    }
+    for (double& left : arrangement.left)
+        left -= sum / static_cast<double>(chart.blocks());
+    arrangement.rows = sortIntoLists(chart.rows, entries, &Entry::block);
+    setBounds(chart, arrangement);
+    for (std::uint32_t row = 0; row < chart.rows; ++row) {
+        const auto blocks = arrangement.rows[row];
+        std::ranges::stable_sort(blocks, {}, [&](BlockIndex block) { return arrangement.middleOf(chart, block); });
+        std::vector<Wish> wishes;
+        for (const BlockIndex block : blocks)
+            wishes.push_back({arrangement.left[block], 1});
+        settleRow(chart, arrangement, row, wishes);
+    }
+    straighten(chart, arrangement);
+    return arrangement;
+}
+
+std::optional<Arrangement> orderFamilies(const Chart& chart, const Heard& heard)
+{
+    const auto searches = searchesOf(chart);
+    std::optional<Arrangement> best;
+    double least = std::numeric_limits<double>::infinity();
+    double done = 0;
+    const auto heardOfAll = [&](double share) {
+        return !heard || heard((done + share) / static_cast<double>(searches.size()));
+    };
+    for (const auto& search : searches) {
+        if (!heardOfAll(0))
+            return std::nullopt;
+        if (search->isPlane()) {
+            // Nothing is left to be untangled; the other starts could only do as well.
+            best = search->best();
+            straighten(chart, *best);
+            return best;
+        }
+        search->sweep(passes(chart, 6, 2), 0);
+        search->sweep(passes(chart, 8, 3), 0.2);
+        search->returnToBest();
+        search->sift(2);
+        search->returnToBest();
+        if (!search->moveBranches(roundsFor(chart), heardOfAll))
+            return std::nullopt;
+        Arrangement found = search->best();
+        straighten(chart, found);
+        const double cost = costOf(chart, found);
+        if (cost < least) {
+            best = std::move(found);
+            least = cost;
+        }
+        done += 1;
+    }
+    return best;
 }
 
 } // namespace lineara::layout

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace lineara::layout {
 
@@ -11,13 +12,12 @@ using engine::PersonIndex;
 
 namespace {
 
-constexpr std::int64_t emptyRow = std::numeric_limits<std::int64_t>::min() / 2;
-
-/// The person at the left end of a block as it stands.
-PersonIndex leftmostOf(const Chart& chart, const Arrangement& arrangement, BlockIndex block)
+/// The person at the left end of a block as it stands, and the one at the right end.
+std::pair<PersonIndex, PersonIndex> endsOf(const Chart& chart, const Arrangement& arrangement, BlockIndex block)
 {
     const auto members = chart.members[block];
-    return arrangement.mirrored[block] ? members.back() : members.front();
+    return arrangement.mirrored[block] ? std::pair(members.back(), members.front())
+                                       : std::pair(members.front(), members.back());
 }
 
 } // namespace
@@ -27,7 +27,7 @@ Packing::Packing(const std::vector<Generation>& rows, std::int32_t pitch)
 {
     std::ranges::sort(used_);
     used_.erase(std::unique(used_.begin(), used_.end()), used_.end());
-    ends_.assign(used_.size(), emptyRow);
+    taken_.resize(used_.size());
 }
 
 void Packing::addFamily(const Chart& chart, const Arrangement& arrangement)
@@ -35,15 +35,66 @@ void Packing::addFamily(const Chart& chart, const Arrangement& arrangement)
     const double origin = *std::ranges::min_element(arrangement.left);
     for (std::uint32_t row = 0; row < chart.rows; ++row)
         placeRow(chart, arrangement, row, origin);
-    const std::int64_t shift = shiftFor(chart, arrangement);
-    for (std::uint32_t row = 0; row < chart.rows; ++row) {
-        std::int64_t& end = ends_[ordinalOf(chart.members[arrangement.rows[row].front()].front())];
-        for (const BlockIndex block : arrangement.rows[row])
-            for (const PersonIndex person : chart.members[block]) {
-                edges_[person] += shift;
-                end = std::max(end, edges_[person] + pitch_);
-            }
+    measureRows(chart, arrangement);
+    std::int64_t end = 0;
+    for (const RowOfFamily& row : family_)
+        end = std::max(end, row.taken.last);
+    std::vector<RowOfFamily> mirrored = family_;
+    for (RowOfFamily& row : mirrored)
+        row.taken = {end - row.taken.last, end - row.taken.first};
+    const std::int64_t shift = roomFor(family_);
+    const std::int64_t shiftIfMirrored = roomFor(mirrored);
+    const bool mirror = shiftIfMirrored < shift;
+    for (BlockIndex block = 0; block < chart.blocks(); ++block)
+        for (const PersonIndex person : chart.members[block])
+            edges_[person] = mirror ? shiftIfMirrored + end - edges_[person] : shift + edges_[person];
+    for (const auto& [row, stretch] : mirror ? mirrored : family_) {
+        const std::int64_t by = mirror ? shiftIfMirrored : shift;
+        take(row, {stretch.first + by, stretch.last + by});
     }
+}
+
+void Packing::measureRows(const Chart& chart, const Arrangement& arrangement)
+{
+    family_.clear();
+    for (std::uint32_t row = 0; row < chart.rows; ++row) {
+        const PersonIndex first = endsOf(chart, arrangement, arrangement.rows[row].front()).first;
+        const PersonIndex last = endsOf(chart, arrangement, arrangement.rows[row].back()).second;
+        family_.push_back({ordinalOf(first), {edges_[first], edges_[last]}});
+    }
+}
+
+/// The least shift, not below 0, with which a family is clear of all others. Whoever is in the way is passed.
+std::int64_t Packing::roomFor(std::span<const RowOfFamily> family) const
+{
+    const std::int64_t clearance = pitch_ + pitch_ / 2;
+    std::int64_t shift = 0;
+    for (bool passed = true; passed;) {
+        passed = false;
+        for (const auto& [row, wanted] : family) {
+            const auto& taken = taken_[row];
+            auto inTheWay = std::ranges::partition_point(
+                taken, [&](const Stretch& other) { return other.last + clearance <= wanted.first + shift; });
+            for (; inTheWay != taken.end() && inTheWay->first < wanted.last + shift + clearance; ++inTheWay) {
+                shift = inTheWay->last + clearance - wanted.first;
+                passed = true;
+            }
+        }
+    }
+    return shift;
+}
+
+/// Stretches between which nobody finds room are joined, so that a row has few of them.
+void Packing::take(std::size_t row, Stretch stretch)
+{
+    const std::int64_t least = 3 * pitch_;
+    auto& taken = taken_[row];
+    auto first =
+        std::ranges::partition_point(taken, [&](const Stretch& other) { return other.last + least < stretch.first; });
+    auto next = first;
+    for (; next != taken.end() && next->first <= stretch.last + least; ++next)
+        stretch = {std::min(stretch.first, next->first), std::max(stretch.last, next->last)};
+    taken.insert(taken.erase(first, next), stretch);
 }
 
 // Turns places into whole points that keep the pitch within the row. Counted from the leftmost place, most are whole
@@ -66,24 +117,11 @@ void Packing::placeRow(const Chart& chart, const Arrangement& arrangement, std::
     }
 }
 
-std::int64_t Packing::shiftFor(const Chart& chart, const Arrangement& arrangement) const
-{
-    std::int64_t leftmost = std::numeric_limits<std::int64_t>::max();
-    std::int64_t shift = emptyRow;
-    for (std::uint32_t row = 0; row < chart.rows; ++row) {
-        const PersonIndex first = leftmostOf(chart, arrangement, arrangement.rows[row].front());
-        leftmost = std::min(leftmost, edges_[first]);
-        if (const std::int64_t end = ends_[ordinalOf(first)]; end != emptyRow)
-            shift = std::max(shift, end + pitch_ / 2 - edges_[first]);
-    }
-    return std::max(shift, -leftmost);
-}
-
 void Packing::addAlone(PersonIndex person)
 {
-    std::int64_t& end = ends_[ordinalOf(person)];
-    edges_[person] = std::max<std::int64_t>(end, 0);
-    end = edges_[person] + pitch_;
+    const std::size_t row = ordinalOf(person);
+    edges_[person] = taken_[row].empty() ? 0 : taken_[row].back().last + pitch_;
+    take(row, {edges_[person], edges_[person]});
 }
 
 std::vector<std::int32_t> Packing::leftEdges(std::int32_t margin) const

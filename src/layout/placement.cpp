@@ -41,15 +41,18 @@ std::vector<Cluster> clustersOf(const Chart& chart, std::span<const BlockIndex> 
 double settleRow(const Chart& chart, Arrangement& arrangement, std::uint32_t row, std::span<const Wish> wishes)
 {
     const auto blocks = arrangement.rows[row];
-    if (blocks.size() == 1)
-        return std::abs(std::exchange(arrangement.left[blocks[0]], wishes[0].left) - wishes[0].left);
     const std::vector<Cluster> clusters = clustersOf(chart, blocks, wishes);
+    double rowWidth = 0;
+    for (const BlockIndex block : blocks)
+        rowWidth += chart.width(block);
+    // The best places within bounds are those without, brought back to the bounds.
+    const double last = std::max(arrangement.leftBound, arrangement.rightBound - rowWidth);
     double farthest = 0;
     double taken = 0;
     for (std::size_t index = 0, cluster = 0; index < blocks.size(); ++index) {
         if (cluster + 1 < clusters.size() && clusters[cluster + 1].first == index)
             ++cluster;
-        const double left = clusters[cluster].place + taken;
+        const double left = std::clamp(clusters[cluster].place, arrangement.leftBound, last) + taken;
         farthest = std::max(farthest, std::abs(std::exchange(arrangement.left[blocks[index]], left) - left));
         taken += chart.width(blocks[index]);
     }
@@ -61,8 +64,8 @@ double Placement::pullRow(Arrangement& arrangement, std::uint32_t row, double st
     wishes_.clear();
     for (const BlockIndex block : arrangement.rows[row]) {
         Pull pull;
-        pull.add(chart_, arrangement, block, chart_.springsUp[block]);
-        pull.add(chart_, arrangement, block, chart_.springsDown[block]);
+        addPulls(pull, arrangement, block, chart_.springsUp[block]);
+        addPulls(pull, arrangement, block, chart_.springsDown[block]);
         const double now = arrangement.left[block];
         if (pull.weight > 0)
             wishes_.push_back({now + stride * (pull.left() - now), pull.weight});
@@ -70,6 +73,21 @@ double Placement::pullRow(Arrangement& arrangement, std::uint32_t row, double st
             wishes_.push_back({now, weightOfTheUntied});
     }
     return settleRow(chart_, arrangement, row, wishes_);
+}
+
+void Placement::addPulls(Pull& pull, const Arrangement& arrangement, BlockIndex block,
+                         std::span<const Spring> springs) const
+{
+    if (eased_ == 0) {
+        pull.add(chart_, arrangement, block, springs);
+        return;
+    }
+    for (std::size_t index = 0; index < springs.size(); ++index) {
+        const Spring& spring = springs[index];
+        const double length =
+            arrangement.placeOf(chart_, {block, spring.own}) - arrangement.placeOf(chart_, spring.other);
+        pull.add(chart_, arrangement, block, springs.subspan(index, 1), eased_ / std::max(std::abs(length), eased_));
+    }
 }
 
 void Placement::pull(Arrangement& arrangement, int rounds)

@@ -28,6 +28,10 @@ class Placement
 public:
     explicit Placement(const Chart& chart) : chart_(chart) {}
 
+    /// From now on springs longer than `length` pull no harder than one of that length: long lines, of which each is
+    /// in somebody's way, no longer bring all others out of place.
+    void easeBeyond(double length) { eased_ = length; }
+
     /// Pulls one row to where its springs are in balance. `stride` 1 stops there, a greater one (below 2) goes beyond
     /// by that factor, which reaches the balance of all rows sooner. Returns the farthest move of a block.
     double pullRow(Arrangement& arrangement, std::uint32_t row, double stride = 1);
@@ -36,7 +40,10 @@ public:
     void pull(Arrangement& arrangement, int rounds);
 
 private:
+    void addPulls(Pull& pull, const Arrangement& arrangement, BlockIndex block, std::span<const Spring> springs) const;
+
     const Chart& chart_;
+    double eased_ = 0;
     std::vector<Wish> wishes_;
 };
 

@@ -1,7 +1,7 @@
 #include "chart.h"
 #include "crossings.h"
-#include "descent_order.h"
 #include "family_sketch.h"
+#include "family_walk.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +45,7 @@ TEST(CountCrossings, TwoCrossedChildrenCrossOnce)
     sketch.bear(3, {1});
     const FamilyGraph graph = sketch.graph();
     const Chart chart = chartOf(graph, sketch.generations());
-    Arrangement arrangement = descentOrder(chart);
+    Arrangement arrangement = walkOrder(chart, spanFrom(chart, 0));
     EXPECT_EQ(countCrossings(chart, arrangement), 0U);
     std::swap(arrangement.left[2], arrangement.left[3]);
     EXPECT_EQ(countCrossings(chart, arrangement), 1U);
@@ -61,7 +61,7 @@ TEST(CountCrossings, SameAsComparingEveryPair)
             row = std::max(row, 0);
         const FamilyGraph graph = sketch.graph();
         const Chart chart = chartOf(graph, rows);
-        const Arrangement arrangement = descentOrder(chart);
+        const Arrangement arrangement = walkOrder(chart, spanFrom(chart, 0));
         ASSERT_EQ(countCrossings(chart, arrangement), crossingsPairByPair(chart, arrangement)) << "round " << round;
     }
 }

@@ -1,6 +1,6 @@
 #include "family_sketch.h"
 
-#include "layout/first_order.h"
+#include "layout/tidy.h"
 
 #include <algorithm>
 
@@ -131,9 +131,18 @@ Sketch largeFamily(Random& random, std::uint32_t rows, std::uint32_t personsInRo
     return sketch;
 }
 
+std::vector<std::int32_t> tidied(const FamilyGraph& family, const std::vector<Generation>& generations,
+                                 std::int32_t leftMargin)
+{
+    TidyTask task{family, generations};
+    task.pitch = pitch;
+    task.margin = leftMargin;
+    return tidy(task).value();
+}
+
 std::vector<std::int32_t> order(const Sketch& sketch, std::int32_t leftMargin)
 {
-    return firstOrder(sketch.graph(), sketch.generations(), pitch, leftMargin);
+    return tidied(sketch.graph(), sketch.generations(), leftMargin);
 }
 
 } // namespace lineara::layout::sketch

@@ -55,7 +55,10 @@ Sketch largeFamily(Random& random, std::uint32_t rows, std::uint32_t personsInRo
 inline constexpr std::int32_t pitch = 152;
 inline constexpr std::int32_t margin = 160;
 
-/// The family in its first order.
+std::vector<std::int32_t> tidied(const FamilyGraph& family, const std::vector<Generation>& generations,
+                                 std::int32_t leftMargin);
+
+/// The family tidied up.
 std::vector<std::int32_t> order(const Sketch& sketch, std::int32_t leftMargin = margin);
 
 } // namespace lineara::layout::sketch

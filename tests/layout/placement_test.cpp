@@ -1,5 +1,5 @@
-#include "descent_order.h"
 #include "family_sketch.h"
+#include "family_walk.h"
 #include "placement.h"
 
 #include <gmock/gmock.h>
@@ -23,7 +23,7 @@ struct SingleRow
             everybody.push_back(sketch.person(1));
         const FamilyGraph graph = sketch.graph();
         chart = ChartBuilder(graph, sketch.generations()).build(everybody);
-        arrangement = descentOrder(chart);
+        arrangement = walkOrder(chart, spanFrom(chart, 0));
     }
 
     Sketch sketch;

@@ -1,7 +1,7 @@
 #include "family_sketch.h"
 
 #include "engine/process.h"
-#include "layout/first_order.h"
+#include "layout/tidy.h"
 
 #include <gmock/gmock.h>
 
@@ -12,7 +12,7 @@ namespace {
 
 using namespace sketch;
 
-TEST(FirstOrderOfAProcessedFamily, FivePersonsStandAsTheirGenerationsSay)
+TEST(TidyOfAProcessedFamily, FivePersonsStandAsTheirGenerationsSay)
 {
     Sketch sketch;
     for (int person = 0; person < 5; ++person)
@@ -25,11 +25,11 @@ TEST(FirstOrderOfAProcessedFamily, FivePersonsStandAsTheirGenerationsSay)
     const auto result = engine::process(graph);
     ASSERT_TRUE(result.has_value());
     const std::int32_t half = pitch / 2;
-    EXPECT_THAT(firstOrder(graph, result->generations, pitch, margin),
+    EXPECT_THAT(tidied(graph, result->generations, margin),
                 testing::ElementsAre(margin, margin + pitch, margin + half, margin + half + pitch, margin + pitch));
 }
 
-TEST(FirstOrderOfAProcessedFamily, NobodyOverlapsInTheRowsOfTheEngine)
+TEST(TidyOfAProcessedFamily, NobodyOverlapsInTheRowsOfTheEngine)
 {
     Random random(10);
     for (int round = 0; round < 300; ++round) {
@@ -37,7 +37,7 @@ TEST(FirstOrderOfAProcessedFamily, NobodyOverlapsInTheRowsOfTheEngine)
         const FamilyGraph graph = sketch.graph();
         const auto result = engine::process(graph);
         ASSERT_TRUE(result.has_value());
-        const auto x = firstOrder(graph, result->generations, pitch, margin);
+        const auto x = tidied(graph, result->generations, margin);
         for (std::vector<PersonIndex> row : result->rows) {
             std::ranges::sort(row, {}, [&](PersonIndex person) { return x[person]; });
             for (std::size_t next = 1; next < row.size(); ++next)

@@ -1,6 +1,6 @@
 #include "family_sketch.h"
 
-#include "layout/first_order.h"
+#include "layout/tidy.h"
 
 #include <gmock/gmock.h>
 
@@ -12,19 +12,19 @@ namespace {
 using namespace sketch;
 using testing::ElementsAre;
 
-TEST(FirstOrder, EmptyFamilyHasNoPlaces)
+TEST(Tidy, EmptyFamilyHasNoPlaces)
 {
     EXPECT_TRUE(order(Sketch()).empty());
 }
 
-TEST(FirstOrder, OnePersonStandsAtTheMargin)
+TEST(Tidy, OnePersonStandsAtTheMargin)
 {
     Sketch sketch;
     sketch.person(engine::noGeneration);
     EXPECT_THAT(order(sketch), ElementsAre(margin));
 }
 
-TEST(FirstOrder, TwoPartnersStandSideBySide)
+TEST(Tidy, TwoPartnersStandSideBySide)
 {
     Sketch sketch;
     const PersonIndex one = sketch.person(1);
@@ -32,7 +32,7 @@ TEST(FirstOrder, TwoPartnersStandSideBySide)
     EXPECT_THAT(order(sketch), ElementsAre(margin, margin + pitch));
 }
 
-TEST(FirstOrder, ThreeGenerationsOfFivePersonsStandCentredBelowEachOther)
+TEST(Tidy, ThreeGenerationsOfFivePersonsStandCentredBelowEachOther)
 {
     Sketch sketch;
     const PersonIndex grandfather = sketch.person(3);
@@ -49,7 +49,7 @@ TEST(FirstOrder, ThreeGenerationsOfFivePersonsStandCentredBelowEachOther)
                 ElementsAre(margin, margin + pitch, margin + pitch / 2, margin + pitch / 2 + pitch, margin + pitch));
 }
 
-TEST(FirstOrder, ParentsStandAboveTheMiddleOfTheirChildren)
+TEST(Tidy, ParentsStandAboveTheMiddleOfTheirChildren)
 {
     Sketch sketch;
     const PersonIndex father = sketch.person(2);
@@ -63,7 +63,7 @@ TEST(FirstOrder, ParentsStandAboveTheMiddleOfTheirChildren)
     EXPECT_EQ(x[6], margin + 4 * pitch);
 }
 
-TEST(FirstOrder, ChildrenOfOneParentKeepTheOrderOfTheirLinks)
+TEST(Tidy, ChildrenOfOneParentKeepTheOrderOfTheirLinks)
 {
     Sketch sketch;
     const PersonIndex parent = sketch.person(2);
@@ -72,7 +72,7 @@ TEST(FirstOrder, ChildrenOfOneParentKeepTheOrderOfTheirLinks)
     EXPECT_THAT(order(sketch), ElementsAre(margin + pitch, margin, margin + pitch, margin + 2 * pitch));
 }
 
-TEST(FirstOrder, PersonStandsBetweenTwoPartners)
+TEST(Tidy, PersonStandsBetweenTwoPartners)
 {
     Sketch sketch;
     const PersonIndex first = sketch.person(1);
@@ -85,7 +85,7 @@ TEST(FirstOrder, PersonStandsBetweenTwoPartners)
     EXPECT_EQ(std::abs(x[first] - x[second]), 2 * pitch);
 }
 
-TEST(FirstOrder, CoupleTurnsSoThatEachStandsOnTheSideOfItsOwnParents)
+TEST(Tidy, CoupleTurnsSoThatEachStandsOnTheSideOfItsOwnParents)
 {
     Sketch sketch;
     const PersonIndex leftParent = sketch.person(2);
@@ -99,7 +99,7 @@ TEST(FirstOrder, CoupleTurnsSoThatEachStandsOnTheSideOfItsOwnParents)
     EXPECT_EQ(x[leftParent] < x[rightParent], x[leftChild] < x[rightChild]);
 }
 
-TEST(FirstOrder, CousinsWhoMarryStandBetweenTheirFamilies)
+TEST(Tidy, CousinsWhoMarryStandBetweenTheirFamilies)
 {
     Sketch sketch;
     const PersonIndex root = sketch.person(3);
@@ -120,7 +120,7 @@ TEST(FirstOrder, CousinsWhoMarryStandBetweenTheirFamilies)
     EXPECT_LT(std::min(x[4], x[6]), std::min(x[cousin], x[child]));
 }
 
-TEST(FirstOrder, UnlinkedPersonsStandInTheirRowFromLeftToRight)
+TEST(Tidy, UnlinkedPersonsStandInTheirRowFromLeftToRight)
 {
     Sketch sketch;
     const PersonIndex one = sketch.person(2);
@@ -130,7 +130,7 @@ TEST(FirstOrder, UnlinkedPersonsStandInTheirRowFromLeftToRight)
     EXPECT_THAT(order(sketch), ElementsAre(margin, margin + pitch, margin, margin + pitch));
 }
 
-TEST(FirstOrder, UnlinkedPersonsStandBehindRelativesWhoWereKeptInTheLowestRow)
+TEST(Tidy, UnlinkedPersonsStandBehindRelativesWhoWereKeptInTheLowestRow)
 {
     Sketch sketch;
     const PersonIndex one = sketch.person(-3);
@@ -139,7 +139,7 @@ TEST(FirstOrder, UnlinkedPersonsStandBehindRelativesWhoWereKeptInTheLowestRow)
     EXPECT_THAT(order(sketch), ElementsAre(margin, margin + 2 * pitch, margin + pitch));
 }
 
-TEST(FirstOrder, LargestFamilyStandsFirst)
+TEST(Tidy, LargestFamilyStandsFirst)
 {
     Sketch sketch;
     const PersonIndex one = sketch.person(1);
@@ -152,7 +152,7 @@ TEST(FirstOrder, LargestFamilyStandsFirst)
     EXPECT_EQ(x[one], margin + 3 * pitch + pitch / 2);
 }
 
-TEST(FirstOrder, OneSidedAndSelfLinksDoNoHarm)
+TEST(Tidy, OneSidedAndSelfLinksDoNoHarm)
 {
     FamilyGraph family;
     family.members = 3;
@@ -163,7 +163,7 @@ TEST(FirstOrder, OneSidedAndSelfLinksDoNoHarm)
                 links->add(person == 0 ? 1 : person);
             links->endPerson();
         }
-    EXPECT_THAT(firstOrder(family, {1, 1, 1}, pitch, 0), testing::UnorderedElementsAre(0, pitch, 2 * pitch + 0));
+    EXPECT_THAT(tidied(family, {1, 1, 1}, 0), testing::UnorderedElementsAre(0, pitch, 2 * pitch + 0));
 }
 
 } // namespace

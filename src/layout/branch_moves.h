@@ -1,0 +1,86 @@
+#pragma once
+
+#include "arrangement.h"
+#include "family_walk.h"
+#include "placement.h"
+
+#include <cstdint>
+#include <span>
+#include <utility>
+#include <vector>
+
+namespace lineara::layout {
+
+/// Moves whole branches of a family sideways, or mirrors them, where fewer child lines cross then. Lines count straight
+/// as they are drawn, in all the rows that they pass.
+class BranchMoves
+{
+public:
+    /// Both must outlive the moves.
+    BranchMoves(const Chart& chart, const FamilyTree& tree);
+
+    /// Tries, row by row, for every block with its branch of the tree some places near its relatives and its
+    /// neighbours, and takes the best. A branch of more than `largest` blocks is left to move block by block.
+    void goOver(Arrangement& arrangement, std::size_t largest, bool downwards);
+
+private:
+    /// The pieces of a line: `first` is the number of the one that leads on from row `top`.
+    struct Pieces
+    {
+        std::uint32_t top = 0;
+        std::uint32_t bottom = 0;
+        std::uint32_t first = 0;
+    };
+
+    /// A move of the chosen branch: mirrored about the middle of its first block if wanted, then shifted.
+    struct Move
+    {
+        double shift = 0;
+        bool mirror = false;
+    };
+
+    void numberPieces();
+    void tryRow(std::uint32_t row, std::size_t largest);
+    void tryBranch(BlockIndex block);
+    void chooseBranch(BlockIndex block, std::size_t largest);
+    void liftLines();
+    void lowerLines();
+    void drawLine(std::uint32_t line);
+    void findTargets();
+    double placeBetween(std::size_t slot, double target) const;
+    double costOf(const Move& move) const;
+    std::int64_t crossingsOf(std::uint32_t line, float from, float to) const;
+    double placeAfter(const Move& move, const Anchor& anchor) const;
+    void carryOut(const Move& move);
+    void settleMovedRows();
+    bool isChosen(BlockIndex block) const { return chosenIn_[block] == choice_; }
+
+    const Chart& chart_;
+    const FamilyTree& tree_;
+    Placement placement_;
+    Arrangement* arrangement_ = nullptr;
+    Lists<std::uint32_t> linesOf_;
+    std::vector<Pieces> pieces_;
+    /// Where the pieces stand in `upper_` and `lower_`, which hold all pieces of a row together; NaN while lifted.
+    std::vector<std::uint32_t> standsAt_;
+    std::vector<std::uint32_t> rowBegins_;
+    std::vector<float> upper_;
+    std::vector<float> lower_;
+    /// The chosen blocks, the first of which leads, and all lines that end at one of them.
+    std::vector<BlockIndex> chosen_;
+    std::vector<std::uint32_t> lines_;
+    std::uint32_t choice_ = 0;
+    std::vector<std::uint32_t> chosenIn_;
+    std::vector<std::uint32_t> liftedIn_;
+    double leadersMiddle_ = 0;
+    /// The blocks of the row from left to right, by their middles.
+    std::vector<std::pair<double, BlockIndex>> standing_;
+    std::size_t leadersSlot_ = 0;
+    std::vector<double> targets_;
+    std::vector<std::size_t> triedSlots_;
+    std::vector<BlockIndex> blocksOfRow_;
+    std::vector<bool> hasMoved_;
+    std::vector<std::uint32_t> movedRows_;
+};
+
+} // namespace lineara::layout
