@@ -1,0 +1,14 @@
+#pragma once
+
+#include "engine/family_graph.h"
+
+#include <vector>
+
+namespace lineara::kinship {
+
+/// Everybody the person is descended from, and everybody descended from the person; without the person. Each once, the
+/// nearest first. Time is linear in those found and their links.
+std::vector<engine::PersonIndex> ancestorsOf(const engine::FamilyGraph& family, engine::PersonIndex person);
+std::vector<engine::PersonIndex> descendantsOf(const engine::FamilyGraph& family, engine::PersonIndex person);
+
+} // namespace lineara::kinship
