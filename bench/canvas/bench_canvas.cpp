@@ -114,6 +114,15 @@ void print(const char* what, Times times)
     std::printf("  %-10s median %6.2f   99th percentile %6.2f\n", what, times.quantile(0.5), times.quantile(0.99));
 }
 
+void printFrames(TreeView& view)
+{
+    print("scrolling", scrolling(view));
+    print("zooming", zooming(view));
+    print("at 100 %", resting(view, 1));
+    print("at 50 %", resting(view, 0.5));
+    print("fit", fitting(view));
+}
+
 void measure(std::uint32_t persons)
 {
     const auto context = madeFamily(persons);
@@ -144,11 +153,14 @@ void measure(std::uint32_t persons)
     std::printf("%u persons\n  build %.2f   first paint %.2f   together %.2f\n", persons, building, firstPaint,
                 building + firstPaint);
     std::printf("  bytes a person %.0f, with the first picture %.0f\n", bytes / members, bytesDrawn / members);
-    print("scrolling", scrolling(*view));
-    print("zooming", zooming(*view));
-    print("at 100 %", resting(*view, 1));
-    print("at 50 %", resting(*view, 0.5));
-    print("fit", fitting(*view));
+    printFrames(*view);
+    std::vector<RecordId> half;
+    for (const Person* const person : pool.persons()) {
+        if (person->recordId().number % 2 == 0)
+            half.push_back(person->recordId());
+    }
+    std::printf("  half of them highlighted, in %.2f\n", millisecondsOf([&] { view->setHighlight(half); }));
+    printFrames(*view);
     std::fflush(stdout);
 }
 

@@ -2,7 +2,9 @@
 
 #include "canvas/placement.h"
 #include "elements/leaf_view.h"
+#include "model/object_context.h"
 #include "model/person.h"
+#include "model/pool.h"
 
 #include <algorithm>
 #include <utility>
@@ -27,8 +29,10 @@ void FamilyScene::addNode(LeafView& node)
 
 void FamilyScene::removePerson(Person& person)
 {
-    if (person.leafView())
+    if (person.leafView()) {
+        person.leafView()->setHighlighted(false);
         personLayer_.removeNode(*person.leafView());
+    }
     branchLayer_.removeLayersOf(person);
     linksRenumbered();
     bounds_.allMoved();
@@ -55,6 +59,37 @@ void FamilyScene::syncLinks(const std::function<bool(const Person&)>& isHidden)
 bool FamilyScene::shows(const Person& person) const
 {
     return person.leafView() && personLayer_.contains(*person.leafView());
+}
+
+void FamilyScene::setHighlight(std::span<const RecordId> persons)
+{
+    clearHighlight();
+    for (const RecordId id : persons) {
+        if (Person* const person = pool().context().person(id); person && shows(*person))
+            person->leafView()->setHighlighted(true);
+    }
+    isHighlighting_ = true;
+}
+
+void FamilyScene::clearHighlight()
+{
+    if (!std::exchange(isHighlighting_, false))
+        return;
+    for (LeafView* const node : personLayer_.nodes())
+        node->setHighlighted(false);
+}
+
+bool FamilyScene::standsOut(const LeafView& node)
+{
+    return node.isHighlighted() || node.infoView().isFocused();
+}
+
+bool FamilyScene::standsOut(const LinkLayer& link)
+{
+    const auto isHighlighted = [](const Person* person) {
+        return person && person->leafView() && person->leafView()->isHighlighted();
+    };
+    return link.isSelected() || (isHighlighted(link.source()) && isHighlighted(link.target()));
 }
 
 void FamilyScene::nodeMoved(const LeafView& node)

@@ -16,10 +16,11 @@ QRgb pixelOf(const QColor& colour)
 
 } // namespace
 
-LinkRaster::LinkRaster(QPainter& painter)
+LinkRaster::LinkRaster(QPainter& painter, Ground ground)
     : painter_(painter), density_(painter.device()->devicePixelRatioF()),
       toPixels_(painter.worldTransform() * QTransform::fromScale(density_, density_)),
-      pixels_(QSize(painter.device()->width(), painter.device()->height()) * density_, qRgb(255, 255, 255)),
+      pixels_(QSize(painter.device()->width(), painter.device()->height()) * density_,
+              ground == Ground::White ? qRgb(255, 255, 255) : qRgba(0, 0, 0, 0)),
       partner_{pixelOf(colours::partnerStroke()), pixelOf(colours::partnerFill())},
       offspring_{pixelOf(colours::offspringStroke()), pixelOf(colours::offspringFill())},
       selectedStroke_(pixelOf(colours::selectedStroke()))

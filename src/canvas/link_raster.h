@@ -5,17 +5,26 @@
 
 #include <QTransform>
 
+#include <cstdint>
+
 class QPainter;
 
 namespace lineara {
 
 /// Links without smooth edges on the white of the canvas, gathered as pixels and put into the picture at once: for
-/// views in which links are thin, and for pictures that move on at once. Covers what was painted before.
+/// views in which links are thin, and for pictures that move on at once. On the white ground it covers what was painted
+/// before.
 class LinkRaster
 {
 public:
+    enum class Ground : std::uint8_t
+    {
+        White,
+        Clear ///< what was painted before shows through
+    };
+
     /// Takes the painter's transform; the painter draws on a device of pixels.
-    explicit LinkRaster(QPainter& painter);
+    LinkRaster(QPainter& painter, Ground ground);
 
     /// From centre to centre; the selected one will lie above all others.
     void addAsLine(const LinkLayer& link);

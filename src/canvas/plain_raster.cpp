@@ -73,7 +73,8 @@ int firstMiddleFrom(double place, int count)
 } // namespace
 
 PlainRaster::PlainRaster(QSize size, QRgb ground)
-    : ground_(ground), image_(size, QImage::Format_RGB32), pixels_(reinterpret_cast<QRgb*>(image_.bits())),
+    : ground_(ground), image_(size, qAlpha(ground) == 255 ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied),
+      pixels_(reinterpret_cast<QRgb*>(image_.bits())),
       stride_(image_.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb)))
 {
     image_.fill(ground);

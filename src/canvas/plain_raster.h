@@ -16,7 +16,7 @@ namespace lineara {
 class PlainRaster
 {
 public:
-    /// Starts out in one opaque colour.
+    /// Starts out in one colour, which is opaque or wholly transparent.
     PlainRaster(QSize size, QRgb ground);
 
     /// Colours the pixels from one point to the other, both included, as far as they lie within the image, as if they

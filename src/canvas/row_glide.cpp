@@ -1,11 +1,13 @@
 #include "canvas/row_glide.h"
 
 #include "elements/leaf_view.h"
+#include "model/person.h"
 
 #include <QEasingCurve>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace lineara {
 
@@ -30,11 +32,15 @@ RowGlide::RowGlide(std::function<void(const std::vector<Move>&)> moved, std::fun
 void RowGlide::start(std::vector<Move> moves)
 {
     animation_.stop();
+    standInPlaces();
     moves_ = std::move(moves);
-    if (moves_.empty())
+    if (moves_.empty()) {
         finished_();
-    else
-        animation_.start();
+        return;
+    }
+    // Who goes sideways stands at the end of the way already.
+    moveTo(0);
+    animation_.start();
 }
 
 void RowGlide::finish()
@@ -52,6 +58,14 @@ std::optional<double> RowGlide::goalOf(const LeafView& node) const
     return move == moves_.end() ? std::nullopt : std::optional(move->to);
 }
 
+void RowGlide::standInPlaces()
+{
+    for (Move& move : moves_) {
+        if (std::exchange(move.aside, 0) != 0)
+            move.node->updateXConstraint();
+    }
+}
+
 void RowGlide::forget(const LeafView& node)
 {
     std::erase_if(moves_, [&](const Move& move) { return move.node == &node; });
@@ -59,8 +73,11 @@ void RowGlide::forget(const LeafView& node)
 
 void RowGlide::moveTo(double progress)
 {
-    for (const Move& move : moves_)
+    for (const Move& move : moves_) {
         move.node->setYConstant(std::lerp(move.from, move.to, progress));
+        if (move.aside != 0)
+            move.node->setXConstant(move.node->person().x().value_or(0) + std::lerp(move.aside, 0.0, progress));
+    }
     moved_(moves_);
 }
 

@@ -1,7 +1,7 @@
 #include "canvas/tree_view.h"
 
-#include "canvas/first_places.h"
 #include "canvas/placement.h"
+#include "canvas/tidying.h"
 #include "canvas_gestures.h"
 #include "elements/notifications.h"
 #include "elements/random_source.h"

@@ -73,7 +73,7 @@ void TreeView::mousePressEvent(QMouseEvent* event)
 {
     if (gestures_->isHolding() && event->button() != Qt::LeftButton)
         return;
-    if (!navigation_.press(*event) && event->button() == Qt::LeftButton)
+    if (!navigation_.press(*event) && event->button() == Qt::LeftButton && !pressToCompare(*event))
         gestures_->press(event->position());
     setPointerHold(gestures_->isHoldingNode() ? PointerHold::Node : PointerHold::Canvas);
     updateCursor();
@@ -122,6 +122,8 @@ bool TreeView::pressKey(const QKeyEvent& event)
         setPointerHold(PointerHold::Canvas);
         return true;
     }
+    if (event.key() == Qt::Key_Escape && dismissHighlight())
+        return true;
     if (navigation_.key(event))
         return true;
     if (gestures_->isHolding() || (event.modifiers() & ~Qt::KeypadModifier))

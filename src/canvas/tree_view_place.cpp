@@ -38,6 +38,13 @@ std::optional<SeenPart> TreeView::seenPart() const
     return SeenPart{nearest.person().recordId(), middle.x - place.x, middle.y - place.y, view_.zoom()};
 }
 
+void TreeView::showAgain(const SeenPart& part)
+{
+    layOutContent();
+    if (showPart(part))
+        viewMoved();
+}
+
 void TreeView::startAt(const SeenPart& part)
 {
     startPart_ = part;

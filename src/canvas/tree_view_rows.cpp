@@ -51,7 +51,7 @@ std::vector<RowGlide::Move> TreeView::movesToRows()
         const double to = rowConstant(generation);
         if (!generation || from == to)
             continue;
-        if (!reducedMotion_ && comesIntoView(*node, from, to))
+        if (!reducedMotion_ && comesIntoView(*node, {0, from - to}))
             moves.push_back({node, from, to});
         else
             node->setYConstant(to);
@@ -59,12 +59,44 @@ std::vector<RowGlide::Move> TreeView::movesToRows()
     return moves;
 }
 
-bool TreeView::comesIntoView(const LeafView& node, double from, double to) const
+/// `way` leads from where the node is to where it goes or comes from, right and up.
+bool TreeView::comesIntoView(const LeafView& node, QPointF way) const
 {
     const Frame frame = node.frame();
-    const double lowest = std::min(frame.y, frame.y + from - to);
-    const QRectF swept = toPicture(Frame{frame.x, lowest, frame.width, frame.height + std::abs(to - from)});
-    return swept.intersects(toPicture(view_.visible()));
+    const Frame swept{frame.x + std::min(way.x(), 0.0), frame.y + std::min(way.y(), 0.0),
+                      frame.width + std::abs(way.x()), frame.height + std::abs(way.y())};
+    return toPicture(swept).intersects(toPicture(view_.visible()));
+}
+
+void TreeView::movePersons(std::span<Person* const> persons, std::span<const std::optional<std::int32_t>> places)
+{
+    settle();
+    const auto seen = seenPart();
+    std::vector<double> before;
+    for (const LeafView* const node : scene_.personLayer().nodes())
+        before.push_back(node->xConstraint()->constant);
+    const double left = view_.visible().x;
+    pool().context().setMany(PersonAttribute::X, persons, places);
+    if (seen)
+        showAgain(*seen);
+    for (double& place : before)
+        place += view_.visible().x - left;
+    if (!reducedMotion_)
+        glide_.start(movesSideways(before));
+    drawInHaste();
+}
+
+/// `before` holds where the nodes were in the view.
+std::vector<RowGlide::Move> TreeView::movesSideways(const std::vector<double>& before) const
+{
+    std::vector<RowGlide::Move> moves;
+    for (LeafView* const node : scene_.personLayer().nodes()) {
+        const double aside = before[node->index()] - node->xConstraint()->constant;
+        const double height = node->yConstraint()->constant;
+        if (aside != 0 && comesIntoView(*node, {aside, 0}))
+            moves.push_back({node, height, height, aside});
+    }
+    return moves;
 }
 
 void TreeView::nodesGlided(const std::vector<RowGlide::Move>& moves)
@@ -85,6 +117,7 @@ void TreeView::glideEnded()
 Frame TreeView::frameAtRest(const LeafView& node) const
 {
     Frame frame = node.frame();
+    frame.x = node.person().x().value_or(0);
     frame.y = lineara::toCanvas(QPointF(0, glide_.goalOf(node).value_or(node.yConstraint()->constant))).y;
     return frame;
 }

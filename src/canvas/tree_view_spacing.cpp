@@ -110,6 +110,7 @@ void TreeView::runRequested()
 
 void TreeView::updateConstraints(ShiftCause cause)
 {
+    glide_.standInPlaces();
     if (std::exchange(membersStale_, false))
         syncNodes();
     constrainRowsOfResized();

@@ -46,7 +46,7 @@ void LinkPainter::paint(const LinkLayer& link)
 {
     const Look& look = link.isPartnerLink() ? partner_ : offspring_;
     setAntialiasing(isSmooth_ && link.bounds().width <= greatestSmoothWidth_);
-    painter_.setPen(link.isSelected() ? selected_ : look.outline);
+    painter_.setPen(showsSelection_ && link.isSelected() ? selected_ : look.outline);
     painter_.setBrush(look.fill);
     painter_.drawPath(link.path());
 }

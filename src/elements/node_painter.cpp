@@ -1,5 +1,6 @@
 #include "elements/node_painter.h"
 
+#include "elements/colours.h"
 #include "elements/leaf_view.h"
 #include "model/person.h"
 #include "node_shapes.h"
@@ -113,7 +114,10 @@ void NodePainter::paint(QPainter& painter, const LeafView& node, Detail detail)
 
 void NodePainter::paintShapes(QPainter& painter, const LeafView& node)
 {
-    paintPanel(painter, toPicture(node.infoFrame()), node.infoView().backgroundColor(), node.infoView().borderColor());
+    const bool isDocument = medium_ == Medium::Document;
+    const LeafInfoView& info = node.infoView();
+    paintPanel(painter, toPicture(node.infoFrame()), info.backgroundColor(),
+               isDocument ? colours::panelBorder() : info.borderColor());
     const LeafImageView& image = node.imageView();
     if (image.leafOpacity() > 0) {
         painter.translate(leafOrigin(node));
@@ -124,7 +128,7 @@ void NodePainter::paintShapes(QPainter& painter, const LeafView& node)
         paintPicture(painter, image.imageLayer(), toPicture(node.imageFrame()));
     }
     for (const ConnectorView* handle : {&node.partnerHandle(), &node.childHandle()})
-        paintHandle(painter, toPicture(handle->circle()), handle->circleFill());
+        paintHandle(painter, toPicture(handle->circle()), isDocument ? handle->fillColor() : handle->circleFill());
 }
 
 // Pixmaps are drawn pixel by pixel, so each is put at the nearest whole one.

@@ -13,25 +13,32 @@ class QPainter;
 namespace lineara {
 
 class FamilyScene;
+struct PicturePart;
 
 /// Draws what a family shows in an area: links, above them the rubber band, above all the nodes. Screen, files and
 /// printers all draw through it; what only a gesture shows is left out of files and prints.
 class CanvasPainter
 {
 public:
-    explicit CanvasPainter(NodePainter::Medium medium = NodePainter::Medium::Screen) : medium_(medium), nodes_(medium)
+    /// Draws everybody, or `part`, which must outlive the painter.
+    explicit CanvasPainter(NodePainter::Medium medium = NodePainter::Medium::Screen, const PicturePart* part = nullptr)
+        : medium_(medium), part_(part), nodes_(medium)
     {}
 
     /// `painter` stands in picture coordinates and `area` is given in them. Smooth edges of links are most of what a
-    /// picture costs: while it moves on at once they are left out. Returns the indices of the links drawn by their
-    /// paths, ascending.
+    /// picture costs: while it moves on at once they are left out. On a screen, what is not highlighted lies behind a
+    /// veil. Returns the indices of the links drawn by their paths, ascending.
     std::vector<std::uint32_t> paint(QPainter& painter, const FamilyScene& scene, const QRectF& area, Detail detail,
                                      Motion motion = Motion::Still);
 
 private:
-    void paintNodes(QPainter& painter, const FamilyScene& scene, const QRectF& area, Detail detail, Motion motion);
+    struct Picture;
+
+    std::vector<std::uint32_t> paintHalf(const Picture& picture);
+    void paintNodes(const Picture& picture);
 
     NodePainter::Medium medium_;
+    const PicturePart* part_;
     NodePainter nodes_;
 };
 

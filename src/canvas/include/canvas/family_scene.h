@@ -4,10 +4,12 @@
 #include "canvas/node_bounds.h"
 #include "elements/branch_layer_view.h"
 #include "elements/person_layer_view.h"
+#include "model/record.h"
 
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace lineara {
@@ -56,6 +58,15 @@ public:
     void syncLinks(const std::function<bool(const Person&)>& isHidden);
     bool shows(const Person& person) const;
 
+    /// Brings out some persons and the links among them; everybody else is dimmed, also who comes later. Persons
+    /// without a node, or who leave, drop out.
+    void setHighlight(std::span<const RecordId> persons);
+    void clearHighlight();
+    bool isHighlighting() const { return isHighlighting_; }
+    /// While some are highlighted: whether a shape is one of theirs. What is selected is never dimmed.
+    static bool standsOut(const LeafView& node);
+    static bool standsOut(const LinkLayer& link);
+
     /// To be called after a node's frame has changed; its links follow.
     void nodeMoved(const LeafView& node);
     /// The same for all nodes at once; the links follow when they are next looked at.
@@ -99,6 +110,7 @@ private:
     // Derived from the layers; made anew at the next question after shapes were removed.
     mutable CullBoxes nodeBoxes_;
     mutable CullBoxes linkBoxes_;
+    bool isHighlighting_ = false;
     mutable bool boxesStale_ = true;
     mutable bool linksStale_ = false; // everybody moved; the shapes follow when they are next looked at
     mutable NodeBounds bounds_;

@@ -10,7 +10,7 @@ namespace lineara {
 
 class LeafView;
 
-/// Moves nodes up and down to their rows, all in one quarter of a second and in step.
+/// Moves nodes up and down to their rows, and sideways to their places, all in one quarter of a second and in step.
 class RowGlide
 {
 public:
@@ -19,6 +19,7 @@ public:
         LeafView* node = nullptr;
         double from = 0; ///< vertical constants
         double to = 0;
+        double aside = 0; ///< points right of its person's place that the node begins at
     };
 
     /// `moved` is called after every step with all nodes that it moved, `finished` once the last one stands.
@@ -36,6 +37,9 @@ public:
     const std::vector<Move>& moves() const { return moves_; }
     /// The vertical constant that a node is on its way to; no value for a node that does not glide.
     std::optional<double> goalOf(const LeafView& node) const;
+
+    /// Brings every node to its place at once; up and down they go on gliding.
+    void standInPlaces();
 
     /// To be called before a node is destroyed.
     void forget(const LeafView& node);

@@ -17,6 +17,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <unordered_set>
 #include <vector>
 
@@ -82,6 +83,12 @@ public:
     /// Clears the selected look of a link.
     void deselectLink();
 
+    /// Brings out some persons and the links among them, and dims everybody else until it is cleared, by Escape, too.
+    /// Who leaves drops out, and who comes is dimmed; pictures for files show nothing of it.
+    void setHighlight(std::span<const RecordId> persons);
+    void clearHighlight();
+    bool isHighlighting() const { return scene_.isHighlighting(); }
+
     /// The node that is first responder of the canvas, or nullptr: the one last clicked or walked to. It has a ring
     /// while the canvas has the keyboard focus.
     LeafView* firstResponderNode() const;
@@ -110,6 +117,10 @@ public:
     /// records are read as a whole or a new step of the history is begun.
     void settle();
 
+    /// Gives persons places, as one change. The view stays with those whom it shows, and who is or comes into view
+    /// glides.
+    void movePersons(std::span<Person* const> persons, std::span<const std::optional<std::int32_t>> places);
+
     /// Subtracts `points` from everybody's x, as one change. The view scrolls along.
     void adjustBy(std::int32_t points);
 
@@ -128,6 +139,8 @@ public:
     void reveal(const Person& person);
     /// What is in view now; no value without any node.
     std::optional<SeenPart> seenPart() const;
+    /// Shows the part, as far as the canvas reaches. Nothing if its person is gone.
+    void showAgain(const SeenPart& part);
     /// The first picture shows this part, whatever size the view has by then. If its person is gone, the view starts
     /// where it would without it.
     void startAt(const SeenPart& part);
@@ -155,6 +168,10 @@ Q_SIGNALS:
     void zoomChanged(double zoom);
     /// The name of the person who was walked to is to be put into editing.
     void editNameRequested();
+    /// The user has had enough of the highlight, which is gone by now.
+    void highlightDismissed();
+    /// A node was clicked with Control held, which selects nobody.
+    void comparisonRequested(lineara::RecordId person);
 
 protected:
     bool event(QEvent* event) override;
@@ -186,7 +203,8 @@ private:
     bool isHidden(const Person& person) const { return hidden_.contains(person.recordId()); }
     void followCommonShift();
     std::vector<RowGlide::Move> movesToRows();
-    bool comesIntoView(const LeafView& node, double from, double to) const;
+    std::vector<RowGlide::Move> movesSideways(const std::vector<double>& before) const;
+    bool comesIntoView(const LeafView& node, QPointF way) const;
     void nodesGlided(const std::vector<RowGlide::Move>& moves);
     void glideEnded();
     Frame frameAtRest(const LeafView& node) const;
@@ -212,6 +230,8 @@ private:
     bool movedByHand(bool moved);
     bool moves() const;
     void pointerLost();
+    bool pressToCompare(const QMouseEvent& event);
+    bool dismissHighlight();
     bool pressKey(const QKeyEvent& event);
     bool walk(WalkDirection direction);
     void updateScrollBars();

@@ -60,6 +60,10 @@ inline QColor refusalVeil()
 {
     return detail::white(1.0f, 0.68f);
 }
+inline QColor dimmingVeil()
+{
+    return detail::white(1.0f, 0.8f);
+}
 inline QColor focusRing()
 {
     return detail::rgb(0.3f, 0.36f, 0.5f, 0.85f);

@@ -73,6 +73,10 @@ public:
     void focus() { infoView_.focus(); }
     void unfocus() { infoView_.unfocus(); }
 
+    /// Whether the node is one of those that a picture brings out, where it dims the others.
+    bool isHighlighted() const { return isHighlighted_; }
+    void setHighlighted(bool highlighted) { isHighlighted_ = highlighted; }
+
     // The left button on the node, but for its handles, which keep what happens on them to themselves. Points are where
     // the pointer is on the canvas. There is one pointer, so the last point and whether a node is being dragged are
     // shared by all nodes.
@@ -115,6 +119,7 @@ private:
     const std::uint32_t* layerPasses_ = nullptr; // of the layer that shows the node
     std::uint32_t minimumSizePairs_ = 0;         // less the layer's passes of before; wraps around
     std::uint32_t index_ = 0;
+    bool isHighlighted_ = false;
 };
 
 } // namespace lineara

@@ -24,6 +24,9 @@ public:
     LinkPainter(const LinkPainter&) = delete;
     LinkPainter& operator=(const LinkPainter&) = delete;
 
+    /// From now on a selected link looks like any other.
+    void leaveOutSelection() { showsSelection_ = false; }
+
     /// The detail is Full or Plain; Coarse links are drawn like Plain ones.
     void paint(const LinkLayer& link);
 
@@ -43,6 +46,7 @@ private:
     double greatestSmoothWidth_;
     bool isAntialiased_;
     bool isSmooth_;
+    bool showsSelection_ = true;
 };
 
 /// The dashed line from a handle to the pointer.

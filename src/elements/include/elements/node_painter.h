@@ -25,7 +25,8 @@ class LeafView;
 class NodePainter
 {
 public:
-    /// A screen gets everything but texts from pixmaps; a document (a file, a printer) gets their true shapes.
+    /// A screen gets everything but texts from pixmaps; a document (a file, a printer) gets their true shapes, and
+    /// nothing of what is selected or pointed at.
     enum class Medium : std::uint8_t
     {
         Screen,
