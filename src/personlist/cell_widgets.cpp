@@ -47,6 +47,19 @@ QPushButton* makePicRemoveButton()
     return button;
 }
 
+QPushButton* makeFactsButton()
+{
+    auto* const button = new QPushButton;
+    button->setObjectName(QStringLiteral("factsButton"));
+    button->setFlat(true);
+    button->setCursor(Qt::PointingHandCursor);
+    QPalette palette = button->palette();
+    palette.setColor(QPalette::ButtonText, colours::linkText());
+    button->setPalette(palette);
+    button->hide();
+    return button;
+}
+
 QLabel* makeCaption(const QString& caption)
 {
     auto* const label = new QLabel(caption);

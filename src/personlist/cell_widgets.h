@@ -16,6 +16,9 @@ QPalette lightCellPalette();
 QPushButton* makePicButton();
 QPushButton* makePicRemoveButton();
 
+/// Looks like a link: it leads somewhere and changes nothing.
+QPushButton* makeFactsButton();
+
 /// Stands on one line with a field of one line.
 QLabel* makeCaption(const QString& caption);
 

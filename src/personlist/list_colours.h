@@ -37,6 +37,10 @@ inline QColor listFocus()
 {
     return QColor::fromRgbF(0.28f, 0.28f, 1.0f);
 }
+inline QColor linkText()
+{
+    return QColor::fromRgbF(0.13f, 0.33f, 0.63f);
+}
 inline QColor mistake()
 {
     return QColor::fromRgbF(0.72f, 0.11f, 0.11f);

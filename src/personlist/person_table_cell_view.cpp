@@ -7,6 +7,7 @@
 #include "model/object_context.h"
 #include "multi_line_text_delegate.h"
 #include "notes_field.h"
+#include "person_dates.h"
 #include "refused_dates.h"
 #include "thumbnails.h"
 
@@ -26,34 +27,6 @@ namespace lineara {
 namespace {
 
 constexpr int contentsMargin = 12;
-
-void storeBirth(Person& person, const PartialDate& date)
-{
-    person.setBirthDay(date.day);
-    person.setBirthMonth(date.month);
-    person.setBirthYear(date.year);
-}
-
-void storeDeath(Person& person, const PartialDate& date)
-{
-    person.setDeathDay(date.day);
-    person.setDeathMonth(date.month);
-    person.setDeathYear(date.year);
-}
-
-void overlay(PersonValues& values, const std::optional<PartialDate>& birth, const std::optional<PartialDate>& death)
-{
-    if (birth) {
-        values.birthDay = birth->day;
-        values.birthMonth = birth->month;
-        values.birthYear = birth->year;
-    }
-    if (death) {
-        values.deathDay = death->day;
-        values.deathMonth = death->month;
-        values.deathYear = death->year;
-    }
-}
 
 /// A text that was emptied is absent.
 std::optional<QString> stored(const QString& typed)
@@ -87,7 +60,7 @@ private:
 PersonTableCellView::PersonTableCellView(ObjectContext& context, RecordId person, CellSurroundings surroundings)
     : person_(person), edit_(context, person), surroundings_(std::move(surroundings)), editables_(new QWidget(this)),
       veil_(new Veil(*this)), picButton_(makePicButton()), picRemoveButton_(makePicRemoveButton()),
-      name_(new FieldLine([this](FieldEnd end) { nameEnded(end); })),
+      factsButton_(makeFactsButton()), name_(new FieldLine([this](FieldEnd end) { nameEnded(end); })),
       birth_(
           makeDate(CellTexts::tr("Birth"), QStringLiteral("birthDatePicker"), CellTexts::tr("Edit Birth"), storeBirth)),
       death_(
@@ -108,6 +81,10 @@ PersonTableCellView::PersonTableCellView(ObjectContext& context, RecordId person
     });
     connect(picButton_, &QPushButton::clicked, this, [this] { surroundings_.setPic(); });
     connect(picRemoveButton_, &QPushButton::clicked, this, [this] { surroundings_.removePic(); });
+    connect(factsButton_, &QPushButton::clicked, this, [this] {
+        if (const Person* const shown = edit_.person())
+            surroundings_.facts.show(*shown);
+    });
     refresh();
     showRefused();
 }
@@ -147,6 +124,7 @@ void PersonTableCellView::assemble()
     layout->addWidget(makeCaption(CellTexts::tr("Death")), 2, 0, Qt::AlignTop | Qt::AlignRight);
     layout->addWidget(death_, 2, 1);
     layout->addWidget(notesTextField_, 3, 0, 1, 2);
+    layout->addWidget(factsButton_, 4, 0, 1, 2, Qt::AlignLeft);
     layout->setRowStretch(3, 1);
     layout->setColumnStretch(1, 1);
 }
@@ -202,6 +180,7 @@ void PersonTableCellView::refresh()
     if (!notesTextField_->isModified())
         notesTextField_->showNotes(person->additional().value_or(QString()));
     showPicture(*person);
+    showFacts(*person);
     update();
 }
 
@@ -213,6 +192,13 @@ void PersonTableCellView::showPicture(const Person& person)
     picButton_->setText(hasImage ? QString() : CellTexts::tr("Set Pic"));
     picButton_->setAccessibleName(hasImage ? CellTexts::tr("Picture") : CellTexts::tr("Set Pic"));
     picRemoveButton_->setEnabled(person.pic());
+}
+
+void PersonTableCellView::showFacts(const Person& person)
+{
+    const int count = surroundings_.facts.count(person);
+    factsButton_->setText(CellTexts::tr("%n further fact(s) from the imported file", nullptr, count));
+    factsButton_->setVisible(count > 0);
 }
 
 void PersonTableCellView::commit()
@@ -269,8 +255,9 @@ void PersonTableCellView::editName()
 
 QList<QWidget*> PersonTableCellView::fields() const
 {
-    return QList<QWidget*>{name_} + birth_->fields() + death_->fields() +
-           QList<QWidget*>{notesTextField_, picButton_, picRemoveButton_};
+    const QList<QWidget*> facts = factsButton_->isHidden() ? QList<QWidget*>() : QList<QWidget*>{factsButton_};
+    return QList<QWidget*>{name_} + birth_->fields() + death_->fields() + QList<QWidget*>{notesTextField_} + facts +
+           QList<QWidget*>{picButton_, picRemoveButton_};
 }
 
 bool PersonTableCellView::eventFilter(QObject* watched, QEvent* event)

@@ -4,6 +4,7 @@
 #include "model/person.h"
 #include "person_cell.h"
 #include "person_edit.h"
+#include "personlist/further_facts.h"
 
 #include <QWidget>
 
@@ -37,6 +38,7 @@ struct CellSurroundings
     std::function<bool()> isListFocused;
     /// Something was typed that is not in the record yet.
     std::function<void()> typed;
+    const FurtherFacts& facts;
 };
 
 /// The row of one person as an editor. It is that person's for as long as it lives, so that nothing typed can reach
@@ -90,6 +92,7 @@ private:
     QColor ground() const;
     void paintVeil(QPainter& painter) const;
     void showPicture(const Person& person);
+    void showFacts(const Person& person);
 
     RecordId person_;
     PersonEdit edit_;
@@ -98,6 +101,7 @@ private:
     QWidget* veil_;      // covers the fields with that look as far as the row is not open
     QPushButton* picButton_;
     QPushButton* picRemoveButton_;
+    QPushButton* factsButton_;
     FieldLine* name_;
     DateField* birth_;
     DateField* death_;

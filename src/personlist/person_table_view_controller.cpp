@@ -225,7 +225,8 @@ PersonTableCellView* PersonTableViewController::makeCell(RecordId person)
                                   [this, person] { setPic(person); },
                                   [this, person] { removePic(person); },
                                   [this] { return personTableView_->hasFocus(); },
-                                  [this] { typed_(); }};
+                                  [this] { typed_(); },
+                                  facts_};
     return new PersonTableCellView(pool_.context(), person, std::move(surroundings));
 }
 

@@ -2,6 +2,7 @@
 
 #include "model/changes.h"
 #include "model/record.h"
+#include "personlist/further_facts.h"
 #include "personlist/person_list.h"
 #include "platform/observer_list.h"
 
@@ -10,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace lineara {
 
@@ -69,6 +71,8 @@ public:
 
     /// Called when the user has searched for a person and presses Return.
     void setPersonChosen(std::function<void(Person&)> chosen) { personChosen_ = std::move(chosen); }
+    /// Where the open row finds further facts about its person.
+    void setFurtherFacts(FurtherFacts facts) { facts_ = std::move(facts); }
     /// With reduced motion, rows open and close at once.
     void setReducedMotion(bool reduced);
 
@@ -109,6 +113,7 @@ private:
     bool isStale_ = false;
     std::function<void(Person&)> personChosen_ = [](Person&) {};
     std::function<void()> typed_ = [] {};
+    FurtherFacts facts_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
     Subscription changes_;
     Subscription linkSelections_;

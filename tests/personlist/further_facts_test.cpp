@@ -1,0 +1,60 @@
+// What the open row tells of facts that are kept beside a person.
+
+#include "shown_list.h"
+
+#include <QPushButton>
+
+namespace lineara {
+namespace {
+
+class FurtherFactsInTheList : public testing::Test
+{
+protected:
+    FurtherFactsInTheList()
+    {
+        shown.list->setFurtherFacts({[this](const Person& person) { return &person == &known ? 12 : 0; },
+                                     [this](const Person& person) { asked.push_back(person.recordId()); }});
+    }
+
+    QPushButton& button() const { return *shown.cell()->findChild<QPushButton*>(QStringLiteral("factsButton")); }
+
+    ShownList shown;
+    Person& known = shown.add(QStringLiteral("Anna"));
+    Person& unknown = shown.add(QStringLiteral("Bert"));
+    std::vector<RecordId> asked;
+};
+
+TEST_F(FurtherFactsInTheList, AreCountedBelowTheNotes)
+{
+    shown.select(known);
+    EXPECT_TRUE(button().isVisible());
+    EXPECT_TRUE(button().text().startsWith(QStringLiteral("12 further fact"))) << button().text().toStdString();
+    EXPECT_GE(button().geometry().top(), shown.notes().geometry().bottom());
+}
+
+TEST_F(FurtherFactsInTheList, TakeNoRoomWhereThereAreNone)
+{
+    shown.select(unknown);
+    EXPECT_FALSE(button().isVisible());
+    const int tall = shown.notes().height();
+    shown.select(known);
+    EXPECT_GT(tall, shown.notes().height());
+}
+
+TEST_F(FurtherFactsInTheList, AreShownWhenAskedFor)
+{
+    shown.select(known);
+    QTest::mouseClick(&button(), Qt::LeftButton);
+    EXPECT_EQ(asked, std::vector{known.recordId()});
+}
+
+TEST_F(FurtherFactsInTheList, AreReachedByTheKeyboard)
+{
+    shown.select(known);
+    button().setFocus();
+    QTest::keyClick(&button(), Qt::Key_Space);
+    EXPECT_EQ(asked.size(), 1u);
+}
+
+} // namespace
+} // namespace lineara
