@@ -8,6 +8,7 @@
 #include "document/document_window.h"
 #include "document_saving.h"
 #include "edit_menu.h"
+#include "family_insight.h"
 #include "family_queue.h"
 #include "opening_report.h"
 #include "personlist/person_table_view_controller.h"
@@ -106,7 +107,11 @@ void Document::assembleWindow()
     commands.linkAsPartner = [this] { linkAsPartner(); };
     commands.linkAsChild = [this] { linkAsChild(); };
     commands.find = [this] { list_->findPersons(); };
+    commands.tidyUp = [this] { tidyUp(); };
+    commands.tidyAncestors = [this] { tidyAncestors(); };
+    commands.tidyDescendants = [this] { tidyDescendants(); };
     editMenu_ = std::make_unique<EditMenu>(*window_->editMenu(), *window_->personMenu(), commands);
+    insight_ = std::make_unique<FamilyInsight>(*this);
     window_->showButtons(editMenu_->mainCommands());
     window_->setAddPerson(editMenu_->addPersonCommand());
     makeList();
@@ -176,6 +181,7 @@ void Document::initTreeView()
         treeView()->startAt(*part);
     treeView()->setReducedMotion(reducedMotion_);
     QObject::connect(treeView(), &TreeView::editNameRequested, treeView(), [this] { editSelectedName(); });
+    insight_->canvasShown();
     commandsChanged();
 }
 
@@ -219,6 +225,11 @@ void Document::save(const QString& path, Saved saved, Overwriting overwriting)
 void Document::saveCopy(const QString& path, std::function<void(const Outcome<Done>&)> saved)
 {
     saving_->saveCopy(path, std::move(saved));
+}
+
+void Document::exportFamily(const QString& doing, Export write, std::function<void(const Outcome<Done>&)> written)
+{
+    saving_->exportFamily(doing, std::move(write), std::move(written));
 }
 
 bool Document::isMended() const
@@ -317,6 +328,7 @@ void Document::showCommands()
     const Person* const person = selectionPerson();
     state.hasPicture = person && person->image();
     editMenu_->show(state);
+    insight_->showCommands();
     window_->setWindowModified(isModified());
 }
 

@@ -6,6 +6,7 @@
 #include "document/document_window.h"
 #include "family_queue.h"
 #include "personlist/person_list.h"
+#include "relatives.h"
 #include "replayed_changes.h"
 #include "type_ahead.h"
 
@@ -97,6 +98,24 @@ void Document::removeShape(Person& from, Person& to)
     });
     if (shape != shapes.end())
         treeView()->removeLink(**shape);
+}
+
+void Document::tidyUp()
+{
+    if (treeView())
+        queue_->tidy();
+}
+
+void Document::tidyAncestors()
+{
+    if (const auto person = selection_.person; treeView() && selectionPerson())
+        queue_->tidy([this, person] { return ancestorsOf(pool(), *person); });
+}
+
+void Document::tidyDescendants()
+{
+    if (const auto person = selection_.person; treeView() && selectionPerson())
+        queue_->tidy([this, person] { return descendantsWithPartnersOf(pool(), *person); });
 }
 
 void Document::undo()

@@ -4,6 +4,7 @@
 #include "document/document.h"
 #include "document/document_window.h"
 #include "document_saving.h"
+#include "further_facts_dialog.h"
 #include "personlist/person_table_view_controller.h"
 #include "type_ahead.h"
 
@@ -18,6 +19,8 @@ void Document::makeList()
     list_ = personTableViewController_.get();
     window_->showList(&list_->view());
     personTableViewController_->setPersonChosen([this](Person& person) { leadTo(person); });
+    personTableViewController_->setFurtherFacts(
+        {&countFurtherFacts, [this](const Person& person) { showFurtherFacts(*window_, person); }});
     list_->setTypedObserver([this] { typed(); });
 }
 

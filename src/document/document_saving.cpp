@@ -47,7 +47,7 @@ bool isAnotherFile(const FamilyOrigin& origin, const QString& path)
 } // namespace
 
 DocumentSaving::DocumentSaving(Document& document, FamilyOrigin origin)
-    : document_(document), origin_(std::move(origin))
+    : document_(document), origin_(std::move(origin)), exportBar_(document.window())
 {
     copyTimer_.setSingleShot(true);
     copyTimer_.setInterval(copyDelay);
@@ -161,6 +161,28 @@ void DocumentSaving::saveCopy(const QString& path, std::function<void(const Outc
                 saved(*outcome);
             });
         writer_.enqueue(std::move(block));
+    });
+}
+
+void DocumentSaving::exportFamily(const QString& doing, Document::Export write,
+                                  std::function<void(const Outcome<Done>&)> written)
+{
+    onceSettled([this, doing, write = std::move(write), written = std::move(written)] {
+        document_.commit();
+        const WatchedWork work;
+        auto outcome = std::make_shared<Outcome<Done>>(Done{});
+        WorkBlock block;
+        block.onMain([this, doing, work] { exportBar_.begin(doing, work); })
+            .compute([work, write, outcome, content = contents()](const std::stop_token& closing) mutable {
+                const auto taken = std::exchange(content, nullptr);
+                work.run(closing, [&](const Progress& progress) { *outcome = write(*taken, progress); });
+            })
+            .onMain([this, work, outcome, written] {
+                exportBar_.end();
+                if (!work.isGivenUp())
+                    written(*outcome);
+            });
+        exporter_.enqueue(std::move(block));
     });
 }
 

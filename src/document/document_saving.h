@@ -5,6 +5,7 @@
 #include "document/recovery_copy.h"
 #include "model/changes.h"
 #include "platform/serial_queue.h"
+#include "work_bar.h"
 
 #include <QTimer>
 
@@ -35,13 +36,15 @@ public:
     /// Whether there is anything, what is being typed included, that is not in the file.
     bool isModified() const;
     bool isSaving() const { return !writings_.empty(); }
-    bool isWriting() const { return isSaving() || writer_.busy(); }
+    bool isWriting() const { return isSaving() || writer_.busy() || exporter_.busy(); }
     bool isMended() const { return isMended_; }
     /// The file does not say what the family says, although nobody changed it.
     void markMended() { isMended_ = true; }
 
     void save(const QString& path, Document::Saved saved, Document::Overwriting overwriting);
     void saveCopy(const QString& path, std::function<void(const Outcome<Done>&)> saved);
+
+    void exportFamily(const QString& doing, Document::Export write, std::function<void(const Outcome<Done>&)> written);
 
     /// To be told of every change of a record, and of everything typed.
     void recordsChanged(const Change& change);
@@ -84,7 +87,9 @@ private:
     bool isGivenUp_ = false;
     bool isCopied_ = false; // what was unsaved when it was written last
     QTimer copyTimer_;
+    WorkBar exportBar_;
     SerialQueue writer_;
+    SerialQueue exporter_; // of its own, so that no long export keeps a file from being saved
 };
 
 } // namespace lineara

@@ -1,6 +1,7 @@
 #include "document/document_window.h"
 
 #include "canvas/tree_view.h"
+#include "document/dropped_files.h"
 #include "notice.h"
 #include "onboarding_view.h"
 #include "report_dialog.h"
@@ -10,6 +11,8 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -44,6 +47,7 @@ DocumentWindow::DocumentWindow()
       onboardingView_(new OnboardingView)
 {
     setObjectName(QStringLiteral("documentWindow"));
+    setAcceptDrops(true);
     pages_->addWidget(waitingPage_);
     pages_->addWidget(onboardingView_);
     panes_->addWidget(pages_);
@@ -59,6 +63,7 @@ DocumentWindow::DocumentWindow()
     editMenu_ = menuBar()->addMenu(tr("&Edit"));
     makeViewMenu();
     personMenu_ = menuBar()->addMenu(tr("&Person"));
+    familyMenu_ = menuBar()->addMenu(tr("F&amily"));
     windowMenu_ = menuBar()->addMenu(tr("&Window"));
     helpMenu_ = menuBar()->addMenu(tr("&Help"));
 }
@@ -129,6 +134,11 @@ int DocumentWindow::roomForCanvas(int height) const
     return pages_->width() - scrollBar;
 }
 
+void DocumentWindow::showWaiting(const QString& text, const WatchedWork& work)
+{
+    waitingPage_->watch(text, work);
+}
+
 void DocumentWindow::showCanvas(TreeView* canvas)
 {
     canvas_ = canvas;
@@ -173,8 +183,18 @@ void DocumentWindow::showOpeningReport(const QString& summary, const QString& de
 QWidget& DocumentWindow::offer(const QString& text, const QString& command, std::function<void()> taken)
 {
     auto* const notice = new Notice(text, command, std::move(taken));
-    rows_->insertWidget(0, notice);
+    showAbove(*notice);
     return *notice;
+}
+
+void DocumentWindow::showAbove(QWidget& told)
+{
+    rows_->insertWidget(0, &told);
+}
+
+void DocumentWindow::addStrip(QWidget* strip)
+{
+    rows_->insertWidget(rows_->indexOf(panes_) + 1, strip);
 }
 
 void DocumentWindow::showWarning(const QString& warning)
@@ -257,6 +277,21 @@ void DocumentWindow::changeEvent(QEvent* event)
     // The desktop may do it, too.
     if (event->type() == QEvent::WindowStateChange && fullScreen_)
         fullScreen_->setChecked(isFullScreen());
+}
+
+void DocumentWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (openFiles_ && !droppedFiles(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void DocumentWindow::dropEvent(QDropEvent* event)
+{
+    const QStringList paths = droppedFiles(*event->mimeData());
+    if (!openFiles_ || paths.isEmpty())
+        return;
+    event->acceptProposedAction();
+    openFiles_(paths);
 }
 
 } // namespace lineara

@@ -54,6 +54,10 @@ EditMenu::EditMenu(QMenu& edit, QMenu& person, const EditCommands& commands)
     remove_ = add(edit, removeText(Selection::none()), QKeySequence(QKeySequence::Delete), commands.remove);
     edit.addSeparator();
     find_ = add(edit, EditTexts::tr("&Find\u2026"), QKeySequence(QKeySequence::Find), commands.find);
+    edit.addSeparator();
+    tidyUp_ = add(edit, EditTexts::tr("&Tidy Up"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T), commands.tidyUp);
+    tidyAncestors_ = add(edit, EditTexts::tr("Tidy Up An&cestors"), {}, commands.tidyAncestors);
+    tidyDescendants_ = add(edit, EditTexts::tr("Tidy Up De&scendants"), {}, commands.tidyDescendants);
     addPerson_ =
         add(person, EditTexts::tr("&Add Person"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), commands.addPerson);
     person.addSeparator();
@@ -86,7 +90,10 @@ void EditMenu::show(const EditState& state)
     removePicture_->setEnabled(hasPerson && state.hasPicture);
     linkAsPartner_->setEnabled(hasPerson);
     linkAsChild_->setEnabled(hasPerson);
+    tidyAncestors_->setEnabled(hasPerson);
+    tidyDescendants_->setEnabled(hasPerson);
     find_->setEnabled(state.canEdit);
+    tidyUp_->setEnabled(state.canEdit);
 }
 
 } // namespace lineara

@@ -24,6 +24,9 @@ struct EditCommands
     std::function<void()> linkAsPartner;
     std::function<void()> linkAsChild;
     std::function<void()> find;
+    std::function<void()> tidyUp;
+    std::function<void()> tidyAncestors;
+    std::function<void()> tidyDescendants;
 };
 
 /// What these commands depend on.
@@ -62,6 +65,9 @@ private:
     QAction* linkAsPartner_;
     QAction* linkAsChild_;
     QAction* find_;
+    QAction* tidyUp_;
+    QAction* tidyAncestors_;
+    QAction* tidyDescendants_;
 };
 
 } // namespace lineara

@@ -1,7 +1,7 @@
 #include "document/family_opening.h"
 
 #include "bring_up_to_date.h"
-#include "canvas/first_places.h"
+#include "canvas/tidying.h"
 #include "store/family_file.h"
 
 #include <QFile>
@@ -11,20 +11,25 @@ namespace lineara {
 
 namespace {
 
-// Every GEDCOM file starts with a line of level 0, whatever its ending; a family file is XML, whatever its name.
-bool looksLikeGedcom(const QString& path)
+bool isNamedLikeGenealogy(const QFileInfo& file)
 {
-    const QFileInfo info(path);
-    const bool isNamedSo = info.suffix().compare(QStringLiteral("ged"), Qt::CaseInsensitive) == 0;
+    const QString suffix = file.suffix().toLower();
+    return suffix == QStringLiteral("ged") || suffix == QStringLiteral("gdz");
+}
+
+/// A family file whatever its name. Opening a pipe would wait for its other end.
+bool isXml(const QString& path)
+{
+    constexpr int longestBlank = 64;
     QFile file(path);
-    // Opening a pipe would wait for its other end.
-    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
-        return isNamedSo && !info.exists();
-    QByteArray start = file.read(64);
-    if (start.startsWith("\xEF\xBB\xBF"))
-        start.remove(0, 3);
-    start = start.trimmed();
-    return start.startsWith("0 ") || (isNamedSo && !start.startsWith('<'));
+    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) &&
+           file.read(longestBlank).trimmed().startsWith("<?xml");
+}
+
+/// What is neither, but is said to be a genealogy, is refused as such.
+bool isToBeImported(const QString& path)
+{
+    return isGenealogy(path) || (isNamedLikeGenealogy(QFileInfo(path)) && !isXml(path));
 }
 
 Outcome<OpenedFamily> importFamily(const QString& path, const Progress& progress)
@@ -71,7 +76,7 @@ Outcome<OpenedFamily> readOwnFamily(const QString& path, const Progress& progres
 
 Outcome<OpenedFamily> openFamily(const QString& path, const Progress& progress)
 {
-    auto opened = looksLikeGedcom(path) ? importFamily(path, progress) : readOwnFamily(path, progress);
+    auto opened = isToBeImported(path) ? importFamily(path, progress) : readOwnFamily(path, progress);
     if (opened.failed())
         return opened;
     OpenedFamily& family = opened.value();

@@ -20,7 +20,8 @@ constexpr auto openingPatience = std::chrono::milliseconds(3'000);
 
 } // namespace
 
-FamilyQueue::FamilyQueue(Document& document) : document_(document), wait_(document.window())
+FamilyQueue::FamilyQueue(Document& document)
+    : document_(document), wait_(document.window()), workBar_(document.window())
 {
     rollBacks_ = document.context().observe([this](const Change& change) {
         if (std::holds_alternative<Replayed>(change) && !isReplaying_)
@@ -51,9 +52,9 @@ void FamilyQueue::open()
         .onMainWaiting([this, run] {
             wait_.end();
             run->apply(document_.pool());
-        })
-        .onMain([this] { document_.handleOnboarding(); })
-        .onMain([this] { document_.initTreeView(); });
+        });
+    addPlacing(block);
+    block.onMain([this] { document_.handleOnboarding(); }).onMain([this] { document_.initTreeView(); });
     queue_.enqueue(std::move(block));
 }
 

@@ -1,15 +1,18 @@
 #pragma once
 
+#include "canvas/tidying.h"
 #include "due_ledger.h"
 #include "engine_wait.h"
 #include "free_heights.h"
 #include "platform/observer_list.h"
 #include "platform/serial_queue.h"
 #include "replayed_changes.h"
+#include "work_bar.h"
 #include "work_run.h"
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace lineara {
 
@@ -31,6 +34,10 @@ public:
     void enqueue(FamilyWork work);
     void undo();
     void redo();
+    /// Finds new places within the rows, as one step, for everybody or for those whom `some` names when its turn comes.
+    /// Nothing if its user gives up meanwhile.
+    void tidy();
+    void tidy(std::function<std::vector<RecordId>()> some);
     /// Nobody waits in front of the window any more: what is queued by now ends soon, if need be with some partners in
     /// different rows.
     void hurry();
@@ -63,6 +70,10 @@ private:
     void restoreHeights(const FreeHeights::Heights& heights);
     void enqueueDue();
 
+    void addPlacing(WorkBlock& block);
+    void enqueueTidying(std::function<Tidying()> tidying);
+    void moveTo(const std::vector<Tidying::Place>& places);
+
     Journal& journal();
     StepId newestStep();
 
@@ -72,6 +83,7 @@ private:
     Subscription rollBacks_;
     bool isReplaying_ = false;
     EngineWait wait_;
+    WorkBar workBar_;
     SerialQueue queue_;
 };
 

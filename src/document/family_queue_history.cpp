@@ -42,11 +42,15 @@ void FamilyQueue::replay(Direction direction)
     const auto [left, reached] =
         direction == Direction::Undo ? std::pair(Side::After, Side::Before) : std::pair(Side::Before, Side::After);
     const auto heights = FreeHeights::of(document_.pool());
+    const auto seen = document_.treeView()->seenPart();
     const ReplayedChanges changes = replayJournal(direction);
     if (changes.rows)
         document_.pool().rebuildLists();
     heights_.replace(*step, left, FreeHeights::changed(heights, document_.pool()));
     restoreHeights(heights_.at(*step, reached));
+    // Where most of the family has moved, the view goes along with those whom it shows.
+    if (seen && changes.moved * 2 > document_.pool().persons().size())
+        document_.treeView()->showAgain(*seen);
     document_.showReplayed(changes);
     if (newestStep() > StepId() && ledger_.isDue(newestStep()))
         enqueueDue();

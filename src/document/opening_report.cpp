@@ -11,17 +11,19 @@ struct ReportTexts
     Q_DECLARE_TR_FUNCTIONS(ReportTexts)
 };
 
-QString importSummary(const ImportReport& report)
+/// The details tell the rest.
+QString inOneLine(const ImportReport& report)
 {
     QString summary = ReportTexts::tr("%1 persons, %2 partner links and %3 parent links were taken over.")
                           .arg(report.persons)
                           .arg(report.partnerLinks)
                           .arg(report.offspringLinks);
+    if (report.keptLines > 0)
+        summary += QLatin1Char(' ') + ReportTexts::tr("Lines kept beside them: %1.").arg(report.keptLines);
     if (report.refusedLinks > 0)
         summary += QLatin1Char(' ') + ReportTexts::tr("Links refused: %1.").arg(report.refusedLinks);
-    if (report.notTaken + report.unreadableLines > 0)
-        summary +=
-            QLatin1Char(' ') + ReportTexts::tr("Lines not taken: %1.").arg(report.notTaken + report.unreadableLines);
+    if (report.unreadableLines > 0)
+        summary += QLatin1Char(' ') + ReportTexts::tr("Lines that can't be read: %1.").arg(report.unreadableLines);
     return summary;
 }
 
@@ -30,7 +32,7 @@ QString importSummary(const ImportReport& report)
 std::optional<OpeningReport> openingReport(const OpenedFamily& family)
 {
     if (family.importReport)
-        return OpeningReport{importSummary(*family.importReport), family.importReport->notes.join(u'\n')};
+        return OpeningReport{inOneLine(*family.importReport), importSummary(*family.importReport)};
     if (family.repairs.isEmpty())
         return std::nullopt;
     return OpeningReport{ReportTexts::tr("The file was damaged and has been mended in memory: %n remark(s).", nullptr,

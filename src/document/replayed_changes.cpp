@@ -11,6 +11,8 @@ void ReplayedChanges::add(const Change& change)
         concern(one->person.recordId(), Reason::Attribute);
     } else if (const auto* const many = std::get_if<ManyChanged>(&change)) {
         addAttributes(many->attributes);
+        if ((many->attributes & PersonAttribute::X) && many->shift == 0)
+            moved += many->persons.size();
     } else if (const auto* const link = std::get_if<LinkChanged>(&change)) {
         add(*link);
     } else if (const auto* const inserted = std::get_if<RecordInserted>(&change)) {
@@ -22,7 +24,7 @@ void ReplayedChanges::add(const Change& change)
 
 void ReplayedChanges::add(const LinkChanged& link)
 {
-    if (link.relationship == Relationship::PersonPic)
+    if (link.relationship == Relationship::PersonPic || link.relationship == Relationship::PersonSource)
         return;
     rows = true;
     members = members || link.relationship == Relationship::PoolMembers;

@@ -9,8 +9,9 @@ namespace lineara {
 /// What an undo or a redo has changed, as far as it decides what has to be shown anew.
 struct ReplayedChanges
 {
-    bool members = false; ///< persons came or went
-    bool rows = false;    ///< links or generations changed, or members
+    bool members = false;  ///< persons came or went
+    bool rows = false;     ///< links or generations changed, or members
+    std::size_t moved = 0; ///< persons who were given other places, but for a shift of everybody
     /// The person that the step is about, if it is about one.
     std::optional<RecordId> concerned;
 

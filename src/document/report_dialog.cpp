@@ -1,19 +1,61 @@
 #include "report_dialog.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSaveFile>
 #include <QVBoxLayout>
 
 namespace lineara {
+
+namespace {
+
+struct ReportDialogTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(ReportDialog)
+};
+
+void save(QWidget& owner, const QString& path, const QString& text)
+{
+    QSaveFile file(path);
+    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 && file.commit();
+    if (isWritten)
+        return;
+    auto* const box = new QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
+                                      ReportDialogTexts::tr("“%1” can't be written: %2").arg(path, file.errorString()),
+                                      QMessageBox::Close, &owner);
+    box->setObjectName(QStringLiteral("reportNotSaved"));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void chooseAndSave(QWidget& owner, const QString& text)
+{
+    auto* const chooser = new QFileDialog(&owner, ReportDialogTexts::tr("Save the Report"), QDir::homePath(),
+                                          ReportDialogTexts::tr("Texts (*.txt)"));
+    chooser->setAttribute(Qt::WA_DeleteOnClose);
+    chooser->setAcceptMode(QFileDialog::AcceptSave);
+    chooser->setDefaultSuffix(QStringLiteral("txt"));
+    QObject::connect(chooser, &QFileDialog::fileSelected, &owner,
+                     [&owner, text](const QString& path) { save(owner, path, text); });
+    chooser->open();
+}
+
+} // namespace
 
 void showReportDialog(QWidget& owner, const QString& summary, const QString& details)
 {
     auto* dialog = new QDialog(&owner);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setObjectName(QStringLiteral("openingReport"));
-    dialog->setWindowTitle(QDialog::tr("What Was Read"));
+    dialog->setWindowTitle(ReportDialogTexts::tr("What Was Read"));
     dialog->resize(720, 480);
 
     auto* heading = new QLabel(summary);
@@ -22,7 +64,10 @@ void showReportDialog(QWidget& owner, const QString& summary, const QString& det
     lines->setReadOnly(true);
     lines->setLineWrapMode(QPlainTextEdit::NoWrap);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    const QPushButton* const save = buttons->addButton(ReportDialogTexts::tr("&Save…"), QDialogButtonBox::ActionRole);
     QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::close);
+    QObject::connect(save, &QPushButton::clicked, dialog,
+                     [dialog, text = summary + QStringLiteral("\n\n") + details] { chooseAndSave(*dialog, text); });
 
     auto* layout = new QVBoxLayout(dialog);
     layout->addWidget(heading);

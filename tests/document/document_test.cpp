@@ -1,6 +1,6 @@
 #include "document/document.h"
 
-#include "canvas/first_places.h"
+#include "canvas/tidying.h"
 #include "canvas/tree_view.h"
 #include "document/document_window.h"
 #include "elements/leaf_view.h"

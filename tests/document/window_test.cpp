@@ -3,9 +3,11 @@
 #include "edited_document.h"
 
 #include <QAction>
+#include <QDropEvent>
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QSettings>
 #include <QTest>
@@ -155,4 +157,32 @@ TEST(DocumentWindow, AFamilyThatIsOnlyTooHighHasNoScrollBarBelowIt)
     const EditedDocument opened(*threeGenerations(), ListOf::Document);
     EXPECT_TRUE(opened.canvas().verticalScrollBar()->isVisible());
     EXPECT_FALSE(opened.canvas().horizontalScrollBar()->isVisible());
+}
+
+TEST(DocumentWindow, FilesDroppedOntoItAreOpened)
+{
+    DocumentWindow window;
+    QStringList opened;
+    window.setOpenFiles([&](const QStringList& paths) { opened = paths; });
+    QMimeData data;
+    data.setUrls(
+        {QUrl::fromLocalFile(QStringLiteral("/somewhere/royal.ged")), QUrl(QStringLiteral("http://elsewhere"))});
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &drop);
+    EXPECT_EQ(opened, QStringList{QStringLiteral("/somewhere/royal.ged")});
+}
+
+TEST(DocumentWindow, TextsThatAreDroppedAreLeftToTheFields)
+{
+    DocumentWindow window;
+    window.setOpenFiles([](const QStringList&) { ADD_FAILURE(); });
+    QMimeData data;
+    data.setText(QStringLiteral("Anna"));
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QApplication::sendEvent(&window, &enter);
+    EXPECT_FALSE(enter.isAccepted());
 }

@@ -20,6 +20,8 @@ namespace lineara {
 class DocumentSaving;
 class DocumentWindow;
 class EditMenu;
+class FamilyContent;
+class FamilyInsight;
 class FamilyQueue;
 class LinkLayer;
 class PersonList;
@@ -45,6 +47,9 @@ class Document
 {
 public:
     using Saved = std::function<void(const Outcome<SaveEnd>&)>;
+
+    /// Writes a family to a file that is none of its own.
+    using Export = std::function<Outcome<Done>(const FamilyContent&, const Progress&)>;
 
     /// What becomes of the document's own file where it is not what was last read or written here.
     enum class Overwriting
@@ -102,6 +107,13 @@ public:
     /// generations are given all the same.
     void link(Person& from, Person& to, const QString& type);
 
+    /// Finds new places for everybody within the rows, as one step, once everything queued before is done.
+    void tidyUp();
+    /// The same for the selected person's ancestors, or its descendants and their partners; others move only where a
+    /// row has no room. Nothing without a selected person.
+    void tidyAncestors();
+    void tidyDescendants();
+
     void selectPerson(Person& person);
     void selectLink(const LinkSelectionNotification::Link& link);
     /// Always true.
@@ -139,6 +151,9 @@ public:
     void save(const QString& path, Saved saved, Overwriting overwriting = Overwriting::AsLeft);
     /// Writes the family to another file and leaves the document as it is.
     void saveCopy(const QString& path, std::function<void(const Outcome<Done>&)> saved);
+    /// Hands the family as it is, once everything queued before is done, to `write` on another thread, and tells above
+    /// the family what is `doing` there. `written` is called at its end, but not if its user has given it up.
+    void exportFamily(const QString& doing, Export write, std::function<void(const Outcome<Done>&)> written);
     /// Whether a file is still waiting to be written.
     bool isSaving() const;
     /// The same, and also while a copy of what is unsaved is to be written or removed.
@@ -218,6 +233,7 @@ private:
     std::unique_ptr<DocumentWindow> window_;
     std::unique_ptr<TypeAhead> typeAhead_;
     std::unique_ptr<EditMenu> editMenu_;
+    std::unique_ptr<FamilyInsight> insight_;
     std::unique_ptr<PersonTableViewController> personTableViewController_;
     PersonList* list_ = nullptr; // the one above, or another in its place
     Selection selection_;

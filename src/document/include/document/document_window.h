@@ -18,6 +18,7 @@ namespace lineara {
 class OnboardingView;
 class TreeView;
 class WaitingPage;
+class WatchedWork;
 
 /// The window of one family file: the canvas, the hint shown while the family is empty, and the menus that concern
 /// what is shown. Its owner adds the menus of the whole program.
@@ -31,6 +32,9 @@ public:
     /// How wide a canvas of that height can be without being wider than what the window shows of it.
     int roomForCanvas(int height) const;
 
+    /// Shows how far the work is that the canvas waits for.
+    void showWaiting(const QString& text, const WatchedWork& work);
+
     /// Puts the canvas into the window, which owns it from then on, and brings the View menu to life.
     void showCanvas(TreeView* canvas);
 
@@ -43,6 +47,8 @@ public:
     /// What the hint's buttons do; the command to add a person must live as long as the window.
     void setAddPerson(QAction& command);
     void setImport(std::function<void()> import);
+    /// What is done with files that are dropped onto the window.
+    void setOpenFiles(std::function<void(const QStringList& paths)> open) { openFiles_ = std::move(open); }
 
     /// Tells in the status bar what came out of opening the file; `details` opens behind a button where not empty.
     void showOpeningReport(const QString& summary, const QString& details);
@@ -51,11 +57,17 @@ public:
     /// offered before stays.
     QWidget& offer(const QString& text, const QString& command, std::function<void()> taken);
 
+    /// Puts something above the family, until it is deleted.
+    void showAbove(QWidget& told);
+
     /// Puts the list of persons beside the canvas; the window owns it from then on.
     void showList(QWidget* list);
 
     /// Shows the commands as buttons above the family.
     void showButtons(const QList<QAction*>& commands);
+
+    /// Puts a bar beneath the family; the window owns it from then on.
+    void addStrip(QWidget* strip);
 
     /// Tells beneath the family what its user should know until it changes; an empty text for nothing.
     void showWarning(const QString& warning);
@@ -72,12 +84,15 @@ public:
     QMenu* fileMenu() const { return fileMenu_; }
     QMenu* editMenu() const { return editMenu_; }
     QMenu* personMenu() const { return personMenu_; }
+    QMenu* familyMenu() const { return familyMenu_; }
     QMenu* windowMenu() const { return windowMenu_; }
     QMenu* helpMenu() const { return helpMenu_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void makeViewMenu();
@@ -95,6 +110,7 @@ private:
     QMenu* editMenu_ = nullptr;
     QMenu* viewMenu_ = nullptr;
     QMenu* personMenu_ = nullptr;
+    QMenu* familyMenu_ = nullptr;
     QMenu* windowMenu_ = nullptr;
     QMenu* helpMenu_ = nullptr;
     QAction* fullScreen_ = nullptr;
@@ -104,6 +120,7 @@ private:
     std::function<void()> aboutToClose_;
     std::function<void()> closeRequested_;
     std::function<void()> activated_;
+    std::function<void(const QStringList&)> openFiles_;
 };
 
 } // namespace lineara

@@ -1,0 +1,232 @@
+#include "family_insight.h"
+
+#include "canvas/tree_view.h"
+#include "checks_panel.h"
+#include "document/document.h"
+#include "document/document_window.h"
+#include "finding_words.h"
+#include "kinship/relatives.h"
+#include "model/object_context.h"
+#include "model/person.h"
+#include "person_chooser.h"
+#include "relationship_strip.h"
+
+#include <QCoreApplication>
+#include <QTimerEvent>
+
+#include <algorithm>
+
+namespace lineara {
+
+namespace {
+
+struct InsightTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(FamilyInsight)
+};
+
+/// From a change to what is told anew: a whole visit to a field, or the work that a link leads to, is one change.
+constexpr int quietMilliseconds = 300;
+
+} // namespace
+
+FamilyInsight::FamilyInsight(Document& document)
+    : document_(document), menu_(*document.window().familyMenu(),
+                                 {[this] { chooseOther(); }, [this] { highlightRelatives(Relatives::Ancestors); },
+                                  [this] { highlightRelatives(Relatives::Descendants); }, [this] { showAll(); },
+                                  [this](bool visible) { showChecks(visible); }}),
+      strip_(new RelationshipStrip({[this] { swap(); }, [this] { showAll(); }})),
+      checks_(new ChecksPanel([this](RecordId person) { leadTo(person); }))
+{
+    document.window().addStrip(strip_);
+    document.window().addDockWidget(Qt::BottomDockWidgetArea, checks_);
+    connect(checks_, &QDockWidget::visibilityChanged, this,
+            [this] { menu_.showWhetherChecking(!checks_->isHidden()); });
+    changes_ = document.context().observe([this](const Change& change) { follow(change); });
+}
+
+FamilyInsight::~FamilyInsight() = default;
+
+void FamilyInsight::canvasShown()
+{
+    TreeView& canvas = *document_.treeView();
+    connect(&canvas, &TreeView::highlightDismissed, this, [this] { showAll(); });
+    connect(&canvas, &TreeView::comparisonRequested, this, [this](RecordId person) { compareWith(person); });
+}
+
+void FamilyInsight::showCommands()
+{
+    const TreeView* const canvas = document_.treeView();
+    menu_.show({canvas != nullptr, document_.selectionPerson() != nullptr, canvas && canvas->isHighlighting()});
+}
+
+void FamilyInsight::chooseOther()
+{
+    const Person* const selected = document_.selectionPerson();
+    if (!document_.treeView() || !selected)
+        return;
+    const RecordId id = selected->recordId();
+    const auto isAllowed = [id](const Person& other) { return other.recordId() != id; };
+    const auto chosen = [this, id](const Person& other) { setHighlight(OfTwo{id, other.recordId()}); };
+    auto* const chooser =
+        new PersonChooser(document_.window(), InsightTexts::tr("Relationship to"), document_.pool(), isAllowed, chosen);
+    chooser->open();
+}
+
+/// A second click on the same person takes the comparison back. Where nobody is selected it is a click like any other.
+void FamilyInsight::compareWith(RecordId other)
+{
+    const Person* const selected = document_.selectionPerson();
+    if (!selected) {
+        if (Person* const person = document_.context().person(other))
+            document_.selectPerson(*person);
+        return;
+    }
+    const auto* const shown = std::get_if<OfTwo>(&highlight_);
+    const bool isShown = shown && shown->first == selected->recordId() && shown->second == other;
+    if (isShown || selected->recordId() == other)
+        showAll();
+    else
+        setHighlight(OfTwo{selected->recordId(), other});
+}
+
+void FamilyInsight::swap()
+{
+    if (const auto* const two = std::get_if<OfTwo>(&highlight_))
+        setHighlight(OfTwo{two->second, two->first});
+}
+
+void FamilyInsight::highlightRelatives(Relatives relatives)
+{
+    if (const Person* const selected = document_.selectionPerson())
+        setHighlight(OfPerson{selected->recordId(), relatives});
+}
+
+void FamilyInsight::setHighlight(const Highlight& highlight)
+{
+    if (!document_.treeView())
+        return;
+    highlight_ = highlight;
+    showHighlight();
+}
+
+/// Persons who have gone meanwhile leave nothing to show.
+void FamilyInsight::showHighlight()
+{
+    std::visit([this](const auto& shown) { bringOut(shown); }, Highlight(highlight_));
+    strip_->setHidden(!std::holds_alternative<OfTwo>(highlight_));
+    showCommands();
+}
+
+void FamilyInsight::bringOut(std::monostate)
+{
+    document_.treeView()->clearHighlight();
+}
+
+void FamilyInsight::bringOut(const OfPerson& of)
+{
+    const auto person = records().indexOf(of.person);
+    if (!person) {
+        showAll();
+        return;
+    }
+    const auto& graph = records().graph();
+    auto persons = of.relatives == Relatives::Ancestors ? kinship::ancestorsOf(graph, *person)
+                                                        : kinship::descendantsOf(graph, *person);
+    persons.push_back(*person);
+    document_.treeView()->setHighlight(records().idsOf(persons));
+}
+
+void FamilyInsight::bringOut(const OfTwo& of)
+{
+    const auto first = records().indexOf(of.first);
+    const auto second = records().indexOf(of.second);
+    if (!first || !second) {
+        showAll();
+        return;
+    }
+    const kinship::Relation relationship = kinship::relationshipOf(records().graph(), *first, *second);
+    auto persons = relationship.path;
+    if (relationship.kinship == kinship::Kinship::Blood)
+        persons.insert(persons.end(), relationship.blood->ancestors.begin(), relationship.blood->ancestors.end());
+    // Two who are not connected have no path.
+    persons.insert(persons.end(), {*first, *second});
+    document_.treeView()->setHighlight(records().idsOf(persons));
+    tell(relationship, *first, *second);
+}
+
+void FamilyInsight::tell(const kinship::Relation& relationship, kinship::PersonIndex first, kinship::PersonIndex second)
+{
+    strip_->tell(relationshipText(relationship, records().graph(), first, second,
+                                  [this](kinship::PersonIndex person) { return nameOf(records().idOf(person)); }));
+}
+
+void FamilyInsight::showChecks(bool visible)
+{
+    if (visible)
+        check();
+    checks_->setVisible(visible);
+}
+
+void FamilyInsight::check()
+{
+    const auto nameOfIndex = [this](kinship::PersonIndex person) { return nameOf(records().idOf(person)); };
+    const auto findings = kinship::findings(records().checked());
+    std::vector<CheckedPerson> found;
+    for (const kinship::FoundPerson& one : *findings) {
+        const QString other = one.other ? nameOfIndex(*one.other) : QString();
+        found.push_back(
+            {records().idOf(one.person), nameOfIndex(one.person), findingWords(one, records().dates(), other)});
+    }
+    checks_->tell(std::move(found));
+}
+
+void FamilyInsight::leadTo(RecordId id)
+{
+    Person* const person = document_.context().person(id);
+    if (!person || !document_.treeView())
+        return;
+    document_.selectPerson(*person);
+    document_.treeView()->reveal(*person);
+}
+
+void FamilyInsight::follow(const Change& change)
+{
+    const auto* const attributes = std::get_if<AttributesChanged>(&change);
+    const bool isRenamed = attributes && (attributes->attributes & PersonAttribute::Name);
+    if (KinshipRecords::concerns(change))
+        records_.reset();
+    else if (!isRenamed)
+        return;
+    if (!checks_->isHidden() || !std::holds_alternative<std::monostate>(highlight_))
+        update_.start(quietMilliseconds, this);
+}
+
+void FamilyInsight::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() != update_.timerId())
+        return;
+    update_.stop();
+    if (!document_.treeView())
+        return;
+    if (!std::holds_alternative<std::monostate>(highlight_))
+        showHighlight();
+    if (!checks_->isHidden())
+        check();
+}
+
+const KinshipRecords& FamilyInsight::records()
+{
+    if (!records_)
+        records_.emplace(document_.pool());
+    return *records_;
+}
+
+QString FamilyInsight::nameOf(RecordId id) const
+{
+    const Person* const person = document_.context().person(id);
+    const QString name = person ? person->name().value_or(QString()) : QString();
+    return name.isEmpty() ? QCoreApplication::translate("PersonChooser", "Without a name") : name;
+}
+
+} // namespace lineara

@@ -1,0 +1,49 @@
+#include "kinship_records.h"
+
+#include "model/object_context.h"
+#include "model/person.h"
+
+#include <algorithm>
+
+namespace lineara {
+
+KinshipRecords::KinshipRecords(const Pool& pool) : snapshot_(pool.snapshot())
+{
+    dates_.reserve(snapshot_.persons.size());
+    for (const RecordId id : snapshot_.persons) {
+        const Person& person = *pool.context().person(id);
+        dates_.push_back({{person.birthYear(), person.birthMonth(), person.birthDay()},
+                          {person.deathYear(), person.deathMonth(), person.deathDay()}});
+    }
+}
+
+bool KinshipRecords::concerns(const Change& change)
+{
+    constexpr PersonAttributes dates = PersonAttribute::BirthDay | PersonAttribute::BirthMonth |
+                                       PersonAttribute::BirthYear | PersonAttribute::DeathDay |
+                                       PersonAttribute::DeathMonth | PersonAttribute::DeathYear;
+    if (const auto* const one = std::get_if<AttributesChanged>(&change))
+        return bool(one->attributes & dates);
+    if (const auto* const link = std::get_if<LinkChanged>(&change))
+        return link->relationship != Relationship::PersonPic;
+    return std::holds_alternative<RecordRemoved>(change);
+}
+
+std::vector<RecordId> KinshipRecords::idsOf(std::span<const kinship::PersonIndex> persons) const
+{
+    std::vector<RecordId> ids;
+    ids.reserve(persons.size());
+    for (const kinship::PersonIndex person : persons)
+        ids.push_back(idOf(person));
+    return ids;
+}
+
+std::optional<kinship::PersonIndex> KinshipRecords::indexOf(RecordId person) const
+{
+    const auto found = std::ranges::find(snapshot_.persons, person);
+    if (found == snapshot_.persons.end())
+        return std::nullopt;
+    return static_cast<kinship::PersonIndex>(found - snapshot_.persons.begin());
+}
+
+} // namespace lineara
