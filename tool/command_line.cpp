@@ -1,5 +1,6 @@
 #include "command_line.h"
 
+#include "genealogy_output.h"
 #include "picture_file.h"
 
 #include <algorithm>
@@ -41,9 +42,10 @@ Command parseConvert(const QStringList& files, const QStringList& options)
 {
     if (files.size() != 2)
         return WrongUsage{u"convert needs one input and one output file"_qs};
-    if (!isFamilyFileName(files[1]) && !isPictureFileName(files[1]))
-        return WrongUsage{u"the output's name must end in .lineara, .png or .svg: %1"_qs.arg(files[1])};
-    return ConvertCommand{files[0], files[1], options.contains(u"--notes"_qs)};
+    if (!isFamilyFileName(files[1]) && !isPictureFileName(files[1]) && !isGenealogyName(files[1]))
+        return WrongUsage{
+            u"the output's name must end in .lineara, .ged, .gdz, .pdf, .png or .svg: %1"_qs.arg(files[1])};
+    return ConvertCommand{files[0], files[1], options.contains(u"--notes"_qs), options.contains(u"--gedcom7"_qs)};
 }
 
 Command parseInfo(const QStringList& files, const QStringList& options)
@@ -69,8 +71,8 @@ Command parseArguments(const QStringList& arguments)
     const bool isInfo = command == u"info"_qs;
     if (!isInfo && command != u"convert"_qs)
         return WrongUsage{u"there is no command \"%1\""_qs.arg(command.isEmpty() ? options.front() : command)};
-    const QString unknown =
-        unknownOption(options, isInfo ? QStringList{u"--json"_qs, u"--notes"_qs} : QStringList{u"--notes"_qs});
+    const QString unknown = unknownOption(options, isInfo ? QStringList{u"--json"_qs, u"--notes"_qs}
+                                                          : QStringList{u"--notes"_qs, u"--gedcom7"_qs});
     if (!unknown.isEmpty())
         return WrongUsage{u"%1 does not know the option %2"_qs.arg(command, unknown)};
     return isInfo ? parseInfo(words, options) : parseConvert(words, options);
@@ -79,17 +81,20 @@ Command parseArguments(const QStringList& arguments)
 QString usageText()
 {
     return QStringLiteral(R"(Usage:
-  lineara-tool convert [--notes] IN OUT
+  lineara-tool convert [--notes] [--gedcom7] IN OUT
   lineara-tool info [--json] [--notes] FILE
   lineara-tool --help | --version
 
 convert reads a family and writes it in the format that OUT's name asks for:
-  IN   .lineara (family file) or .ged (GEDCOM 5.5, 5.5.1 or 7.0 in UTF-8 or ASCII)
-  OUT  .lineara (family file), .png or .svg (picture of the whole family)
+  IN   .lineara (family file), .ged (GEDCOM 5.5 to 7.0 in any character set) or
+       .gdz (GEDZIP)
+  OUT  .lineara (family file), .ged (GEDCOM 5.5.1), .gdz (GEDZIP, with the
+       pictures), .pdf, .png or .svg (picture of the whole family)
 OUT is replaced if it is there, and stays as it was if anything fails.
 
 info tells how many persons, links and rows a family has, and who is not linked.
 
+  --gedcom7  a .ged OUT is of version 7.0
   --json     info as JSON
   --notes    tell on standard error every line of IN that was not taken as it
              stands, and what the generations had to leave out

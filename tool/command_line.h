@@ -12,6 +12,7 @@ struct ConvertCommand
     QString input;
     QString output;
     bool tellNotes = false;
+    bool asGedcom7 = false; ///< what is written as .ged
 };
 
 struct InfoCommand

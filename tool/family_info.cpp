@@ -22,6 +22,7 @@ QJsonObject importAsJson(const ImportReport& report)
 {
     return {{u"families"_qs, number(report.families)},
             {u"linksRefused"_qs, number(report.refusedLinks)},
+            {u"linesKept"_qs, number(report.keptLines)},
             {u"linesUnreadable"_qs, number(report.unreadableLines)},
             {u"linesNotTaken"_qs, number(report.notTaken)}};
 }
@@ -62,6 +63,7 @@ QString asText(const FamilyInfo& info)
     if (info.import) {
         text += line(u"families read"_qs, info.import->families) +
                 line(u"links refused"_qs, info.import->refusedLinks) +
+                line(u"lines kept beside"_qs, info.import->keptLines) +
                 line(u"lines unreadable"_qs, info.import->unreadableLines) +
                 line(u"lines not taken"_qs, info.import->notTaken);
     }

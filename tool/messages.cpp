@@ -10,12 +10,13 @@ namespace {
 
 QString summary(const ImportReport& report)
 {
-    return u"imported %1 persons and %2 families; %3 links refused, %4 lines unreadable, %5 lines not taken"_qs
-        .arg(report.persons)
-        .arg(report.families)
-        .arg(report.refusedLinks)
-        .arg(report.unreadableLines)
-        .arg(report.notTaken);
+    return u"imported %1 persons and %2 families; %3 links refused, %4 lines kept beside, "
+           "%5 lines not taken, %6 lines unreadable"_qs.arg(report.persons)
+               .arg(report.families)
+               .arg(report.refusedLinks)
+               .arg(report.keptLines)
+               .arg(report.notTaken)
+               .arg(report.unreadableLines);
 }
 
 void tellAll(const QStringList& sentences)

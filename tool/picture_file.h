@@ -19,8 +19,8 @@ bool isPictureFileName(const QString& path);
 /// than 20,000 pixels on a side or 64 million in all. At least 1 x 1.
 QSize pictureSize(QSizeF points);
 
-/// Writes the whole family, as the canvas draws it, to a .png or .svg file. The file is replaced as a whole or not at
-/// all; a family gives the same bytes every time. Everybody must have a place.
+/// Writes the whole family, as the canvas draws it, to a .pdf, .png or .svg file. The file is replaced as a whole or
+/// not at all; a family gives the same bytes every time. Everybody must have a place.
 Outcome<Done> savePicture(Pool& pool, const QString& path);
 
 } // namespace lineara::tool

@@ -139,6 +139,7 @@ void AppDelegate::furnish(Document& document)
     fillWindowMenu(*window.windowMenu(), window, commands());
     fillHelpMenu(*window.helpMenu(), commands());
     window.setImport([this] { chooseAndImport(); });
+    window.setOpenFiles([this](const QStringList& paths) { open(paths); });
 }
 
 void AppDelegate::recover(const QString& id)
@@ -155,14 +156,14 @@ void AppDelegate::chooseAndOpen()
 {
     open(choosePaths(
         AppDelegateTexts::tr("Open a Family"),
-        AppDelegateTexts::tr("Families (*.lineara *.ged *.GED);;Family files (*.lineara);;GEDCOM files (*.ged "
-                             "*.GED);;All files (*)")));
+        AppDelegateTexts::tr("Families (*.lineara *.ged *.GED *.gdz);;Family files (*.lineara);;GEDCOM files (*.ged "
+                             "*.GED *.gdz);;All files (*)")));
 }
 
 void AppDelegate::chooseAndImport()
 {
     open(choosePaths(AppDelegateTexts::tr("Import a Family"),
-                     AppDelegateTexts::tr("GEDCOM files (*.ged *.GED);;All files (*)")));
+                     AppDelegateTexts::tr("GEDCOM files (*.ged *.GED *.gdz);;All files (*)")));
 }
 
 void AppDelegate::showStartWindow()

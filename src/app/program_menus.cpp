@@ -3,6 +3,7 @@
 #include "bring_to_front.h"
 #include "document/document.h"
 #include "document/document_window.h"
+#include "exporting.h"
 #include "saving.h"
 
 #include <QActionGroup>
@@ -91,6 +92,18 @@ void addSaving(QMenu& menu, Document& document, const ProgramCommands& commands)
     });
 }
 
+void addExport(QMenu& menu, Document& document)
+{
+    menu.addSeparator();
+    QMenu* const exporting = menu.addMenu(ProgramMenuTexts::tr("&Export"));
+    exporting->setObjectName(QStringLiteral("exportMenu"));
+    add(*exporting, ProgramMenuTexts::tr("&GEDCOM…"), QKeySequence(Qt::CTRL | Qt::Key_E),
+        [&document] { exportGedcom(document); });
+    add(*exporting, ProgramMenuTexts::tr("&Picture…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E),
+        [&document] { exportPicture(document); });
+    add(menu, ProgramMenuTexts::tr("&Print…"), QKeySequence::Print, [&document] { printFamily(document); });
+}
+
 void showWindows(QMenu& menu, QMainWindow& window, const ProgramCommands& commands)
 {
     menu.clear();
@@ -122,8 +135,10 @@ void fillFileMenu(QMenu& menu, QMainWindow& window, Document* document, const Pr
     add(menu, ProgramMenuTexts::tr("&Open…"), QKeySequence::Open, commands.open);
     addRecentMenu(menu, commands);
     add(menu, ProgramMenuTexts::tr("&Import…"), {}, commands.import);
-    if (document)
+    if (document) {
         addSaving(menu, *document, commands);
+        addExport(menu, *document);
+    }
     menu.addSeparator();
     add(menu, ProgramMenuTexts::tr("&Close"), QKeySequence::Close, [&window] { window.close(); });
     add(menu, ProgramMenuTexts::tr("&Quit"), QKeySequence::Quit, commands.quit);

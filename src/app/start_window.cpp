@@ -1,5 +1,6 @@
 #include "start_window.h"
 
+#include "document/dropped_files.h"
 #include "document/light_palette.h"
 #include "program_icon.h"
 #include "recent_table.h"
@@ -11,10 +12,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -25,15 +24,6 @@ namespace {
 
 constexpr int emblemSize = 112;
 constexpr double titleScale = 2.2;
-
-QStringList localFiles(const QMimeData& data)
-{
-    QStringList paths;
-    for (const QUrl& url : data.urls())
-        if (url.isLocalFile())
-            paths.append(url.toLocalFile());
-    return paths;
-}
 
 QLabel* makeTitle(const QString& text, double scale)
 {
@@ -174,13 +164,13 @@ void StartWindow::closeEvent(QCloseEvent* event)
 
 void StartWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (commands_.openFiles && !localFiles(*event->mimeData()).isEmpty())
+    if (commands_.openFiles && !droppedFiles(*event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
 void StartWindow::dropEvent(QDropEvent* event)
 {
-    const QStringList paths = localFiles(*event->mimeData());
+    const QStringList paths = droppedFiles(*event->mimeData());
     if (!commands_.openFiles || paths.isEmpty())
         return;
     event->acceptProposedAction();

@@ -109,7 +109,7 @@ class ManualPages(unittest.TestCase):
     def test_name_every_option_of_the_batch_program(self):
         page = (PACKAGING / "lineara-tool.1").read_text(encoding="utf-8").replace("\\-", "-")
         usage = (HOUSE / "tool/command_line.cpp").read_text(encoding="utf-8")
-        for option in sorted(set(re.findall(r"--[a-z]+", usage))):
+        for option in sorted(set(re.findall(r"--[a-z][a-z0-9]*", usage))):
             self.assertIn(option, page)
 
 

@@ -48,9 +48,34 @@ TEST_F(ToolConvert, AFamilyFileComesBackTheSame)
     EXPECT_EQ(bytesOf(at("a.lineara")), bytesOf(at("b.lineara")));
 }
 
+TEST_F(ToolConvert, AGenealogyComesBackLineByLine)
+{
+    ASSERT_EQ(convert(shakespeare(), at("a.ged")).exitCode, 0);
+    const QByteArray before = bytesOf(shakespeare());
+    const QByteArray after = bytesOf(at("a.ged"));
+    const auto lines = [](const QByteArray& text) {
+        // The header says who wrote the file.
+        QList<QByteArray> all = text.mid(text.indexOf("\n0 @")).split('\n');
+        all.removeAll({});
+        return all;
+    };
+    EXPECT_EQ(lines(after), lines(before));
+}
+
+TEST_F(ToolConvert, AGenealogyIsOfTheVersionThatIsAskedFor)
+{
+    ASSERT_EQ(runTool({QStringLiteral("convert"), QStringLiteral("--gedcom7"), shakespeare(), at("a.ged")}).exitCode,
+              0);
+    EXPECT_THAT(bytesOf(at("a.ged")).toStdString(), HasSubstr("2 VERS 7.0\n"));
+    ASSERT_EQ(convert(shakespeare(), at("b.ged")).exitCode, 0);
+    EXPECT_THAT(bytesOf(at("b.ged")).toStdString(), HasSubstr("2 VERS 5.5.1\n"));
+    ASSERT_EQ(convert(shakespeare(), at("c.gdz")).exitCode, 0);
+    EXPECT_TRUE(bytesOf(at("c.gdz")).startsWith("PK"));
+}
+
 TEST_F(ToolConvert, TheSameInputGivesTheSameBytes)
 {
-    for (const char* suffix : {".lineara", ".png", ".svg"}) {
+    for (const char* suffix : {".lineara", ".ged", ".gdz", ".pdf", ".png", ".svg"}) {
         const QString first = at("first") + QString::fromLatin1(suffix);
         const QString second = at("second") + QString::fromLatin1(suffix);
         ASSERT_EQ(convert(shakespeare(), first).exitCode, 0) << suffix;
@@ -111,7 +136,7 @@ TEST_F(ToolConvert, APictureOfAHugeFamilyStaysWithinBounds)
 TEST_F(ToolConvert, AnEmptyFamilyGivesAnEmptyPicture)
 {
     writeFile(at("empty.ged"), "0 HEAD\n0 TRLR\n");
-    for (const char* name : {"empty.png", "empty.svg", "empty.lineara"}) {
+    for (const char* name : {"empty.pdf", "empty.png", "empty.svg", "empty.lineara"}) {
         EXPECT_EQ(convert(at("empty.ged"), at(name)).exitCode, 0) << name;
         EXPECT_FALSE(bytesOf(at(name)).isEmpty()) << name;
     }
@@ -128,7 +153,7 @@ TEST_F(ToolConvert, AnInputThatCanNotBeReadLeavesTheOutputAlone)
 
 TEST_F(ToolConvert, AnOutputThatCanNotBeWrittenEndsWithThree)
 {
-    for (const char* name : {"nowhere/a.lineara", "nowhere/a.png", "nowhere/a.svg"}) {
+    for (const char* name : {"nowhere/a.lineara", "nowhere/a.pdf", "nowhere/a.png", "nowhere/a.svg"}) {
         const auto run = convert(shakespeare(), at(name));
         EXPECT_EQ(run.exitCode, 3) << name;
         EXPECT_THAT(run.err, HasSubstr("can't be saved: ")) << name;

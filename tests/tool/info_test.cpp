@@ -34,9 +34,9 @@ TEST(ToolInfo, CountsAFamilyForPeople)
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.out, "persons: 31\npartner links: 10\noffspring links: 39\nrows: 5\n  row 5: 4\n  row 4: 5\n"
                        "  row 3: 9\n  row 2: 6\n  row 1: 7\n  in no row: 0\nunlinked persons: 0\nfamilies read: 11\n"
-                       "links refused: 0\nlines unreadable: 0\nlines not taken: 115\n");
-    EXPECT_EQ(run.err, "lineara-tool: imported 31 persons and 11 families; 0 links refused, 0 lines unreadable, "
-                       "115 lines not taken\n");
+                       "links refused: 0\nlines kept beside: 115\nlines unreadable: 0\nlines not taken: 0\n");
+    EXPECT_EQ(run.err, "lineara-tool: imported 31 persons and 11 families; 0 links refused, 115 lines kept "
+                       "beside, 0 lines not taken, 0 lines unreadable\n");
 }
 
 TEST(ToolInfo, CountsAFamilyForPrograms)

@@ -13,7 +13,7 @@ TEST(ToolUsage, HelpAndVersionGoToStandardOutput)
     for (const QString& option : {QStringLiteral("--help"), QStringLiteral("-h")}) {
         const auto help = runTool({option});
         EXPECT_EQ(help.exitCode, 0);
-        EXPECT_THAT(help.out, StartsWith("Usage:\n  lineara-tool convert [--notes] IN OUT\n"));
+        EXPECT_THAT(help.out, StartsWith("Usage:\n  lineara-tool convert [--notes] [--gedcom7] IN OUT\n"));
         EXPECT_THAT(help.out, HasSubstr("Exit codes:\n  0  done\n"));
         EXPECT_EQ(help.err, "");
     }
@@ -35,10 +35,10 @@ TEST(ToolUsage, WrongArgumentsAreToldInOneLine)
         {{QStringLiteral("convert"), family}, "convert needs one input and one output file"},
         {{QStringLiteral("convert"), QStringLiteral("--json"), family, QStringLiteral("a.svg")},
          "convert does not know the option --json"},
-        {{QStringLiteral("convert"), family, QStringLiteral("a.pdf")},
-         "the output's name must end in .lineara, .png or .svg: a.pdf"},
+        {{QStringLiteral("convert"), family, QStringLiteral("a.gif")},
+         "the output's name must end in .lineara, .ged, .gdz, .pdf, .png or .svg: a.gif"},
         {{QStringLiteral("convert"), family, QStringLiteral("svg")},
-         "the output's name must end in .lineara, .png or .svg: svg"},
+         "the output's name must end in .lineara, .ged, .gdz, .pdf, .png or .svg: svg"},
     };
     for (const auto& [arguments, reason] : cases) {
         const auto run = runTool(arguments);

@@ -1,0 +1,135 @@
+#include "exporting.h"
+
+#include "canvas/tree_view.h"
+#include "document/document.h"
+#include "document/document_window.h"
+#include "interchange/gedcom_export.h"
+#include "paper/paper_dialogs.h"
+
+#include <QCoreApplication>
+#include <QDate>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QMessageBox>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace lineara {
+
+namespace {
+
+struct ExportingTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(Exporting)
+};
+
+struct Kind
+{
+    GedcomFormat format;
+    QString filter;
+    QString suffix;
+};
+
+/// The first is what most programs read.
+std::array<Kind, 3> kinds()
+{
+    return {{{GedcomFormat::Gedcom551, ExportingTexts::tr("GEDCOM 5.5.1 (*.ged)"), QStringLiteral("ged")},
+             {GedcomFormat::Gedcom70, ExportingTexts::tr("GEDCOM 7.0 (*.ged)"), QStringLiteral("ged")},
+             {GedcomFormat::Gedzip, ExportingTexts::tr("GEDCOM 7.0 with pictures (*.gdz)"), QStringLiteral("gdz")}}};
+}
+
+Kind kindOf(const QString& filter)
+{
+    const auto all = kinds();
+    const auto* const found = std::ranges::find(all, filter, &Kind::filter);
+    return found == all.end() ? all.front() : *found;
+}
+
+QString familyName(const Document& document)
+{
+    return document.path().isEmpty() ? Document::defaultDraftName() : QFileInfo(document.path()).completeBaseName();
+}
+
+/// Beside the family's own file, if something can be put there.
+QString proposedFolder(const Document& document)
+{
+    const QString folder = QFileInfo(document.path()).path();
+    const bool isBeside = !document.path().isEmpty() && QFileInfo(folder).isWritable();
+    return isBeside ? folder : QDir::homePath();
+}
+
+/// Shows a dialog about the family as it stands once everything that was begun is done.
+void showPaper(Document& document, void (*show)(QWidget*, PaperSubject))
+{
+    if (!document.treeView())
+        return;
+    document.whenSettled([&document, show] {
+        document.commit();
+        PaperSubject subject;
+        subject.scene = &document.treeView()->scene();
+        subject.parts = partsOf(document.selectionPerson());
+        subject.title = familyName(document);
+        subject.footer = QLocale().toString(QDate::currentDate(), QLocale::LongFormat);
+        subject.folder = proposedFolder(document);
+        show(&document.window(), std::move(subject));
+    });
+}
+
+void tell(Document& document, const Outcome<Done>& written)
+{
+    if (!written.failed())
+        return;
+    auto* const box = new QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
+                                      written.failure().message, QMessageBox::Close, &document.window());
+    box->setObjectName(QStringLiteral("exportFailed"));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void exportTo(Document& document, const QString& path, GedcomFormat format)
+{
+    const auto write = [path, format](const FamilyContent& family, const Progress& progress) {
+        return exportGedcomFile(family, path, format, progress);
+    };
+    document.exportFamily(ExportingTexts::tr("Exporting “%1”…").arg(QFileInfo(path).fileName()), write,
+                          [&document](const Outcome<Done>& written) { tell(document, written); });
+}
+
+} // namespace
+
+void exportGedcom(Document& document)
+{
+    auto* const dialog = new QFileDialog(&document.window(), ExportingTexts::tr("Export the Family"),
+                                         QDir(proposedFolder(document)).filePath(familyName(document)));
+    dialog->setObjectName(QStringLiteral("exportDialog"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    QStringList filters;
+    for (const Kind& kind : kinds())
+        filters << kind.filter;
+    dialog->setNameFilters(filters);
+    const auto followFilter = [dialog](const QString& filter) { dialog->setDefaultSuffix(kindOf(filter).suffix); };
+    QObject::connect(dialog, &QFileDialog::filterSelected, dialog, followFilter);
+    followFilter(filters.front());
+    QObject::connect(dialog, &QFileDialog::accepted, &document.window(), [dialog, &document] {
+        exportTo(document, dialog->selectedFiles().value(0), kindOf(dialog->selectedNameFilter()).format);
+    });
+    dialog->open();
+}
+
+void exportPicture(Document& document)
+{
+    showPaper(document, &showExportPicture);
+}
+
+void printFamily(Document& document)
+{
+    showPaper(document, &showPrint);
+}
+
+} // namespace lineara
