@@ -8,10 +8,11 @@ fail() {
     exit 1
 }
 
-build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev qt6-l10n-tools libpugixml-dev
+build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev qt6-l10n-tools libpugixml-dev libzip-dev zlib1g-dev
     libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev python3)
 screen_packages=(xvfb fonts-dejavu-core)
-test_packages=(clang-format python3-kiwisolver xauth xdotool appstream desktop-file-utils man-db shared-mime-info)
+test_packages=(clang-format gramps python3-kiwisolver xauth xdotool appstream desktop-file-utils man-db
+    poppler-utils shared-mime-info)
 lint_packages=(clang-tidy-16)
 fuzz_packages=(clang-16 libclang-rt-16-dev)
 

@@ -8,20 +8,20 @@
         <translation>Familie öffnen</translation>
     </message>
     <message>
-        <source>Families (*.lineara *.ged *.GED);;Family files (*.lineara);;GEDCOM files (*.ged *.GED);;All files (*)</source>
-        <translation>Familien (*.lineara *.ged *.GED);;Familiendateien (*.lineara);;GEDCOM-Dateien (*.ged *.GED);;Alle Dateien (*)</translation>
-    </message>
-    <message>
         <source>Import a Family</source>
         <translation>Familie importieren</translation>
     </message>
     <message>
-        <source>GEDCOM files (*.ged *.GED);;All files (*)</source>
-        <translation>GEDCOM-Dateien (*.ged *.GED);;Alle Dateien (*)</translation>
-    </message>
-    <message>
         <source>unknown folder</source>
         <translation>unbekannter Ordner</translation>
+    </message>
+    <message>
+        <source>Families (*.lineara *.ged *.GED *.gdz);;Family files (*.lineara);;GEDCOM files (*.ged *.GED *.gdz);;All files (*)</source>
+        <translation>Familien (*.lineara *.ged *.GED *.gdz);;Familiendateien (*.lineara);;GEDCOM-Dateien (*.ged *.GED *.gdz);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>GEDCOM files (*.ged *.GED *.gdz);;All files (*)</source>
+        <translation>GEDCOM-Dateien (*.ged *.GED *.gdz);;Alle Dateien (*)</translation>
     </message>
 </context>
 <context>
@@ -96,6 +96,39 @@
     <message>
         <source>Edit Notes</source>
         <translation>Notizen bearbeiten</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n further fact(s) from the imported file</source>
+        <translation>
+            <numerusform>%n weitere Angabe aus der importierten Datei</numerusform>
+            <numerusform>%n weitere Angaben aus der importierten Datei</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ChecksTexts</name>
+    <message>
+        <source>No contradictions among the dates that are known.</source>
+        <translation>Keine Widersprüche in den bekannten Daten.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n contradiction(s) among the dates</source>
+        <translation>
+            <numerusform>%n Widerspruch in den Daten</numerusform>
+            <numerusform>%n Widersprüche in den Daten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Person</source>
+        <translation>Person</translation>
+    </message>
+    <message>
+        <source>Contradiction</source>
+        <translation>Widerspruch</translation>
+    </message>
+    <message>
+        <source>Checks</source>
+        <translation>Prüfungen</translation>
     </message>
 </context>
 <context>
@@ -289,6 +322,10 @@
         <source>&amp;Person</source>
         <translation>&amp;Person</translation>
     </message>
+    <message>
+        <source>F&amp;amily</source>
+        <translation>Fa&amp;milie</translation>
+    </message>
 </context>
 <context>
     <name>EditTexts</name>
@@ -364,6 +401,18 @@
         <source>Re&amp;do %1</source>
         <translation>&amp;Wiederholen: %1</translation>
     </message>
+    <message>
+        <source>&amp;Tidy Up</source>
+        <translation>&amp;Aufräumen</translation>
+    </message>
+    <message>
+        <source>Tidy Up An&amp;cestors</source>
+        <translation>&amp;Vorfahren aufräumen</translation>
+    </message>
+    <message>
+        <source>Tidy Up De&amp;scendants</source>
+        <translation>&amp;Nachkommen aufräumen</translation>
+    </message>
 </context>
 <context>
     <name>EngineWait</name>
@@ -377,10 +426,130 @@
     </message>
 </context>
 <context>
+    <name>ExportDialog</name>
+    <message>
+        <source>Export Picture</source>
+        <translation>Bild exportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportieren …</translation>
+    </message>
+    <message>
+        <source>PDF – for printing and sending</source>
+        <translation>PDF – zum Drucken und Verschicken</translation>
+    </message>
+    <message>
+        <source>SVG – for web pages and drawing programs</source>
+        <translation>SVG – für Webseiten und Zeichenprogramme</translation>
+    </message>
+    <message>
+        <source>PNG – a picture of pixels</source>
+        <translation>PNG – ein Bild aus Pixeln</translation>
+    </message>
+    <message>
+        <source>&amp;Kind:</source>
+        <translation>A&amp;rt:</translation>
+    </message>
+    <message>
+        <source>As large as the family</source>
+        <translation>So groß wie die Familie</translation>
+    </message>
+    <message>
+        <source>&amp;Page:</source>
+        <translation>&amp;Seite:</translation>
+    </message>
+    <message>
+        <source>Width in pixels</source>
+        <translation>Breite in Pixeln</translation>
+    </message>
+    <message>
+        <source>Height in pixels</source>
+        <translation>Höhe in Pixeln</translation>
+    </message>
+    <message>
+        <source>Si&amp;ze in pixels:</source>
+        <translation>&amp;Größe in Pixeln:</translation>
+    </message>
+    <message>
+        <source>T&amp;ransparent ground</source>
+        <translation>&amp;Durchsichtiger Grund</translation>
+    </message>
+    <message>
+        <source>One page of %1 × %2 cm.</source>
+        <translation>Eine Seite von %1 × %2 cm.</translation>
+    </message>
+    <message>
+        <source>One page, at %L1 % of the full size.</source>
+        <translation>Eine Seite, %L1 % der vollen Größe.</translation>
+    </message>
+    <message>
+        <source>%L1 million pixels.</source>
+        <translation>%L1 Millionen Pixel.</translation>
+    </message>
+    <message>
+        <source>Sharp at any size; %L1 × %L2 pixels as shown at first.</source>
+        <translation>In jeder Größe scharf; zuerst %L1 × %L2 Pixel groß gezeigt.</translation>
+    </message>
+</context>
+<context>
+    <name>Exporting</name>
+    <message>
+        <source>GEDCOM 5.5.1 (*.ged)</source>
+        <translation>GEDCOM 5.5.1 (*.ged)</translation>
+    </message>
+    <message>
+        <source>GEDCOM 7.0 (*.ged)</source>
+        <translation>GEDCOM 7.0 (*.ged)</translation>
+    </message>
+    <message>
+        <source>GEDCOM 7.0 with pictures (*.gdz)</source>
+        <translation>GEDCOM 7.0 mit Bildern (*.gdz)</translation>
+    </message>
+    <message>
+        <source>Exporting “%1”…</source>
+        <translation>„%1“ wird exportiert…</translation>
+    </message>
+    <message>
+        <source>Export the Family</source>
+        <translation>Familie exportieren</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyInsight</name>
+    <message>
+        <source>Relationship to</source>
+        <translation>Verwandtschaft mit</translation>
+    </message>
+</context>
+<context>
     <name>FamilyTasks</name>
     <message>
         <source>The unsaved changes of “%1” can&apos;t be opened. The copy that holds them stays until it is discarded in the start window. What is wrong with it: %2</source>
         <translation>Die nicht gespeicherten Änderungen von „%1“ lassen sich nicht öffnen. Die Kopie, in der sie stehen, bleibt, bis sie im Startfenster verworfen wird. Was damit nicht stimmt: %2</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyTexts</name>
+    <message>
+        <source>&amp;Relationship…</source>
+        <translation>&amp;Verwandtschaft…</translation>
+    </message>
+    <message>
+        <source>Highlight &amp;Ancestors</source>
+        <translation>V&amp;orfahren hervorheben</translation>
+    </message>
+    <message>
+        <source>Highlight &amp;Descendants</source>
+        <translation>&amp;Nachkommen hervorheben</translation>
+    </message>
+    <message>
+        <source>&amp;Show All</source>
+        <translation>&amp;Alle zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Checks</source>
+        <translation>&amp;Prüfungen</translation>
     </message>
 </context>
 <context>
@@ -420,6 +589,69 @@
     </message>
 </context>
 <context>
+    <name>FindingWords</name>
+    <message>
+        <source>%1 BC</source>
+        <translation>%1 vor Christus</translation>
+    </message>
+    <message>
+        <source>%1 %2 %3</source>
+        <comment>day, month and year</comment>
+        <translation>%1. %2 %3</translation>
+    </message>
+    <message>
+        <source>Born %1, died %2: born after the death</source>
+        <translation>Geboren %1, gestorben %2: nach dem Tod geboren</translation>
+    </message>
+    <message>
+        <source>Born %1, died %2: over 120 years old</source>
+        <translation>Geboren %1, gestorben %2: über 120 Jahre alt</translation>
+    </message>
+    <message>
+        <source>Born %1, before the parent %2 (born %3)</source>
+        <translation>Geboren %1, vor dem Elternteil %2 (geboren %3)</translation>
+    </message>
+    <message>
+        <source>Born %1, when the parent %2 (born %3) was under 12</source>
+        <translation>Geboren %1, als der Elternteil %2 (geboren %3) unter 12 war</translation>
+    </message>
+    <message>
+        <source>Born %1, when the parent %2 (born %3) was over 80</source>
+        <translation>Geboren %1, als der Elternteil %2 (geboren %3) über 80 war</translation>
+    </message>
+    <message>
+        <source>Born %1, more than a year after the death of the parent %2 (died %3)</source>
+        <translation>Geboren %1, über ein Jahr nach dem Tod des Elternteils %2 (gestorben %3)</translation>
+    </message>
+    <message>
+        <source>Born %1, less than nine months after the sibling %2 (born %3)</source>
+        <translation>Geboren %1, weniger als neun Monate nach dem Geschwister %2 (geboren %3)</translation>
+    </message>
+</context>
+<context>
+    <name>FurtherFacts</name>
+    <message>
+        <source>Fact</source>
+        <translation>Angabe</translation>
+    </message>
+    <message>
+        <source>In the Imported File</source>
+        <translation>In der importierten Datei</translation>
+    </message>
+    <message>
+        <source>a person without a name</source>
+        <translation>einer Person ohne Namen</translation>
+    </message>
+    <message>
+        <source>What “%1” tells of %2 in line %3 and below, beyond what is shown in the list. It is kept as it is, and given back when the family is exported.</source>
+        <translation>Was „%1“ ab Zeile %3 von %2 erzählt und die Liste nicht zeigt. Es bleibt, wie es ist, und kommt beim Exportieren der Familie wieder heraus.</translation>
+    </message>
+    <message>
+        <source>Further Facts</source>
+        <translation>Weitere Angaben</translation>
+    </message>
+</context>
+<context>
     <name>HelpTexts</name>
     <message>
         <source>No program of this computer could be asked to show “%1”.</source>
@@ -441,20 +673,8 @@
         <translation>das Schlüsselwort fehlt</translation>
     </message>
     <message>
-        <source>it is written in the character set %1, which can&apos;t be read yet; save it as UTF-8 and import it again.</source>
-        <translation>Sie ist im Zeichensatz %1 geschrieben, der noch nicht lesbar ist; als UTF-8 gespeichert lässt sie sich importieren.</translation>
-    </message>
-    <message>
-        <source>it is said to be in UTF-8, but is not; save it as UTF-8 and import it again.</source>
-        <translation>Sie soll in UTF-8 sein, ist es aber nicht; als UTF-8 gespeichert lässt sie sich importieren.</translation>
-    </message>
-    <message>
         <source>the file is empty.</source>
         <translation>Die Datei ist leer.</translation>
-    </message>
-    <message>
-        <source>The file declares the character set %1, but is in UTF-8 and was read so.</source>
-        <translation>Die Datei gibt den Zeichensatz %1 an, ist aber in UTF-8 und wurde so gelesen.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be a partner of the same person</source>
@@ -511,18 +731,6 @@
     <message>
         <source>year %1</source>
         <translation>Jahr %1</translation>
-    </message>
-    <message>
-        <source>only one birth is kept</source>
-        <translation>nur eine Geburt wird übernommen</translation>
-    </message>
-    <message>
-        <source>only one death is kept</source>
-        <translation>nur ein Tod wird übernommen</translation>
-    </message>
-    <message>
-        <source>only one name is kept</source>
-        <translation>nur ein Name wird übernommen</translation>
     </message>
     <message>
         <source>it is empty</source>
@@ -613,8 +821,418 @@
         <translation>%1 wurde abgelehnt: %2</translation>
     </message>
     <message>
-        <source>a family has no place for it</source>
-        <translation>in einer Familie ist kein Platz dafür</translation>
+        <source>parents of themselves</source>
+        <translation>Eltern ihrer selbst</translation>
+    </message>
+    <message>
+        <source>third parents</source>
+        <translation>dritte Eltern</translation>
+    </message>
+    <message>
+        <source>parents among the own descendants</source>
+        <translation>Eltern unter den eigenen Nachkommen</translation>
+    </message>
+    <message>
+        <source>Unreadable line</source>
+        <translation>Unlesbare Zeile</translation>
+    </message>
+    <message>
+        <source>The file declares the character set %1, but is in %2 and was read so.</source>
+        <translation>Die Datei gibt den Zeichensatz %1 an, ist aber in %2 und wurde so gelesen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n bytes are no characters of %1; they were replaced.</source>
+        <translation>
+            <numerusform>%n Byte ist kein Zeichen von %1; es wurde ersetzt.</numerusform>
+            <numerusform>%n Bytes sind keine Zeichen von %1; sie wurden ersetzt.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>partners of themselves</source>
+        <translation>Partner ihrer selbst</translation>
+    </message>
+    <message>
+        <source>it is a ZIP archive that can&apos;t be read.</source>
+        <translation>Sie ist ein ZIP-Archiv, das nicht gelesen werden kann.</translation>
+    </message>
+    <message>
+        <source>it is a ZIP archive without a GEDCOM file in it.</source>
+        <translation>Sie ist ein ZIP-Archiv, in dem keine GEDCOM-Datei ist.</translation>
+    </message>
+    <message>
+        <source>the archive is broken there</source>
+        <translation>das Archiv dort beschädigt ist</translation>
+    </message>
+    <message>
+        <source>it holds nothing but zeros, as files do that were not saved to their end.</source>
+        <translation>Sie enthält nichts als Nullen, wie Dateien, die nicht zu Ende gespeichert wurden.</translation>
+    </message>
+    <message>
+        <source>it is a picture, not a GEDCOM file.</source>
+        <translation>Sie ist ein Bild und keine GEDCOM-Datei.</translation>
+    </message>
+    <message>
+        <source>it is a PDF document, not a GEDCOM file.</source>
+        <translation>Sie ist ein PDF-Dokument und keine GEDCOM-Datei.</translation>
+    </message>
+    <message>
+        <source>it is compressed; unpack it and import what comes out.</source>
+        <translation>Sie ist gepackt; entpacken Sie sie und importieren Sie, was darin ist.</translation>
+    </message>
+    <message>
+        <source>it is a web page, not a GEDCOM file.</source>
+        <translation>Sie ist eine Webseite und keine GEDCOM-Datei.</translation>
+    </message>
+    <message>
+        <source>it is an XML file, not a GEDCOM file.</source>
+        <translation>Sie ist eine XML-Datei und keine GEDCOM-Datei.</translation>
+    </message>
+    <message>
+        <source>it is not a file.</source>
+        <translation>Das ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>of no stated version</source>
+        <translation>ohne Angabe der Version</translation>
+    </message>
+    <message>
+        <source>of version %1</source>
+        <translation>der Version %1</translation>
+    </message>
+    <message>
+        <source>A GEDCOM file %1, read as %2.</source>
+        <translation>Eine GEDCOM-Datei %1, gelesen als %2.</translation>
+    </message>
+    <message>
+        <source>It says that it is in %1.</source>
+        <translation>Sie gibt %1 an.</translation>
+    </message>
+    <message>
+        <source>What came in</source>
+        <translation>Was übernommen wurde</translation>
+    </message>
+    <message>
+        <source>Persons</source>
+        <translation>Personen</translation>
+    </message>
+    <message>
+        <source>Families</source>
+        <translation>Familien</translation>
+    </message>
+    <message>
+        <source>Links between partners</source>
+        <translation>Verbindungen zwischen Partnern</translation>
+    </message>
+    <message>
+        <source>Links between parents and children</source>
+        <translation>Verbindungen zwischen Eltern und Kindern</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Lines taken into the family, of %1</source>
+        <translation>In die Familie übernommene Zeilen, von %1</translation>
+    </message>
+    <message>
+        <source>What was kept beside the family</source>
+        <translation>Was neben der Familie aufbewahrt wurde</translation>
+    </message>
+    <message>
+        <source>Records, each as it stands in the file</source>
+        <translation>Datensätze, jeder wie er in der Datei steht</translation>
+    </message>
+    <message>
+        <source>Lines that a person has no field for</source>
+        <translation>Zeilen, für die eine Person kein Feld hat</translation>
+    </message>
+    <message>
+        <source>  %1: %2, the first in line %3</source>
+        <translation>  %1: %2, die erste in Zeile %3</translation>
+    </message>
+    <message>
+        <source>What was refused</source>
+        <translation>Was abgelehnt wurde</translation>
+    </message>
+    <message>
+        <source>Links that no family can have</source>
+        <translation>Verbindungen, die es in keiner Familie geben kann</translation>
+    </message>
+    <message>
+        <source>Lines that say nothing that could be taken</source>
+        <translation>Zeilen, die nichts sagen, was übernommen werden könnte</translation>
+    </message>
+    <message>
+        <source>Lines that can&apos;t be read</source>
+        <translation>Zeilen, die nicht gelesen werden können</translation>
+    </message>
+    <message>
+        <source>Line by line</source>
+        <translation>Zeile für Zeile</translation>
+    </message>
+    <message>
+        <source>other lines</source>
+        <translation>andere Zeilen</translation>
+    </message>
+    <message>
+        <source>the file is not there</source>
+        <translation>die Datei nicht da ist</translation>
+    </message>
+    <message>
+        <source>the file has more than 64 MB</source>
+        <translation>die Datei mehr als 64 MB hat</translation>
+    </message>
+    <message>
+        <source>it is on the web</source>
+        <translation>es im Netz liegt</translation>
+    </message>
+    <message>
+        <source>the pictures are too large in all</source>
+        <translation>die Bilder zusammen zu groß sind</translation>
+    </message>
+    <message>
+        <source>the file is no picture of a known kind</source>
+        <translation>die Datei kein Bild bekannter Art ist</translation>
+    </message>
+    <message>
+        <source>the picture %1 can&apos;t be taken, as %2</source>
+        <translation>das Bild %1 kann nicht übernommen werden, da %2</translation>
+    </message>
+    <message>
+        <source>The export was stopped.</source>
+        <translation>Das Exportieren wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t be exported: %2</source>
+        <translation>„%1“ kann nicht exportiert werden: %2</translation>
+    </message>
+    <message>
+        <source>the imported records</source>
+        <translation>die importierten Datensätze</translation>
+    </message>
+    <message>
+        <source>The imported records of this family can&apos;t be told apart any more. Save the family, and export what you imported from its own file.</source>
+        <translation>Die importierten Datensätze dieser Familie lassen sich nicht mehr auseinanderhalten. Speichern Sie die Familie und exportieren Sie das Importierte aus seiner eigenen Datei.</translation>
+    </message>
+    <message>
+        <source>The archive can&apos;t be made: there is not enough memory.</source>
+        <translation>Das Archiv kann nicht erzeugt werden: Der Speicher reicht nicht aus.</translation>
+    </message>
+</context>
+<context>
+    <name>KinWords</name>
+    <message>
+        <source>%1st</source>
+        <comment>an ordinal number</comment>
+        <translation>%1</translation>
+    </message>
+    <message>
+        <source>%1nd</source>
+        <comment>an ordinal number</comment>
+        <translation>%1</translation>
+    </message>
+    <message>
+        <source>%1rd</source>
+        <comment>an ordinal number</comment>
+        <translation>%1</translation>
+    </message>
+    <message>
+        <source>%1th</source>
+        <comment>an ordinal number</comment>
+        <translation>%1</translation>
+    </message>
+    <message>
+        <source>first</source>
+        <comment>degree of a cousin</comment>
+        <translation>1</translation>
+    </message>
+    <message>
+        <source>second</source>
+        <comment>degree of a cousin</comment>
+        <translation>2</translation>
+    </message>
+    <message>
+        <source>third</source>
+        <comment>degree of a cousin</comment>
+        <translation>3</translation>
+    </message>
+    <message>
+        <source>parent</source>
+        <translation>Elternteil</translation>
+    </message>
+    <message>
+        <source>grandparent</source>
+        <translation>Großelternteil</translation>
+    </message>
+    <message>
+        <source>great-grandparent</source>
+        <translation>Urgroßelternteil</translation>
+    </message>
+    <message>
+        <source>great-great-grandparent</source>
+        <translation>Ururgroßelternteil</translation>
+    </message>
+    <message>
+        <source>%1 great-grandparent</source>
+        <translation>%1-fach-Urgroßelternteil</translation>
+    </message>
+    <message>
+        <source>child</source>
+        <translation>Kind</translation>
+    </message>
+    <message>
+        <source>grandchild</source>
+        <translation>Enkelkind</translation>
+    </message>
+    <message>
+        <source>great-grandchild</source>
+        <translation>Urenkelkind</translation>
+    </message>
+    <message>
+        <source>great-great-grandchild</source>
+        <translation>Ururenkelkind</translation>
+    </message>
+    <message>
+        <source>%1 great-grandchild</source>
+        <translation>%1-fach-Urenkelkind</translation>
+    </message>
+    <message>
+        <source>aunt or uncle</source>
+        <translation>Tante oder Onkel</translation>
+    </message>
+    <message>
+        <source>great-aunt or great-uncle</source>
+        <translation>Großtante oder Großonkel</translation>
+    </message>
+    <message>
+        <source>great-great-aunt or great-great-uncle</source>
+        <translation>Urgroßtante oder Urgroßonkel</translation>
+    </message>
+    <message>
+        <source>%1 great-aunt or great-uncle</source>
+        <translation>%1-fach-Großtante oder -Großonkel</translation>
+    </message>
+    <message>
+        <source>niece or nephew</source>
+        <translation>Nichte oder Neffe</translation>
+    </message>
+    <message>
+        <source>great-niece or great-nephew</source>
+        <translation>Großnichte oder Großneffe</translation>
+    </message>
+    <message>
+        <source>great-great-niece or great-great-nephew</source>
+        <translation>Urgroßnichte oder Urgroßneffe</translation>
+    </message>
+    <message>
+        <source>%1 great-niece or great-nephew</source>
+        <translation>%1-fach-Großnichte oder -Großneffe</translation>
+    </message>
+    <message>
+        <source>%1 cousin once removed</source>
+        <comment>of an older generation</comment>
+        <translation>Tante oder Onkel %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin once removed</source>
+        <comment>of a younger generation</comment>
+        <translation>Tante oder Onkel %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin twice removed</source>
+        <comment>of an older generation</comment>
+        <translation>Großtante oder Großonkel %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin twice removed</source>
+        <comment>of a younger generation</comment>
+        <translation>Großtante oder Großonkel %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin three times removed</source>
+        <comment>of an older generation</comment>
+        <translation>Urgroßtante oder Urgroßonkel %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin three times removed</source>
+        <comment>of a younger generation</comment>
+        <translation>Urgroßtante oder Urgroßonkel %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin %2 times removed</source>
+        <comment>of an older generation</comment>
+        <translation>Tante oder Onkel %1. Grades, %2 Generationen höher</translation>
+    </message>
+    <message>
+        <source>%1 cousin %2 times removed</source>
+        <comment>of a younger generation</comment>
+        <translation>Tante oder Onkel %1. Grades, %2 Generationen höher</translation>
+    </message>
+    <message>
+        <source>%1 cousin</source>
+        <translation>Cousine oder Cousin %1. Grades</translation>
+    </message>
+    <message>
+        <source>0</source>
+        <comment>what the degree of a cousin grows by where generations differ: 0, or 1</comment>
+        <translation>1</translation>
+    </message>
+    <message>
+        <source>half %1</source>
+        <translation>%1 (halbbürtig)</translation>
+    </message>
+    <message>
+        <source>half-sibling</source>
+        <translation>Halbgeschwister</translation>
+    </message>
+    <message>
+        <source>sibling</source>
+        <translation>Geschwister</translation>
+    </message>
+    <message>
+        <source>partner of an %1</source>
+        <translation>Partner oder Partnerin von %1</translation>
+    </message>
+    <message>
+        <source>partner of a %1</source>
+        <translation>Partner oder Partnerin von %1</translation>
+    </message>
+    <message>
+        <source>parent-in-law</source>
+        <translation>Schwiegerelternteil</translation>
+    </message>
+    <message>
+        <source>stepchild</source>
+        <translation>Stiefkind</translation>
+    </message>
+    <message>
+        <source>sibling-in-law</source>
+        <translation>Schwägerin oder Schwager</translation>
+    </message>
+    <message>
+        <source>%1 of the partner</source>
+        <translation>%1 des Partners oder der Partnerin</translation>
+    </message>
+    <message>
+        <source>stepparent</source>
+        <translation>Stiefelternteil</translation>
+    </message>
+    <message>
+        <source>child-in-law</source>
+        <translation>Schwiegerkind</translation>
+    </message>
+    <message>
+        <source>%1 by marriage</source>
+        <translation>%1 (angeheiratet)</translation>
+    </message>
+    <message>
+        <source>partner</source>
+        <translation>Partner oder Partnerin</translation>
+    </message>
+    <message>
+        <source>step-sibling</source>
+        <translation>Stiefgeschwister</translation>
     </message>
 </context>
 <context>
@@ -684,6 +1302,60 @@
     </message>
 </context>
 <context>
+    <name>PaperDialog</name>
+    <message>
+        <source>Family</source>
+        <translation>Familie</translation>
+    </message>
+    <message>
+        <source>Show a title</source>
+        <translation>Titel zeigen</translation>
+    </message>
+    <message>
+        <source>Show a footer</source>
+        <translation>Fußzeile zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Show:</source>
+        <translation>&amp;Zeigen:</translation>
+    </message>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>&amp;Titel:</translation>
+    </message>
+    <message>
+        <source>&amp;Footer:</source>
+        <translation>&amp;Fußzeile:</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Bild sichern</translation>
+    </message>
+    <message>
+        <source>%1 files (%2)</source>
+        <translation>%1-Dateien (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>PaperParts</name>
+    <message>
+        <source>The whole family</source>
+        <translation>Die ganze Familie</translation>
+    </message>
+    <message>
+        <source>the selected person</source>
+        <translation>der ausgewählten Person</translation>
+    </message>
+    <message>
+        <source>Ancestors of %1</source>
+        <translation>Vorfahren von %1</translation>
+    </message>
+    <message>
+        <source>Descendants of %1, with their partners</source>
+        <translation>Nachkommen von %1 mit ihren Partnern</translation>
+    </message>
+</context>
+<context>
     <name>PersonCell</name>
     <message>
         <source>A date was not understood</source>
@@ -750,6 +1422,198 @@
     <message>
         <source>Remove Picture</source>
         <translation>Bild entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>PictureExport</name>
+    <message>
+        <source>The picture needs at least one pixel on each side.</source>
+        <translation>Das Bild braucht an jeder Seite mindestens ein Pixel.</translation>
+    </message>
+    <message>
+        <source>A PNG picture of %L1 × %L2 pixels is too large: it may have %L3 on a side and %L4 million in all. Choose a smaller size, or PDF or SVG, which are sharp at any size.</source>
+        <translation>Ein PNG-Bild von %L1 × %L2 Pixeln ist zu groß: Es darf an einer Seite %L3 und insgesamt %L4 Millionen haben. Wählen Sie eine kleinere Größe oder PDF oder SVG, die in jeder Größe scharf sind.</translation>
+    </message>
+</context>
+<context>
+    <name>PlacingTexts</name>
+    <message>
+        <source>Arranging the family…</source>
+        <translation>Die Familie wird angeordnet…</translation>
+    </message>
+    <message>
+        <source>Tidying up…</source>
+        <translation>Es wird aufgeräumt…</translation>
+    </message>
+    <message>
+        <source>Tidy Up</source>
+        <translation>Aufräumen</translation>
+    </message>
+</context>
+<context>
+    <name>PosterMarks</name>
+    <message numerus="yes">
+        <source>%n sheet(s) make up this picture, as shown below.</source>
+        <translation>
+            <numerusform>%n Blatt ergibt dieses Bild, wie unten gezeigt.</numerusform>
+            <numerusform>%n Blätter ergeben dieses Bild, wie unten gezeigt.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cut off the left and the upper margin of each sheet along its crop marks.</source>
+        <translation>Schneiden Sie von jedem Blatt den linken und den oberen Rand an den Schnittmarken ab.</translation>
+    </message>
+    <message>
+        <source>Lay it upon its neighbours on the left and above, up to their inner marks, and glue it there.</source>
+        <translation>Legen Sie es auf seine Nachbarn links und oben, bis an deren innere Marken, und kleben Sie es dort fest.</translation>
+    </message>
+    <message>
+        <source>Print at 100 %, never fitted to the page by the printer.</source>
+        <translation>Drucken Sie mit 100 %, nie vom Drucker an die Seite angepasst.</translation>
+    </message>
+    <message>
+        <source>%1/%2 – column %3, row %4</source>
+        <translation>%1/%2 – Spalte %3, Reihe %4</translation>
+    </message>
+    <message>
+        <source>How the Sheets Lie</source>
+        <translation>Wie die Blätter liegen</translation>
+    </message>
+</context>
+<context>
+    <name>PosterPlan</name>
+    <message>
+        <source>The margins leave no room on the paper. Choose smaller ones.</source>
+        <translation>Die Ränder lassen keinen Platz auf dem Papier. Wählen Sie kleinere.</translation>
+    </message>
+    <message>
+        <source>The overlap leaves nothing new for the next page. Choose a smaller one.</source>
+        <translation>Die Überlappung lässt nichts Neues für die nächste Seite. Wählen Sie eine kleinere.</translation>
+    </message>
+    <message>
+        <source>The size must be more than nothing.</source>
+        <translation>Die Größe muss mehr als nichts sein.</translation>
+    </message>
+    <message>
+        <source>That would be %L1 pages, more than the %L2 that can be printed. Choose a smaller size.</source>
+        <translation>Das wären %L1 Seiten, mehr als die %L2, die gedruckt werden können. Wählen Sie eine kleinere Größe.</translation>
+    </message>
+</context>
+<context>
+    <name>PrintDialog</name>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Drucken</translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>&amp;Drucken …</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF…</source>
+        <translation>Als &amp;PDF sichern …</translation>
+    </message>
+    <message>
+        <source>As the picture lies</source>
+        <translation>Wie das Bild liegt</translation>
+    </message>
+    <message>
+        <source>Portrait</source>
+        <translation>Hochformat</translation>
+    </message>
+    <message>
+        <source>Landscape</source>
+        <translation>Querformat</translation>
+    </message>
+    <message>
+        <source>P&amp;aper:</source>
+        <translation>P&amp;apier:</translation>
+    </message>
+    <message>
+        <source>&amp;Orientation:</source>
+        <translation>A&amp;usrichtung:</translation>
+    </message>
+    <message>
+        <source>&amp;Margins:</source>
+        <translation>&amp;Ränder:</translation>
+    </message>
+    <message>
+        <source>On one page</source>
+        <translation>Auf einer Seite</translation>
+    </message>
+    <message>
+        <source>Poster of a chosen size</source>
+        <translation>Poster in gewählter Größe</translation>
+    </message>
+    <message>
+        <source>Poster some pages wide</source>
+        <translation>Poster, einige Seiten breit</translation>
+    </message>
+    <message>
+        <source>Poster some pages high</source>
+        <translation>Poster, einige Seiten hoch</translation>
+    </message>
+    <message>
+        <source> %</source>
+        <translation> %</translation>
+    </message>
+    <message>
+        <source>S&amp;ize:</source>
+        <translation>&amp;Größe:</translation>
+    </message>
+    <message>
+        <source>Pa&amp;ges:</source>
+        <translation>&amp;Seiten:</translation>
+    </message>
+    <message>
+        <source>S&amp;cale:</source>
+        <translation>&amp;Maßstab:</translation>
+    </message>
+    <message>
+        <source>O&amp;verlap:</source>
+        <translation>Über&amp;lappung:</translation>
+    </message>
+    <message>
+        <source>C&amp;rop marks</source>
+        <translation>S&amp;chnittmarken</translation>
+    </message>
+    <message>
+        <source>Page &amp;numbers</source>
+        <translation>Seite&amp;nzahlen</translation>
+    </message>
+    <message>
+        <source>A sheet that shows ho&amp;w they lie</source>
+        <translation>Ein &amp;Blatt, das zeigt, wie sie liegen</translation>
+    </message>
+    <message>
+        <source>Leave out empt&amp;y pages</source>
+        <translation>L&amp;eere Seiten auslassen</translation>
+    </message>
+    <message>
+        <source>%1 × %2 cm, %3 % of the full size.</source>
+        <translation>%1 × %2 cm, %3 % der vollen Größe.</translation>
+    </message>
+    <message>
+        <source>One page.</source>
+        <translation>Eine Seite.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n page(s) in %1 × %2.</source>
+        <translation>
+            <numerusform>%n Seite in %1 × %2.</numerusform>
+            <numerusform>%n Seiten in %1 × %2.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PrintOutput</name>
+    <message>
+        <source>“%1” can’t print: it took not all pages. Is it switched on and connected?</source>
+        <translation>„%1“ kann nicht drucken: Nicht alle Seiten wurden angenommen. Ist der Drucker eingeschaltet und verbunden?</translation>
     </message>
 </context>
 <context>
@@ -838,6 +1702,22 @@
         <source>&amp;About Lineara</source>
         <translation>&amp;Über Lineara</translation>
     </message>
+    <message>
+        <source>&amp;Export</source>
+        <translation>E&amp;xportieren</translation>
+    </message>
+    <message>
+        <source>&amp;GEDCOM…</source>
+        <translation>&amp;GEDCOM…</translation>
+    </message>
+    <message>
+        <source>&amp;Picture…</source>
+        <translation>&amp;Bild…</translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>&amp;Drucken…</translation>
+    </message>
 </context>
 <context>
     <name>ProgressiveMigration</name>
@@ -851,17 +1731,78 @@
     </message>
 </context>
 <context>
-    <name>QDialog</name>
-    <message>
-        <source>What Was Read</source>
-        <translation>Was gelesen wurde</translation>
-    </message>
-</context>
-<context>
     <name>RecoveryCopy</name>
     <message>
         <source>A damaged copy</source>
         <translation>Eine beschädigte Kopie</translation>
+    </message>
+</context>
+<context>
+    <name>RelationshipWords</name>
+    <message>
+        <source>partner</source>
+        <translation>Partner oder Partnerin</translation>
+    </message>
+    <message>
+        <source>%1 and %2 are not connected in this family</source>
+        <translation>%1 und %2 sind in dieser Familie nicht verbunden</translation>
+    </message>
+    <message>
+        <source>%1 is connected with %2: %3</source>
+        <translation>%1 ist mit %2 verbunden: %3</translation>
+    </message>
+    <message>
+        <source>%1 is %2 of %3</source>
+        <translation>%1 ist %2 von %3</translation>
+    </message>
+    <message>
+        <source>common ancestors are %1 and %2</source>
+        <translation>gemeinsame Vorfahren sind %1 und %2</translation>
+    </message>
+    <message>
+        <source>the common ancestor is %1</source>
+        <translation>gemeinsamer Vorfahre ist %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n step(s)</source>
+        <translation>
+            <numerusform>%n Schritt</numerusform>
+            <numerusform>%n Schritte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>also %1</source>
+        <translation>auch %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>related by %n more line(s)</source>
+        <translation>
+            <numerusform>über %n weitere Linie verwandt</numerusform>
+            <numerusform>über %n weitere Linien verwandt</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ReportDialog</name>
+    <message>
+        <source>“%1” can&apos;t be written: %2</source>
+        <translation>„%1“ kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>Save the Report</source>
+        <translation>Bericht speichern</translation>
+    </message>
+    <message>
+        <source>Texts (*.txt)</source>
+        <translation>Texte (*.txt)</translation>
+    </message>
+    <message>
+        <source>What Was Read</source>
+        <translation>Was gelesen wurde</translation>
+    </message>
+    <message>
+        <source>&amp;Save…</source>
+        <translation>&amp;Speichern…</translation>
     </message>
 </context>
 <context>
@@ -874,16 +1815,20 @@
         <source>Links refused: %1.</source>
         <translation>Abgelehnte Verbindungen: %1.</translation>
     </message>
-    <message>
-        <source>Lines not taken: %1.</source>
-        <translation>Nicht übernommene Zeilen: %1.</translation>
-    </message>
     <message numerus="yes">
         <source>The file was damaged and has been mended in memory: %n remark(s).</source>
         <translation>
             <numerusform>Die Datei war beschädigt und wurde im Speicher ausgebessert: %n Bemerkung.</numerusform>
             <numerusform>Die Datei war beschädigt und wurde im Speicher ausgebessert: %n Bemerkungen.</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Lines kept beside them: %1.</source>
+        <translation>Daneben aufbewahrte Zeilen: %1.</translation>
+    </message>
+    <message>
+        <source>Lines that can&apos;t be read: %1.</source>
+        <translation>Unlesbare Zeilen: %1.</translation>
     </message>
 </context>
 <context>
@@ -1338,6 +2283,432 @@
         <source>permission to open its folder is denied.</source>
         <translation>es fehlt die Berechtigung, ihren Ordner zu öffnen.</translation>
     </message>
+    <message>
+        <source>object z%1: the imported record belongs to two persons.</source>
+        <translation>Objekt z%1: Der importierte Datensatz gehört zu zwei Personen.</translation>
+    </message>
+    <message>
+        <source>Only one side of the link between imported record z%1 and its person was there; it was completed.</source>
+        <translation>Von der Verbindung zwischen dem importierten Datensatz z%1 und seiner Person war nur eine Seite da; sie wurde ergänzt.</translation>
+    </message>
+</context>
+<context>
+    <name>StripTexts</name>
+    <message>
+        <source>Swap</source>
+        <translation>Tauschen</translation>
+    </message>
+    <message>
+        <source>Tell it the other way round</source>
+        <translation>Andersherum sagen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>TagTexts</name>
+    <message>
+        <source>Abbreviation</source>
+        <translation>Abkürzung</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Adoption</source>
+        <translation>Adoption</translation>
+    </message>
+    <message>
+        <source>Age</source>
+        <translation>Alter</translation>
+    </message>
+    <message>
+        <source>Agency</source>
+        <translation>Behörde</translation>
+    </message>
+    <message>
+        <source>Alias</source>
+        <translation>Anderer Name</translation>
+    </message>
+    <message>
+        <source>Annulment</source>
+        <translation>Aufhebung der Ehe</translation>
+    </message>
+    <message>
+        <source>Associate</source>
+        <translation>Bekannter</translation>
+    </message>
+    <message>
+        <source>Author</source>
+        <translation>Verfasser</translation>
+    </message>
+    <message>
+        <source>Baptism</source>
+        <translation>Taufe</translation>
+    </message>
+    <message>
+        <source>Bar mitzvah</source>
+        <translation>Bar Mizwa</translation>
+    </message>
+    <message>
+        <source>Bat mitzvah</source>
+        <translation>Bat Mizwa</translation>
+    </message>
+    <message>
+        <source>Birth</source>
+        <translation>Geburt</translation>
+    </message>
+    <message>
+        <source>Blessing</source>
+        <translation>Segnung</translation>
+    </message>
+    <message>
+        <source>Burial</source>
+        <translation>Begräbnis</translation>
+    </message>
+    <message>
+        <source>Call number</source>
+        <translation>Signatur</translation>
+    </message>
+    <message>
+        <source>Caste</source>
+        <translation>Kaste</translation>
+    </message>
+    <message>
+        <source>Cause</source>
+        <translation>Ursache</translation>
+    </message>
+    <message>
+        <source>Census</source>
+        <translation>Volkszählung</translation>
+    </message>
+    <message>
+        <source>Last change</source>
+        <translation>Letzte Änderung</translation>
+    </message>
+    <message>
+        <source>Child</source>
+        <translation>Kind</translation>
+    </message>
+    <message>
+        <source>Christening</source>
+        <translation>Taufe (Kind)</translation>
+    </message>
+    <message>
+        <source>Christening as an adult</source>
+        <translation>Taufe als Erwachsener</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Confirmation</source>
+        <translation>Konfirmation</translation>
+    </message>
+    <message>
+        <source>Cremation</source>
+        <translation>Einäscherung</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>Data</source>
+        <translation>Daten</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Death</source>
+        <translation>Tod</translation>
+    </message>
+    <message>
+        <source>Divorce</source>
+        <translation>Scheidung</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Education</source>
+        <translation>Ausbildung</translation>
+    </message>
+    <message>
+        <source>E-mail</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Emigration</source>
+        <translation>Auswanderung</translation>
+    </message>
+    <message>
+        <source>Engagement</source>
+        <translation>Verlobung</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Ereignis</translation>
+    </message>
+    <message>
+        <source>Fact</source>
+        <translation>Tatsache</translation>
+    </message>
+    <message>
+        <source>Family as a child</source>
+        <translation>Familie als Kind</translation>
+    </message>
+    <message>
+        <source>Family as a partner</source>
+        <translation>Familie als Partner</translation>
+    </message>
+    <message>
+        <source>First communion</source>
+        <translation>Erstkommunion</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Given name</source>
+        <translation>Vorname</translation>
+    </message>
+    <message>
+        <source>Graduation</source>
+        <translation>Abschluss</translation>
+    </message>
+    <message>
+        <source>Husband</source>
+        <translation>Ehemann</translation>
+    </message>
+    <message>
+        <source>Identity number</source>
+        <translation>Ausweisnummer</translation>
+    </message>
+    <message>
+        <source>Immigration</source>
+        <translation>Einwanderung</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Map</source>
+        <translation>Karte</translation>
+    </message>
+    <message>
+        <source>Banns</source>
+        <translation>Aufgebot</translation>
+    </message>
+    <message>
+        <source>Marriage licence</source>
+        <translation>Heiratserlaubnis</translation>
+    </message>
+    <message>
+        <source>Marriage</source>
+        <translation>Heirat</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Medium</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Nationality</source>
+        <translation>Staatsangehörigkeit</translation>
+    </message>
+    <message>
+        <source>Naturalization</source>
+        <translation>Einbürgerung</translation>
+    </message>
+    <message>
+        <source>Number of children</source>
+        <translation>Zahl der Kinder</translation>
+    </message>
+    <message>
+        <source>Nickname</source>
+        <translation>Rufname</translation>
+    </message>
+    <message>
+        <source>Number of marriages</source>
+        <translation>Zahl der Ehen</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Title before the name</source>
+        <translation>Titel vor dem Namen</translation>
+    </message>
+    <message>
+        <source>Addition after the name</source>
+        <translation>Zusatz nach dem Namen</translation>
+    </message>
+    <message>
+        <source>Picture or recording</source>
+        <translation>Bild oder Aufnahme</translation>
+    </message>
+    <message>
+        <source>Occupation</source>
+        <translation>Beruf</translation>
+    </message>
+    <message>
+        <source>Ordination</source>
+        <translation>Ordination</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Relation to the parents</source>
+        <translation>Verhältnis zu den Eltern</translation>
+    </message>
+    <message>
+        <source>Telephone</source>
+        <translation>Telefon</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Postal code</source>
+        <translation>Postleitzahl</translation>
+    </message>
+    <message>
+        <source>Probate</source>
+        <translation>Testamentseröffnung</translation>
+    </message>
+    <message>
+        <source>Property</source>
+        <translation>Besitz</translation>
+    </message>
+    <message>
+        <source>Publication</source>
+        <translation>Veröffentlichung</translation>
+    </message>
+    <message>
+        <source>Reliability</source>
+        <translation>Zuverlässigkeit</translation>
+    </message>
+    <message>
+        <source>Reference number</source>
+        <translation>Kennnummer</translation>
+    </message>
+    <message>
+        <source>Relation</source>
+        <translation>Beziehung</translation>
+    </message>
+    <message>
+        <source>Religion</source>
+        <translation>Religion</translation>
+    </message>
+    <message>
+        <source>Repository</source>
+        <translation>Archiv</translation>
+    </message>
+    <message>
+        <source>Residence</source>
+        <translation>Wohnort</translation>
+    </message>
+    <message>
+        <source>Restriction</source>
+        <translation>Beschränkung</translation>
+    </message>
+    <message>
+        <source>Retirement</source>
+        <translation>Ruhestand</translation>
+    </message>
+    <message>
+        <source>Record number</source>
+        <translation>Nummer des Datensatzes</translation>
+    </message>
+    <message>
+        <source>Role</source>
+        <translation>Rolle</translation>
+    </message>
+    <message>
+        <source>Sex</source>
+        <translation>Geschlecht</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Quelle</translation>
+    </message>
+    <message>
+        <source>Word before the surname</source>
+        <translation>Wort vor dem Nachnamen</translation>
+    </message>
+    <message>
+        <source>Social security number</source>
+        <translation>Sozialversicherungsnummer</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Bundesland</translation>
+    </message>
+    <message>
+        <source>Submitter</source>
+        <translation>Einsender</translation>
+    </message>
+    <message>
+        <source>Surname</source>
+        <translation>Nachname</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Identifier</source>
+        <translation>Kennung</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>Wife</source>
+        <translation>Ehefrau</translation>
+    </message>
+    <message>
+        <source>Will</source>
+        <translation>Testament</translation>
+    </message>
+    <message>
+        <source>Web page</source>
+        <translation>Webseite</translation>
+    </message>
 </context>
 <context>
     <name>TreeView</name>
@@ -1367,6 +2738,13 @@
     <message>
         <source>Working out the rows…</source>
         <translation>Die Reihen werden bestimmt…</translation>
+    </message>
+</context>
+<context>
+    <name>WorkBar</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

@@ -12,20 +12,24 @@ from sources import report, sources
 # Each room, lowest first, with every room it may use.
 ROOMS = {
     "engine": set(),
+    "kinship": {"engine"},
     "layout": {"engine"},
     "platform": set(),
     "model": {"engine", "platform"},
     "store": {"model", "platform"},
-    "interchange": {"model", "engine", "platform", "layout"},
+    "interchange": {"model", "engine", "platform", "layout", "store"},
     "elements": {"model", "platform"},
     "canvas": {"elements", "layout", "model", "platform"},
+    "paper": {"canvas", "elements", "store", "model", "platform"},
     "personlist": {"elements", "model", "platform"},
-    "document": {"canvas", "personlist", "store", "interchange", "elements", "layout", "model", "engine", "platform"},
+    "document": {"canvas", "paper", "personlist", "store", "interchange", "elements", "layout", "model", "kinship",
+                 "engine",
+                 "platform"},
 }
 BELOW_APP = set(ROOMS)
 ROOMS["app"] = BELOW_APP
 TOOL_MAY_USE = BELOW_APP
-WITHOUT_QT = {"engine", "layout"}
+WITHOUT_QT = {"engine", "kinship", "layout"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]', re.MULTILINE)
 LINKED_ROOM = re.compile(r"\blineara(?:::|_)(\w+)\b")
