@@ -42,10 +42,15 @@ install_missing() {
         -o Dpkg::Use-Pty=0 "${missing[@]}" >/dev/null || fail "apt-get could not install: ${missing[*]}"
 }
 
+# configure PRESET: silent when it succeeds.
+configure() {
+    cmake --preset "$1" >build/configure.log 2>&1 || { cat build/configure.log >&2; fail "configuring failed"; }
+}
+
 # build PRESET [TARGET]: configures and builds, politely towards the rest of the desktop.
 build() {
     local preset=$1 target=${2:-all}
     say "configuring and building $target, preset $preset"
-    cmake --preset "$preset" >build/configure.log 2>&1 || { cat build/configure.log >&2; fail "configuring failed"; }
+    configure "$preset"
     nice cmake --build --preset "$preset" --target "$target"
 }

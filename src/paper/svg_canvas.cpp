@@ -103,9 +103,9 @@ QByteArray attributesOf(const VectorShape& shape)
 } // namespace
 
 SvgCanvas::SvgCanvas(QSizeF size, const QString& title)
+    : bytes_(R"(<?xml version="1.0" encoding="UTF-8"?>
+<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink")")
 {
-    bytes_ = R"(<?xml version="1.0" encoding="UTF-8"?>
-<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink")";
     appendAttribute(bytes_, "width", size.width());
     appendAttribute(bytes_, "height", size.height());
     bytes_ += " viewBox=\"0 0 ";
@@ -161,7 +161,7 @@ void SvgCanvas::shape(const VectorShape& shape, QPointF at)
 void SvgCanvas::text(const QString& text, QPointF baseline, const QFont& font, double scale, const QColor& colour)
 {
     QByteArray attributes(" font-family=\"'" + marked(QFontInfo(font).family()) +
-                          "','DejaVu Sans',Verdana,Geneva,sans-serif\" xml:space=\"preserve\"");
+                          R"(','DejaVu Sans',Verdana,Geneva,sans-serif" xml:space="preserve")");
     appendAttribute(attributes, "font-size", font.pixelSize() * scale);
     appendColour(attributes, "fill", colour);
     enterGroup(attributes);
@@ -191,7 +191,8 @@ void SvgCanvas::image(const QImage& image, const QRectF& place)
 QByteArray SvgCanvas::finish()
 {
     leaveGroup();
-    return std::move(bytes_) + "</svg>\n";
+    bytes_ += "</svg>\n";
+    return std::move(bytes_);
 }
 
 } // namespace lineara
