@@ -1,4 +1,4 @@
-#include "family_texts.h"
+#include "version_samples.h"
 
 #include <algorithm>
 
@@ -169,6 +169,19 @@ TEST(Reading, ImportedRecordsInAnyLayoutAreUnderstood)
     EXPECT_EQ(rewritten(plain), plain);
     text.replace("\n", "\r\n").replace("    <", "<").replace("\"", "'");
     EXPECT_EQ(rewritten(text), plain);
+}
+
+TEST(Reading, FrozenFilesGiveBackTheirImportedRecords)
+{
+    const auto frozen = sample(u"imported_14"_qs);
+    const auto family = loaded(frozen);
+    EXPECT_THAT(family.repairs, IsEmpty());
+    const SourceRecord& record = *personOf(family, 102).source();
+    EXPECT_EQ(record.origin(), (SourceOrigin{u"small.ged"_qs, 6}));
+    EXPECT_EQ(record.text(), "0 @I1@ INDI\n1 NAME Ada /Miller/\n1 SEX F\n"
+                             "1 OCCU Teacher of <letters> & \"numbers\"\n");
+    EXPECT_EQ(family.context->source(RecordId{107})->text(), "0 @F1@ FAM\n1 WIFE @I1@\n1 CHIL @I2@\n");
+    EXPECT_EQ(textOf(*family.context), frozen);
 }
 
 TEST(Reading, AnyLayoutOfTheXmlIsUnderstood)
