@@ -59,7 +59,7 @@ void DocumentController::leave(Document& document, Unsaved unsaved)
         return;
     }
     document.hurry();
-    document.whenSettled(go);
+    document.whenExported(go);
 }
 
 void DocumentController::left(const Document& document, Unsaved unsaved)

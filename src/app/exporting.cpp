@@ -63,6 +63,20 @@ QString proposedFolder(const Document& document)
     return isBeside ? folder : QDir::homePath();
 }
 
+/// A name that no genealogy there has yet: the one that the family may have been imported from has to stay.
+QString proposedName(const Document& document)
+{
+    const QDir folder(proposedFolder(document));
+    const QString name = familyName(document);
+    const auto isTaken = [&](const QString& proposed) {
+        return folder.exists(proposed + QStringLiteral(".ged")) || folder.exists(proposed + QStringLiteral(".gdz"));
+    };
+    QString proposed = name;
+    for (int number = 2; isTaken(proposed); ++number)
+        proposed = QStringLiteral("%1 %2").arg(name).arg(number);
+    return folder.filePath(proposed);
+}
+
 /// Shows a dialog about the family as it stands once everything that was begun is done.
 void showPaper(Document& document, void (*show)(QWidget*, PaperSubject))
 {
@@ -80,12 +94,20 @@ void showPaper(Document& document, void (*show)(QWidget*, PaperSubject))
     });
 }
 
-void tell(Document& document, const Outcome<Done>& written)
+/// What a file is called decides before what was chosen beside its name.
+GedcomFormat formatOf(const QString& path, GedcomFormat chosen)
 {
-    if (!written.failed())
-        return;
-    auto* const box = new QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
-                                      written.failure().message, QMessageBox::Close, &document.window());
+    if (QFileInfo(path).suffix().compare(QLatin1String("gdz"), Qt::CaseInsensitive) == 0)
+        return GedcomFormat::Gedzip;
+    return chosen == GedcomFormat::Gedzip ? GedcomFormat::Gedcom70 : chosen;
+}
+
+void tell(Document& document, const QString& failure)
+{
+    // An export outlives a window that is closed meanwhile.
+    QWidget* const parent = document.window().isVisible() ? &document.window() : nullptr;
+    auto* const box = new QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), failure,
+                                      QMessageBox::Close, parent);
     box->setObjectName(QStringLiteral("exportFailed"));
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
@@ -93,19 +115,30 @@ void tell(Document& document, const Outcome<Done>& written)
 
 void exportTo(Document& document, const QString& path, GedcomFormat format)
 {
+    const QFileInfo file(path);
+    // A link counts as what it leads to.
+    const QFileInfo reached(file.exists() ? file.canonicalFilePath() : path);
+    if (reached.suffix().compare(QLatin1String("lineara"), Qt::CaseInsensitive) == 0) {
+        tell(document, ExportingTexts::tr("“%1” is a name for a family file. Choose one that ends in .ged or .gdz.")
+                           .arg(reached.fileName()));
+        return;
+    }
     const auto write = [path, format](const FamilyContent& family, const Progress& progress) {
         return exportGedcomFile(family, path, format, progress);
     };
-    document.exportFamily(ExportingTexts::tr("Exporting “%1”…").arg(QFileInfo(path).fileName()), write,
-                          [&document](const Outcome<Done>& written) { tell(document, written); });
+    document.exportFamily(ExportingTexts::tr("Exporting “%1”…").arg(file.fileName()), write,
+                          [&document](const Outcome<Done>& written) {
+                              if (written.failed())
+                                  tell(document, written.failure().message);
+                          });
 }
 
 } // namespace
 
 void exportGedcom(Document& document)
 {
-    auto* const dialog = new QFileDialog(&document.window(), ExportingTexts::tr("Export the Family"),
-                                         QDir(proposedFolder(document)).filePath(familyName(document)));
+    auto* const dialog =
+        new QFileDialog(&document.window(), ExportingTexts::tr("Export the Family"), proposedName(document));
     dialog->setObjectName(QStringLiteral("exportDialog"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
@@ -117,7 +150,8 @@ void exportGedcom(Document& document)
     QObject::connect(dialog, &QFileDialog::filterSelected, dialog, followFilter);
     followFilter(filters.front());
     QObject::connect(dialog, &QFileDialog::accepted, &document.window(), [dialog, &document] {
-        exportTo(document, dialog->selectedFiles().value(0), kindOf(dialog->selectedNameFilter()).format);
+        const QString path = dialog->selectedFiles().value(0);
+        exportTo(document, path, formatOf(path, kindOf(dialog->selectedNameFilter()).format));
     });
     dialog->open();
 }

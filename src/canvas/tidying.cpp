@@ -74,13 +74,14 @@ Tidying Tidying::ofNewcomers(const Pool& pool)
 
 void Tidying::compute(const Progress& progress)
 {
-    if (std::ranges::find(isAsked_, true) == isAsked_.end())
+    if (std::ranges::find(isAsked_, true) == isAsked_.end() || (selected_ && present_.empty()))
         return;
     const auto found = edges(progress);
     if (!found)
         return;
     for (engine::PersonIndex person = 0; person < found->size(); ++person) {
-        if (isAsked_[person])
+        // Others than those who were selected may have been moved by their user meanwhile.
+        if (isAsked_[person] && !(selected_ && present_[person] == (*found)[person]))
             places_.push_back({family_.persons[person], (*found)[person]});
     }
 }

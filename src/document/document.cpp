@@ -277,6 +277,11 @@ void Document::whenSettled(std::function<void()> settled)
     saving_->whenWritten(std::move(settled));
 }
 
+void Document::whenExported(std::function<void()> exported)
+{
+    saving_->whenExported(std::move(exported));
+}
+
 std::optional<LeftWork> Document::keptWork() const
 {
     return saving_->keptCopy();

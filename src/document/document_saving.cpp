@@ -167,6 +167,7 @@ void DocumentSaving::saveCopy(const QString& path, std::function<void(const Outc
 void DocumentSaving::exportFamily(const QString& doing, Document::Export write,
                                   std::function<void(const Outcome<Done>&)> written)
 {
+    ++exports_;
     onceSettled([this, doing, write = std::move(write), written = std::move(written)] {
         document_.commit();
         const WatchedWork work;
@@ -178,6 +179,7 @@ void DocumentSaving::exportFamily(const QString& doing, Document::Export write,
                 work.run(closing, [&](const Progress& progress) { *outcome = write(*taken, progress); });
             })
             .onMain([this, work, outcome, written] {
+                --exports_;
                 exportBar_.end();
                 if (!work.isGivenUp())
                     written(*outcome);
@@ -292,6 +294,15 @@ void DocumentSaving::whenWritten(std::function<void()> written)
         WorkBlock block;
         block.onMain(std::move(written));
         writer_.enqueue(std::move(block));
+    });
+}
+
+void DocumentSaving::whenExported(std::function<void()> exported)
+{
+    whenWritten([this, exported = std::move(exported)]() mutable {
+        WorkBlock block;
+        block.onMain(std::move(exported));
+        exporter_.enqueue(std::move(block));
     });
 }
 

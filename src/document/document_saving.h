@@ -36,7 +36,7 @@ public:
     /// Whether there is anything, what is being typed included, that is not in the file.
     bool isModified() const;
     bool isSaving() const { return !writings_.empty(); }
-    bool isWriting() const { return isSaving() || writer_.busy() || exporter_.busy(); }
+    bool isWriting() const { return isSaving() || writer_.busy() || exports_ > 0; }
     bool isMended() const { return isMended_; }
     /// The file does not say what the family says, although nobody changed it.
     void markMended() { isMended_ = true; }
@@ -61,6 +61,8 @@ public:
 
     /// Runs `written` once what is to be written by now has been.
     void whenWritten(std::function<void()> written);
+    /// The same, and what is to be exported by now has been, too.
+    void whenExported(std::function<void()> exported);
 
 private:
     /// What of the history a file that is being written holds; no value where no undo or redo leads to that any more.
@@ -87,6 +89,7 @@ private:
     bool isGivenUp_ = false;
     bool isCopied_ = false; // what was unsaved when it was written last
     QTimer copyTimer_;
+    int exports_ = 0; // asked for and not at their end yet
     WorkBar exportBar_;
     SerialQueue writer_;
     SerialQueue exporter_; // of its own, so that no long export keeps a file from being saved

@@ -35,7 +35,7 @@ public:
     void undo();
     void redo();
     /// Finds new places within the rows, as one step, for everybody or for those whom `some` names when its turn comes.
-    /// Nothing if its user gives up meanwhile.
+    /// Nothing if its user gives up meanwhile. It takes long, so an undo that was wished for meanwhile takes it back.
     void tidy();
     void tidy(std::function<std::vector<RecordId>()> some);
     /// Nobody waits in front of the window any more: what is queued by now ends soon, if need be with some partners in
@@ -73,6 +73,7 @@ private:
     void addPlacing(WorkBlock& block);
     void enqueueTidying(std::function<Tidying()> tidying);
     void moveTo(const std::vector<Tidying::Place>& places);
+    bool isLatestOfUser(StepId step);
 
     Journal& journal();
     StepId newestStep();
@@ -82,6 +83,13 @@ private:
     FreeHeights heights_;
     Subscription rollBacks_;
     bool isReplaying_ = false;
+    /// The step of the last tidying, and the one that was the latest before it.
+    struct Tidied
+    {
+        StepId step;
+        StepId before;
+    };
+    std::optional<Tidied> tidied_;
     EngineWait wait_;
     WorkBar workBar_;
     SerialQueue queue_;

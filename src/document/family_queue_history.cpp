@@ -27,10 +27,17 @@ void FamilyQueue::enqueueReplay(Direction direction)
     block.onMainWaiting([this, direction, meant = journal().latestStep()] {
         document_.commit();
         // A change that the user made after the command is nothing that the command was meant for.
-        if (journal().latestStep() == meant)
+        if (isLatestOfUser(meant))
             replay(direction);
     });
     queue_.enqueue(std::move(block));
+}
+
+/// Tidying begins its step when its work is done, which the user did not wait for.
+bool FamilyQueue::isLatestOfUser(StepId step)
+{
+    const StepId latest = journal().latestStep();
+    return latest == step || (tidied_ && tidied_->step == latest && tidied_->before == step);
 }
 
 void FamilyQueue::replay(Direction direction)

@@ -89,9 +89,11 @@ void FamilyQueue::enqueueTidying(std::function<Tidying()> tidying)
 /// The step begins only here: what its user did while places were being found is a step of its own, before this one.
 void FamilyQueue::moveTo(const std::vector<Tidying::Place>& places)
 {
+    const StepId before = journal().latestStep();
     journal().begin(PlacingTexts::tr("Tidy Up"));
     const auto [persons, values] = movesOf(places, document_.context());
     document_.treeView()->movePersons(persons, values);
+    tidied_ = Tidied{journal().latestStep(), before};
 }
 
 } // namespace lineara

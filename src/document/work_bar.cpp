@@ -2,6 +2,7 @@
 
 #include "document/document_window.h"
 
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -61,6 +62,7 @@ void WorkBar::makeBar()
     done_->setRange(0, barSteps);
     done_->setFixedWidth(workBarWidth);
     done_->setTextVisible(false);
+    done_->setAccessibleName(text_);
     auto* const cancel = new QPushButton(WorkBarTexts::tr("Cancel"));
     cancel->setObjectName(QStringLiteral("giveUpWork"));
     QObject::connect(cancel, &QPushButton::clicked, cancel, [cancel, work = *work_] {
@@ -72,6 +74,9 @@ void WorkBar::makeBar()
     row->addWidget(done_);
     row->addWidget(cancel);
     window_.showAbove(*bar_);
+    bar_->setAccessibleName(text_);
+    QAccessibleEvent told(bar_, QAccessible::Alert);
+    QAccessible::updateAccessibility(&told);
 }
 
 } // namespace lineara

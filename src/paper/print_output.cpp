@@ -79,6 +79,11 @@ Outcome<QByteArray> PrintOutput::finish()
     }
     if (isSound_ && painter_.end() && printer_->printerState() != QPrinter::Error)
         return QByteArray();
+    if (!printer_->outputFileName().isEmpty())
+        return Failure{
+            PrintOutputTexts::tr("\u201c%1\u201d can\u2019t be written. Is there such a folder, with room and "
+                                 "permission for a file?")
+                .arg(printer_->outputFileName())};
     return Failure{PrintOutputTexts::tr("\u201c%1\u201d can\u2019t print: it took not all pages. Is it switched on and "
                                         "connected?")
                        .arg(printer_->printerName())};

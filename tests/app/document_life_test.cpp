@@ -5,6 +5,9 @@
 #include <QAction>
 #include <QMenu>
 #include <QTest>
+#include <QThread>
+
+#include <atomic>
 
 namespace lineara {
 
@@ -92,6 +95,26 @@ TEST_F(DocumentLife, ClosingWithoutChangesAsksNothingAndLeadsBackToTheStartWindo
     EXPECT_EQ(program_.dialog(), nullptr);
     EXPECT_EQ(bytes(path), before);
     EXPECT_TRUE(waitUntil([this] { return !documents().isLeaving(); }));
+}
+
+TEST_F(DocumentLife, AFamilyThatClosesIsExportedToItsEnd)
+{
+    Document& lee = opened(QStringLiteral("Lee.lineara"));
+    std::atomic<bool> mayEnd = false;
+    bool isExported = false;
+    const auto write = [&mayEnd](const FamilyContent&, const Progress& progress) -> Outcome<Done> {
+        while (!mayEnd && progress.goesOn(0.5))
+            QThread::msleep(1);
+        return Done{};
+    };
+    lee.exportFamily(QStringLiteral("Exporting"), write, [&](const Outcome<Done>&) { isExported = true; });
+    lee.window().close();
+    EXPECT_TRUE(isStartWindowShown());
+    QTest::qWait(100);
+    EXPECT_TRUE(documents().isLeaving());
+    mayEnd = true;
+    EXPECT_TRUE(waitUntil([this] { return !documents().isLeaving(); }));
+    EXPECT_TRUE(isExported);
 }
 
 TEST_F(DocumentLife, SavingAnUnchangedFamilyDoesNotTouchItsFile)

@@ -1,5 +1,6 @@
 // Tidying a family up from its document.
 
+#include "canvas/tidying.h"
 #include "document/document_window.h"
 #include "edited_document.h"
 
@@ -11,6 +12,10 @@
 
 namespace lineara {
 namespace {
+
+using testing::Contains;
+using testing::IsEmpty;
+using testing::Not;
 
 /// Left edges in the order of the pool.
 std::vector<std::int32_t> placesOf(const Pool& pool)
@@ -145,6 +150,39 @@ TEST(TidyingUp, EndsWithADocumentThatIsClosedMeanwhile)
     family.edited.document->tidyUp();
     family.edited.document.reset();
     QApplication::processEvents();
+}
+
+TEST(TidyingUp, IsTakenBackByAnUndoThatWasWishedForMeanwhile)
+{
+    Untidy family;
+    EditedDocument& edited = family.edited;
+    const QByteArray before = edited.text();
+    edited.hold();
+    edited.document->tidyUp();
+    edited.document->undo();
+    edited.release();
+    EXPECT_EQ(edited.text(), before);
+    EXPECT_EQ(edited.journal().redoName(), QStringLiteral("Tidy Up"));
+}
+
+TEST(TidyingUp, OfSomeLeavesAllOthersWhereTheirUserPutsThemMeanwhile)
+{
+    const Untidy family;
+    const std::vector<RecordId> some{{104}, {105}, {106}};
+    Tidying tidying = Tidying::ofSome(family.edited.pool(), some);
+    tidying.compute();
+    EXPECT_THAT(tidying.places(), Not(IsEmpty()));
+    for (const Tidying::Place& place : tidying.places())
+        EXPECT_THAT(some, Contains(place.person));
+}
+
+TEST(TidyingUp, OfSomeTellsNothingWhereSomebodyHasNoPlace)
+{
+    const Untidy family;
+    family.edited.person(102)->setX(std::nullopt);
+    Tidying tidying = Tidying::ofSome(family.edited.pool(), {RecordId{106}});
+    tidying.compute();
+    EXPECT_THAT(tidying.places(), IsEmpty());
 }
 
 TEST(TidyingUp, ComesAfterWhatItsUserDidMeanwhile)

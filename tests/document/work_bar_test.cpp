@@ -41,6 +41,7 @@ TEST_F(WorkIsShown, WithHowMuchIsDone)
     ASSERT_TRUE(QTest::qWaitFor([this] { return shown() != nullptr; }));
     const auto* const done = shown()->findChild<QProgressBar*>();
     EXPECT_EQ(done->value() * 2, done->maximum());
+    EXPECT_EQ(done->accessibleName(), QStringLiteral("Counting"));
     bar.end();
     EXPECT_EQ(shown(), nullptr);
 }

@@ -41,7 +41,7 @@ TEST(Print, PutsEachSheetOfAPosterOnAPageOfItsPaper)
     EXPECT_THAT(text, HasSubstr("Person 29"));
 }
 
-TEST(Print, APrinterThatCanNotBeReachedIsTold)
+TEST(Print, AFileThatCanNotBeWrittenIsTold)
 {
     PaperFamily family;
     family.addRow(3);
@@ -54,7 +54,7 @@ TEST(Print, APrinterThatCanNotBeReachedIsTold)
     }
     const auto printed = begun.value()->finish();
     ASSERT_TRUE(printed.failed());
-    EXPECT_THAT(printed.failure().message.toStdString(), HasSubstr("can’t print"));
+    EXPECT_THAT(printed.failure().message.toStdString(), HasSubstr("“/nowhere/printed.pdf” can’t be written"));
 }
 
 } // namespace

@@ -156,7 +156,7 @@ public:
     void exportFamily(const QString& doing, Export write, std::function<void(const Outcome<Done>&)> written);
     /// Whether a file is still waiting to be written.
     bool isSaving() const;
-    /// The same, and also while a copy of what is unsaved is to be written or removed.
+    /// The same, and also while an export goes on, or a copy of what is unsaved is to be written or removed.
     bool isWriting() const;
 
     /// Unsaved changes are copied to a safe place every few seconds. This does so as soon as possible...
@@ -174,6 +174,8 @@ public:
 
     /// Runs `settled` once everything queued until now has been done, and what it led to is written.
     void whenSettled(std::function<void()> settled);
+    /// The same, and once all exports that were begun by now have come to their end.
+    void whenExported(std::function<void()> exported);
 
     /// What the changes of the family take turns on.
     SerialQueue& poolProcessing() const;
