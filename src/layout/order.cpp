@@ -217,7 +217,8 @@ Arrangement arrangementAt(const Chart& chart, std::span<const double> places)
     };
     std::vector<Entry> entries;
     Arrangement arrangement;
-    double sum = 0;
+    double leftmost = std::numeric_limits<double>::infinity();
+    double rightmost = -leftmost;
     for (BlockIndex block = 0; block < chart.blocks(); ++block) {
         const auto members = chart.members[block];
         double middle = 0;
@@ -226,10 +227,11 @@ Arrangement arrangementAt(const Chart& chart, std::span<const double> places)
         arrangement.left.push_back(middle - chart.middle(block));
         arrangement.mirrored.push_back(places[members.front()] > places[members.back()]);
         entries.push_back({chart.rowOf[block], block});
-        sum += middle;
+        leftmost = std::min(leftmost, arrangement.left.back());
+        rightmost = std::max(rightmost, arrangement.left.back() + chart.width(block));
     }
     for (double& left : arrangement.left)
-        left -= sum / static_cast<double>(chart.blocks());
+        left -= (leftmost + rightmost) / 2;
     arrangement.rows = sortIntoLists(chart.rows, entries, &Entry::block);
     setBounds(chart, arrangement);
     for (std::uint32_t row = 0; row < chart.rows; ++row) {

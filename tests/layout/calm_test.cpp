@@ -1,14 +1,13 @@
-#include "family_sketch.h"
+// What adding somebody to a real, tidy family does to everybody else.
 
-#include "layout/row_solver.h"
+#include "edited_family.h"
+
 #include "layout/tidy.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <map>
-#include <optional>
 #include <vector>
 
 namespace lineara::layout {
@@ -16,168 +15,119 @@ namespace {
 
 using namespace sketch;
 
-using Places = std::vector<std::int32_t>;
-
-constexpr std::int32_t besides = 21;
 #ifdef LINEARA_SANITIZED
-constexpr int additions = 20;
-constexpr int selections = 10;
+constexpr std::size_t calmAdditions = 20;
+constexpr int calmRetidyings = 1;
 #else
-constexpr int additions = 200;
-constexpr int selections = 100;
+constexpr std::size_t calmAdditions = 200;
+constexpr int calmRetidyings = 4;
 #endif
 
-std::map<Generation, std::vector<PersonIndex>> rowsFromTheLeft(const Sketch& sketch, const Places& x)
+/// The royal family, which is tidied up once for all tests.
+const EditedFamily& royalFamily()
 {
-    std::map<Generation, std::vector<PersonIndex>> rows;
-    for (PersonIndex person = 0; person < sketch.persons(); ++person)
-        rows[sketch.generations()[person]].push_back(person);
-    for (auto& [generation, row] : rows)
-        std::ranges::sort(row, {}, [&](PersonIndex person) { return x[person]; });
-    return rows;
+    static const EditedFamily family = EditedFamily::imported("royal92.ged");
+    return family;
 }
 
-/// Brings the rows to their gaps as the canvas does, the last person being the newcomer.
-Places spaced(const Sketch& sketch, Places x)
+/// Anybody of whom this holds.
+template<class Condition>
+PersonIndex pickAmong(Random& random, const EditedFamily& family, Condition isMeant)
 {
-    for (const auto& [generation, row] : rowsFromTheLeft(sketch, x)) {
-        std::vector<RowNode> nodes;
-        for (const PersonIndex person : row)
-            nodes.push_back({x[person], pitch - rowGap, person + 1 != sketch.persons()});
-        const auto solved = solveRow(nodes);
-        for (std::size_t at = 0; at < row.size(); ++at)
-            x[row[at]] = static_cast<std::int32_t>(solved[at]);
+    for (;;) {
+        const PersonIndex person = pick(random, 0, static_cast<std::uint32_t>(family.persons()) - 1);
+        if (isMeant(person))
+            return person;
     }
-    return x;
 }
 
-std::optional<Places> tidiedAgain(const Sketch& sketch, const Places& present)
+/// A child of a couple, a partner of somebody who has none, or a parent of somebody who has none.
+void addSomebody(Random& random, EditedFamily& family)
 {
-    const FamilyGraph graph = sketch.graph();
-    TidyTask task{graph, sketch.generations()};
-    task.present = present;
-    return tidy(task);
-}
-
-/// One more person: a child, a partner or a parent of somebody.
-Sketch withNewcomer(Random& random, Sketch sketch, PersonIndex& relative)
-{
-    relative = pick(random, 0, static_cast<std::uint32_t>(sketch.persons()) - 1);
-    const Generation generation = sketch.generations()[relative];
+    const Sketch& links = family.links();
+    const auto hasPartner = [&](PersonIndex person) { return !links.partners[person].empty(); };
     const std::uint32_t kind = pick(random, 0, 2);
-    if (kind == 0 && generation > 1)
-        sketch.bear(sketch.person(generation - 1), {relative});
-    else if (kind == 1 && sketch.parents[relative].size() < 2)
-        sketch.bear(relative, {sketch.person(generation + 1)});
-    else
-        sketch.marry(relative, sketch.person(generation));
-    return sketch;
+    const bool isLeft = pick(random, 0, 1) == 0;
+    if (kind == 0) {
+        const PersonIndex first = pickAmong(random, family, hasPartner);
+        const auto& partners = links.partners[first];
+        family.addChild(first, partners[pick(random, 0, static_cast<std::uint32_t>(partners.size()) - 1)], isLeft);
+    } else if (kind == 1) {
+        family.addPartner(pickAmong(random, family, [&](PersonIndex person) { return !hasPartner(person); }), isLeft);
+    } else {
+        family.addParent(pickAmong(random, family, [&](PersonIndex person) { return links.parents[person].empty(); }),
+                         isLeft);
+    }
 }
 
-std::size_t inAnotherPlace(const Places& before, const Places& after)
+/// The share of those who were there before that is somewhere else now, after a shift that most have in common.
+double shareMoved(const EditedFamily& before, const EditedFamily& after)
 {
-    std::size_t moved = 0;
-    for (std::size_t person = 0; person < before.size(); ++person)
-        moved += before[person] != after[person] ? 1U : 0U;
-    return moved;
+    std::map<std::int32_t, std::size_t> shifts;
+    for (std::size_t person = 0; person < before.persons(); ++person)
+        ++shifts[after.places()[person] - before.places()[person]];
+    const auto bySize = [](const auto& one, const auto& other) { return one.second < other.second; };
+    const std::size_t together = std::ranges::max_element(shifts, bySize)->second;
+    return 1 - static_cast<double>(together) / static_cast<double>(before.persons());
 }
 
-TEST(CalmArrangement, AdditionsMoveFewOthers)
+/// Who stands left of each; who is leftmost has themselves there.
+std::vector<PersonIndex> leftNeighbours(const EditedFamily& family)
+{
+    std::vector<PersonIndex> neighbours(family.persons());
+    for (const auto& [generation, row] : family.rows())
+        for (std::size_t at = 0; at < row.size(); ++at)
+            neighbours[row[at]] = row[at > 0 ? at - 1 : 0];
+    return neighbours;
+}
+
+double shareWithAnotherNeighbour(const EditedFamily& before, const EditedFamily& after)
+{
+    const auto then = leftNeighbours(before);
+    const auto now = leftNeighbours(after);
+    std::size_t others = 0;
+    for (std::size_t person = 0; person < before.persons(); ++person)
+        others += then[person] != now[person] ? 1U : 0U;
+    return static_cast<double>(others) / static_cast<double>(before.persons());
+}
+
+TEST(CalmArrangement, AdditionsToARealFamilyMoveFewOthers)
 {
     Random random(31);
-    const Sketch family = largeFamily(random, 12, 100);
-    const Places x = order(family);
-    std::vector<std::size_t> moved;
-    for (int addition = 0; addition < additions; ++addition) {
-        PersonIndex relative = 0;
-        const Sketch grown = withNewcomer(random, family, relative);
-        Places places = x;
-        places.push_back(x[relative] + besides);
-        moved.push_back(inAnotherPlace(x, spaced(grown, places)));
+    const EditedFamily& family = royalFamily();
+    std::vector<double> moved;
+    std::vector<double> withAnotherNeighbour;
+    for (std::size_t addition = 0; addition < calmAdditions; ++addition) {
+        EditedFamily grown = family;
+        addSomebody(random, grown);
+        moved.push_back(shareMoved(family, grown));
+        withAnotherNeighbour.push_back(shareWithAnotherNeighbour(family, grown));
     }
-    std::ranges::nth_element(moved, moved.begin() + additions / 2);
-    // Rows are full, and half of one is the least that a newcomer in its middle can push aside.
-    EXPECT_LE(moved[additions / 2], 50U);
+    std::ranges::sort(moved);
+    std::ranges::sort(withAnotherNeighbour);
+    EXPECT_LE(moved[calmAdditions / 2], 0.01);
+    EXPECT_LE(withAnotherNeighbour[calmAdditions / 2], 0.005);
 }
 
-TEST(CalmArrangement, TidyingAgainKeepsTheOrder)
+TEST(CalmArrangement, TidyingUpAgainRightAwayMovesHardlyAnybody)
+{
+    EditedFamily again = royalFamily();
+    again.tidyUp();
+    EXPECT_LE(shareMoved(royalFamily(), again), 0.05);
+    EXPECT_EQ(shareWithAnotherNeighbour(royalFamily(), again), 0);
+}
+
+TEST(CalmArrangement, TidyingUpAgainAfterAdditionsKeepsTheOrder)
 {
     Random random(32);
-    const Sketch family = largeFamily(random, 10, 40);
-    const Places x = order(family);
-    for (int addition = 0; addition < 10; ++addition) {
-        PersonIndex relative = 0;
-        const Sketch grown = withNewcomer(random, family, relative);
-        Places places = x;
-        places.push_back(x[relative] + besides);
-        places = spaced(grown, places);
-        const auto again = tidiedAgain(grown, places);
-        ASSERT_TRUE(again.has_value());
-        const auto before = rowsFromTheLeft(grown, places);
-        const auto after = rowsFromTheLeft(grown, *again);
-        std::size_t kept = 0;
-        for (const auto& [generation, row] : before)
-            for (std::size_t at = 0; at < row.size(); ++at)
-                kept += row[at] == after.at(generation)[at] ? 1U : 0U;
-        EXPECT_GE(static_cast<double>(kept), 0.95 * static_cast<double>(grown.persons()));
+    EditedFamily family = royalFamily();
+    for (int time = 0; time < calmRetidyings; ++time) {
+        for (int addition = 0; addition < 10; ++addition)
+            addSomebody(random, family);
+        EditedFamily tidied = family;
+        tidied.tidyUp();
+        EXPECT_LE(shareWithAnotherNeighbour(family, tidied), 0.05);
     }
-}
-
-TEST(CalmArrangement, StopsWhenNotToGoOn)
-{
-    Random random(33);
-    const Sketch family = largeFamily(random, 10, 40);
-    const FamilyGraph graph = family.graph();
-    EXPECT_FALSE(tidy({graph, family.generations()}, [](double) { return false; }).has_value());
-}
-
-TEST(TidySelection, NobodyElseMovesWhereThereIsRoom)
-{
-    Random random(34);
-    for (int round = 0; round < selections; ++round) {
-        SCOPED_TRACE(round);
-        const Sketch family = largeFamily(random, 6, 20);
-        const FamilyGraph graph = family.graph();
-        const Places x = order(family);
-        std::vector<PersonIndex> selected;
-        for (PersonIndex person = 0; person < family.persons(); ++person)
-            if (pick(random, 0, 3) == 0)
-                selected.push_back(person);
-        TidyTask task{graph, family.generations()};
-        task.present = x;
-        task.margin = margin;
-        const auto places = tidySelection(task, selected);
-        ASSERT_TRUE(places.has_value());
-        for (PersonIndex person = 0; person < family.persons(); ++person)
-            if (std::ranges::count(selected, person) == 0) {
-                ASSERT_EQ((*places)[person], x[person]);
-            }
-        for (const auto& [generation, row] : rowsFromTheLeft(family, *places))
-            for (std::size_t at = 1; at < row.size(); ++at)
-                ASSERT_GE((*places)[row[at]] - (*places)[row[at - 1]], pitch);
-    }
-}
-
-TEST(TidySelection, OthersMoveApartInTheirOrderWhereThereIsNone)
-{
-    Sketch sketch;
-    for (int person = 0; person < 4; ++person)
-        sketch.person(1);
-    sketch.marry(1, 3);
-    const FamilyGraph graph = sketch.graph();
-    // The couple stood on either side of somebody, without room for the two of them anywhere.
-    const Places x{margin, margin + pitch, margin + 2 * pitch, margin + 3 * pitch};
-    TidyTask task{graph, sketch.generations()};
-    task.present = x;
-    task.margin = margin;
-    const std::vector<PersonIndex> selected{1, 3};
-    const auto places = tidySelection(task, selected);
-    ASSERT_TRUE(places.has_value());
-    EXPECT_EQ(std::abs((*places)[1] - (*places)[3]), pitch);
-    EXPECT_LE((*places)[0] + pitch, (*places)[2]);
-    for (const auto& [generation, row] : rowsFromTheLeft(sketch, *places))
-        for (std::size_t at = 1; at < row.size(); ++at)
-            EXPECT_GE((*places)[row[at]] - (*places)[row[at - 1]], pitch);
 }
 
 } // namespace

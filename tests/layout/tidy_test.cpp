@@ -166,5 +166,13 @@ TEST(Tidy, OneSidedAndSelfLinksDoNoHarm)
     EXPECT_THAT(tidied(family, {1, 1, 1}, 0), testing::UnorderedElementsAre(0, pitch, 2 * pitch + 0));
 }
 
+TEST(Tidy, StopsWhenNotToGoOn)
+{
+    Random random(33);
+    const Sketch family = largeFamily(random, 10, 40);
+    const FamilyGraph graph = family.graph();
+    EXPECT_FALSE(tidy({graph, family.generations()}, [](double) { return false; }).has_value());
+}
+
 } // namespace
 } // namespace lineara::layout
