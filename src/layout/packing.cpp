@@ -1,5 +1,7 @@
 #include "packing.h"
 
+#include "free_places.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -30,8 +32,9 @@ Packing::Packing(const std::vector<Generation>& rows, std::int32_t pitch)
     taken_.resize(used_.size());
 }
 
-void Packing::addFamily(const Chart& chart, const Arrangement& arrangement)
+void Packing::addFamily(const Chart& chart, Arrangement arrangement)
 {
+    leaveFreePlaces(chart, arrangement);
     const double origin = *std::ranges::min_element(arrangement.left);
     for (std::uint32_t row = 0; row < chart.rows; ++row)
         placeRow(chart, arrangement, row, origin);

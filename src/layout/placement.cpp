@@ -16,13 +16,21 @@ struct Cluster
     double weight = 0;
 };
 
-// Pool adjacent violators: taking the width of all blocks to the left off each wish turns "no overlap" into "not
+/// What has to stay free left of a block of a row. The first one has nobody beside it.
+double freeBefore(std::span<const BlockIndex> blocks, std::size_t index, std::span<const double> free)
+{
+    return index == 0 || free.empty() ? 0 : free[blocks[index]];
+}
+
+// Pool adjacent violators: taking what is taken to the left of each block off its wish turns "no overlap" into "not
 // decreasing"; neighbours that would decrease merge into one cluster at their common mean.
-std::vector<Cluster> clustersOf(const Chart& chart, std::span<const BlockIndex> blocks, std::span<const Wish> wishes)
+std::vector<Cluster> clustersOf(const Chart& chart, std::span<const BlockIndex> blocks, std::span<const Wish> wishes,
+                                std::span<const double> free)
 {
     std::vector<Cluster> clusters;
     double taken = 0;
     for (std::size_t index = 0; index < blocks.size(); ++index) {
+        taken += freeBefore(blocks, index, free);
         Cluster cluster{index, wishes[index].left - taken, wishes[index].weight};
         taken += chart.width(blocks[index]);
         while (!clusters.empty() && clusters.back().place >= cluster.place) {
@@ -38,13 +46,14 @@ std::vector<Cluster> clustersOf(const Chart& chart, std::span<const BlockIndex> 
 
 } // namespace
 
-double settleRow(const Chart& chart, Arrangement& arrangement, std::uint32_t row, std::span<const Wish> wishes)
+double settleRow(const Chart& chart, Arrangement& arrangement, std::uint32_t row, std::span<const Wish> wishes,
+                 std::span<const double> free)
 {
     const auto blocks = arrangement.rows[row];
-    const std::vector<Cluster> clusters = clustersOf(chart, blocks, wishes);
+    const std::vector<Cluster> clusters = clustersOf(chart, blocks, wishes, free);
     double rowWidth = 0;
-    for (const BlockIndex block : blocks)
-        rowWidth += chart.width(block);
+    for (std::size_t index = 0; index < blocks.size(); ++index)
+        rowWidth += freeBefore(blocks, index, free) + chart.width(blocks[index]);
     // The best places within bounds are those without, brought back to the bounds.
     const double last = std::max(arrangement.leftBound, arrangement.rightBound - rowWidth);
     double farthest = 0;
@@ -52,6 +61,7 @@ double settleRow(const Chart& chart, Arrangement& arrangement, std::uint32_t row
     for (std::size_t index = 0, cluster = 0; index < blocks.size(); ++index) {
         if (cluster + 1 < clusters.size() && clusters[cluster + 1].first == index)
             ++cluster;
+        taken += freeBefore(blocks, index, free);
         const double left = std::clamp(clusters[cluster].place, arrangement.leftBound, last) + taken;
         farthest = std::max(farthest, std::abs(std::exchange(arrangement.left[blocks[index]], left) - left));
         taken += chart.width(blocks[index]);

@@ -19,8 +19,10 @@ struct Wish
 
 /// Moves the blocks of one row, keeping their order, to where the weighted sum of the squared distances from the wished
 /// left edges is least among all places without overlap. One wish per block of the row. Returns how far the block moved
-/// that moved farthest. Takes linear time.
-double settleRow(const Chart& chart, Arrangement& arrangement, std::uint32_t row, std::span<const Wish> wishes);
+/// that moved farthest. Takes linear time. `free` says for every block of the chart how much is to stay free between it
+/// and its left neighbour; empty stands for nothing.
+double settleRow(const Chart& chart, Arrangement& arrangement, std::uint32_t row, std::span<const Wish> wishes,
+                 std::span<const double> free = {});
 
 /// Lets the springs pull the rows into place without changing their order.
 class Placement

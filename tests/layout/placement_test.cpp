@@ -45,6 +45,14 @@ TEST(SettleRow, RivalsForOnePlaceShareItByTheirWeights)
     EXPECT_THAT(row.arrangement.left, Pointwise(DoubleNear(tolerance), {3.25, 4.25}));
 }
 
+TEST(SettleRow, WhatIsToStayFreeStaysFree)
+{
+    SingleRow row(3);
+    const std::vector<double> free{5, 0, 1};
+    settleRow(row.chart, row.arrangement, 0, std::vector<Wish>{{0, 1}, {1, 1}, {2, 2}}, free);
+    EXPECT_THAT(row.arrangement.left, Pointwise(DoubleNear(tolerance), {-0.5, 0.5, 2.5}));
+}
+
 TEST(SettleRow, ReportsTheFarthestMove)
 {
     SingleRow row(2);
