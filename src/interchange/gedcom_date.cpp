@@ -245,8 +245,9 @@ GedcomDate findYear(std::string_view utf8)
 {
     static const QRegularExpression clearYear(QStringLiteral("(?<!\\d)(\\d{3,4})(?!\\d)( *B\\.?C)?"),
                                               QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression shortYear(QStringLiteral("(?<!\\d)(\\d{1,2}) *(?:(B\\.?C)|A\\.?D)\\b"),
-                                              QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression shortYear(
+        QStringLiteral("(?<!\\d)(\\d{1,2}) *(?:(B\\.?C(?:\\.?E)?)|A\\.?D|C\\.?E)\\b"),
+        QRegularExpression::CaseInsensitiveOption);
     const auto value = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
     auto match = clearYear.match(value);
     if (!match.hasMatch())

@@ -155,6 +155,9 @@ TEST(GedcomDates, FreeTextGivesItsFirstClearYear)
                {"497?", "-.-.497 part"},
                {"Died:  929 BC", "-.-.-929 part"},
                {"18 to 26 BC", "-.-.-26 part"},
+               {"18 to 26 BCE", "-.-.-26 part"},
+               {"c. 30 B.C.E., maybe", "-.-.-30 part"},
+               {"maybe 30 CE", "-.-.30 part"},
                {"abt. 412 BC (or abt. 221 BC)", "-.-.-412 part"},
                {"26 DEC 1194 in Jesi", "26.12.1194 part"},
                {"05/06/1900", "-.-.1900 part"}});
