@@ -1,5 +1,6 @@
 #include "layout/row_solver.h"
 #include "layout/tidy.h"
+#include "shared_gaps.h"
 
 #include <algorithm>
 #include <limits>
@@ -63,13 +64,6 @@ struct Group
     std::size_t gap = 0;
 };
 
-/// Room between two who are not selected, as left edges: of the first person that fits in, and of the last.
-struct Gap
-{
-    std::int64_t first = 0;
-    std::int64_t last = 0;
-};
-
 /// One row, in which the selected persons look for room between the others.
 class SharedRow
 {
@@ -86,10 +80,7 @@ public:
         std::ranges::stable_sort(others_, {}, [&](PersonIndex other) { return places[other]; });
         formGroups();
         measureGaps(places);
-        if (!shareOutGaps()) {
-            makeRoom(places);
-            measureGaps(places);
-        }
+        makeRoom(places);
         placeGroups();
         for (const Group& group : groups_)
             for (std::size_t index = 0; index < group.persons.size(); ++index)
@@ -124,68 +115,29 @@ private:
         gaps_.front().first = std::min<std::int64_t>(task_.margin, gaps_.front().last);
     }
 
-    /// Gives every group a gap, from left to right, so that all fit in and stand near to where they wish to be: the
-    /// cheapest way for the groups so far to end in each gap, group after group. False if there is no way.
-    bool shareOutGaps()
-    {
-        constexpr auto never = std::numeric_limits<std::int64_t>::max() / 4;
-        struct Way
-        {
-            std::int64_t cost = 0;
-            std::int64_t taken = 0;
-        };
-        std::vector<Way> ways(gaps_.size());
-        std::vector<std::vector<std::size_t>> cameFrom;
-        for (const Group& group : groups_) {
-            std::vector<std::size_t> from(gaps_.size());
-            std::vector<Way> next(gaps_.size());
-            std::size_t cheapest = 0;
-            for (std::size_t gap = 0; gap < gaps_.size(); ++gap) {
-                const std::int64_t room = gaps_[gap].last - gaps_[gap].first + task_.pitch;
-                const std::int64_t width = offset(group.persons.size());
-                const bool staysIn = ways[gap].taken + width <= room && ways[gap].cost <= ways[cheapest].cost;
-                from[gap] = staysIn ? gap : cheapest;
-                const std::int64_t taken = staysIn ? ways[gap].taken : 0;
-                // Who comes from an earlier gap finds this one empty.
-                const bool fits = taken + width <= room && (staysIn || cheapest < gap || cameFrom.empty());
-                const std::int64_t near = std::clamp(group.wish, gaps_[gap].first,
-                                                     std::max(gaps_[gap].first, gaps_[gap].last + task_.pitch - width));
-                next[gap].cost = fits ? std::min(never, ways[from[gap]].cost + std::abs(near - group.wish)) : never;
-                next[gap].taken = taken + width;
-                if (ways[gap].cost < ways[cheapest].cost)
-                    cheapest = gap;
-            }
-            ways = std::move(next);
-            cameFrom.push_back(std::move(from));
-        }
-        auto gap = static_cast<std::size_t>(std::ranges::min_element(ways, {}, &Way::cost) - ways.begin());
-        if (ways[gap].cost >= never)
-            return false;
-        for (std::size_t group = groups_.size(); group-- > 0;) {
-            groups_[group].gap = gap;
-            gap = cameFrom[group][gap];
-        }
-        return true;
-    }
-
-    /// Everybody goes into the gap nearest to the wish, and those who are not selected move apart by the least total:
-    /// each with the groups behind it counts as one wide node.
+    /// Gives every group the gap in which it stands best, and moves apart those who are not selected where that is too
+    /// small: each with the groups behind it counts as one wide node, so they move by the least total.
     void makeRoom(std::vector<std::int32_t>& places)
     {
+        std::vector<GroupShare> groups;
+        for (const Group& group : groups_)
+            groups.push_back({group.wish, offset(group.persons.size())});
+        const SharedOut shared = shareOut(groups, gaps_, task_.pitch);
+        for (std::size_t group = 0; group < groups_.size(); ++group)
+            groups_[group].gap = shared.gaps[group];
+        if (shared.lack == 0)
+            return;
         std::vector<RowNode> nodes;
-        nodes.reserve(others_.size() + groups_.size());
+        nodes.reserve(others_.size());
         for (const PersonIndex other : others_)
             nodes.push_back({places[other], task_.pitch - rowGap, true});
-        for (Group& group : groups_) {
-            const auto after =
-                std::ranges::partition_point(others_, [&](PersonIndex other) { return places[other] <= group.wish; });
-            group.gap = static_cast<std::size_t>(after - others_.begin());
+        for (const Group& group : groups_)
             if (group.gap > 0)
                 nodes[group.gap - 1].width += static_cast<std::int32_t>(offset(group.persons.size()));
-        }
         const std::vector<std::int64_t> solved = solveRow(nodes);
         for (std::size_t other = 0; other < others_.size(); ++other)
             places[others_[other]] = static_cast<std::int32_t>(solved[other]);
+        measureGaps(places);
     }
 
     void placeGroups()

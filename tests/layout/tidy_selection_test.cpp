@@ -3,12 +3,14 @@
 #include "family_sketch.h"
 
 #include "layout/tidy.h"
+#include "literal_selection.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <map>
+#include <numeric>
 #include <vector>
 
 namespace lineara::layout {
@@ -20,8 +22,10 @@ using Places = std::vector<std::int32_t>;
 
 #ifdef LINEARA_SANITIZED
 constexpr int selections = 10;
+constexpr int sharedRows = 500;
 #else
 constexpr int selections = 100;
+constexpr int sharedRows = 20'000;
 #endif
 
 std::map<Generation, std::vector<PersonIndex>> rowsFromTheLeft(const Sketch& sketch, const Places& x)
@@ -81,6 +85,93 @@ TEST(TidySelection, OthersMoveApartInTheirOrderWhereThereIsNone)
     for (const auto& [generation, row] : rowsFromTheLeft(sketch, *places))
         for (std::size_t at = 1; at < row.size(); ++at)
             EXPECT_GE((*places)[row[at]] - (*places)[row[at - 1]], pitch);
+}
+
+/// One row of couples and singles who stand anywhere, some of whom are tidied up.
+struct SharedRowTrial
+{
+    static constexpr std::int32_t narrowPitch = 12;
+
+    explicit SharedRowTrial(Random& random)
+    {
+        const std::uint32_t persons = pick(random, 1, 8);
+        for (std::uint32_t person = 0; person < persons; ++person) {
+            sketch.person(1);
+            before.push_back(person == 0 ? margin : before.back() + narrowPitch);
+            before.back() += static_cast<std::int32_t>(person > 0 && pick(random, 0, 2) == 0 ? pick(random, 1, 30) : 0);
+        }
+        std::ranges::shuffle(before, random);
+        for (PersonIndex person = 0; person < persons; ++person)
+            if (pick(random, 0, 1) == 0)
+                selected.push_back(person);
+        for (std::size_t at = 1; at < selected.size(); at += 2)
+            if (pick(random, 0, 1) == 0)
+                sketch.marry(selected[at - 1], selected[at]);
+        const FamilyGraph graph = sketch.graph();
+        TidyTask task{graph, sketch.generations()};
+        task.present = before;
+        task.pitch = narrowPitch;
+        task.margin = margin;
+        after = tidySelection(task, selected).value();
+    }
+
+    bool isSelected(PersonIndex person) const { return std::ranges::count(selected, person) > 0; }
+
+    /// The row as the literal one sees it; those not selected have to have kept their order.
+    LiteralSelection literal() const
+    {
+        LiteralSelection row;
+        row.pitch = narrowPitch;
+        row.leftmost = margin;
+        row.rightmost = *std::ranges::max_element(before);
+        std::vector<PersonIndex> persons(sketch.persons());
+        std::iota(persons.begin(), persons.end(), PersonIndex{0});
+        std::ranges::sort(persons, {}, [&](PersonIndex person) { return after[person]; });
+        PersonIndex last = 0;
+        for (const PersonIndex person : persons) {
+            const bool joins = !row.groups.empty() && row.groups.back().gap == row.before.size() &&
+                               std::ranges::count(sketch.partners[person], last) > 0;
+            if (!isSelected(person)) {
+                row.before.push_back(before[person]);
+                row.after.push_back(after[person]);
+            } else if (joins) {
+                EXPECT_EQ(after[person] - after[last], narrowPitch);
+                ++row.groups.back().persons;
+            } else {
+                row.groups.push_back({row.before.size(), 1});
+            }
+            last = person;
+        }
+        return row;
+    }
+
+    Sketch sketch;
+    Places before;
+    Places after;
+    std::vector<PersonIndex> selected;
+};
+
+TEST(TidySelection, MovesOthersOnlyWithoutRoomAndThenByTheLeastTotal)
+{
+    Random random(35);
+    int withoutRoom = 0;
+    for (int round = 0; round < sharedRows; ++round) {
+        SCOPED_TRACE(round);
+        const SharedRowTrial trial(random);
+        const LiteralSelection row = trial.literal();
+        ASSERT_TRUE(std::ranges::is_sorted(row.before));
+        for (std::size_t at = 1; at < row.after.size(); ++at)
+            ASSERT_GE(row.after[at] - row.after[at - 1], row.pitch);
+        ASSERT_EQ(row.lack(), row.leastLack());
+        ASSERT_EQ(row.moved(), row.leastMoved());
+        ASSERT_TRUE(row.moved() == 0 || row.leastLack() > 0);
+        withoutRoom += row.leastLack() > 0 ? 1 : 0;
+        Places sorted = trial.after;
+        std::ranges::sort(sorted);
+        for (std::size_t at = 1; at < sorted.size(); ++at)
+            ASSERT_GE(sorted[at] - sorted[at - 1], SharedRowTrial::narrowPitch);
+    }
+    EXPECT_GT(withoutRoom, sharedRows / 100);
 }
 
 } // namespace
