@@ -71,18 +71,8 @@ const std::array<std::string, slotCount>& writtenTags()
 
 bool PersonSink::takeAsWritten(pugi::xml_node node)
 {
-    const auto& tags = writtenTags();
-    for (auto slot = next_; slot < slotCount; ++slot) {
-        const auto rest = fragment_.after(tags[slot], node);
-        if (!rest)
-            continue;
-        if (!once_.isFree(slot) || !takeWritten(slot, *rest))
-            return false;
-        once_.note(slot);
-        next_ = slot + 1;
-        return true;
-    }
-    return false;
+    return written_.take(writtenTags(), node,
+                         [this](std::size_t slot, std::string_view rest) { return takeWritten(slot, rest); });
 }
 
 bool PersonSink::takeWritten(std::size_t slot, std::string_view rest)

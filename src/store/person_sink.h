@@ -9,7 +9,7 @@ class PersonSink : public MemberSink
 {
 public:
     PersonSink(const XmlFragment& fragment, ObjectMembers& members, RawPerson& person, RawFamily& family)
-        : fragment_(fragment), members_(members), person_(person), family_(family), once_(members)
+        : members_(members), person_(person), family_(family), once_(members), written_(fragment, once_)
     {}
 
     bool takeAsWritten(pugi::xml_node node) override;
@@ -23,12 +23,11 @@ private:
 
     Lists<Number>& linkList(std::size_t link);
 
-    const XmlFragment& fragment_;
     ObjectMembers& members_;
     RawPerson& person_;
     RawFamily& family_;
     OnceOnly once_;
-    std::size_t next_ = 0; ///< the slot after the one that was filled last; files name members in the order of slots
+    WrittenSlots written_;
 };
 
 } // namespace lineara::store

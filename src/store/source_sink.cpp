@@ -35,18 +35,8 @@ std::optional<QByteArray> utf8Of(const std::optional<QString>& text)
 
 bool SourceSink::takeAsWritten(pugi::xml_node node)
 {
-    const auto& tags = writtenSourceTags();
-    for (auto slot = next_; slot < SourceSlotCount; ++slot) {
-        const auto rest = fragment_.after(tags[slot], node);
-        if (!rest)
-            continue;
-        if (!once_.isFree(slot) || !takeWritten(slot, *rest))
-            return false;
-        once_.note(slot);
-        next_ = slot + 1;
-        return true;
-    }
-    return false;
+    return written_.take(writtenSourceTags(), node,
+                         [this](std::size_t slot, std::string_view rest) { return takeWritten(slot, rest); });
 }
 
 bool SourceSink::takeWritten(std::size_t slot, std::string_view rest)

@@ -10,7 +10,7 @@ class SourceSink : public MemberSink
 public:
     /// `lastOrigin` is the file of the record before, whose text this one shares if it is the same.
     SourceSink(const XmlFragment& fragment, ObjectMembers& members, RawSource& source, const QString& lastOrigin)
-        : fragment_(fragment), members_(members), source_(source), lastOrigin_(lastOrigin), once_(members)
+        : members_(members), source_(source), lastOrigin_(lastOrigin), once_(members), written_(fragment, once_)
     {}
 
     bool takeAsWritten(pugi::xml_node node) override;
@@ -21,12 +21,11 @@ private:
     bool takeWritten(std::size_t slot, std::string_view rest);
     void setOrigin(const QString& file);
 
-    const XmlFragment& fragment_;
     ObjectMembers& members_;
     RawSource& source_;
     const QString& lastOrigin_;
     OnceOnly once_;
-    std::size_t next_ = 0; ///< the slot after the one that was filled last; files name members in the order of slots
+    WrittenSlots written_;
 };
 
 } // namespace lineara::store
