@@ -120,6 +120,7 @@ private:
     void makeRoom(std::vector<std::int32_t>& places)
     {
         std::vector<GroupShare> groups;
+        groups.reserve(groups_.size());
         for (const Group& group : groups_)
             groups.push_back({group.wish, offset(group.persons.size())});
         const SharedOut shared = shareOut(groups, gaps_, task_.pitch);
