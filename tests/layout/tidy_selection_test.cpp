@@ -18,7 +18,7 @@ namespace {
 
 using namespace sketch;
 
-using Places = std::vector<std::int32_t>;
+using LeftEdges = std::vector<std::int32_t>;
 
 #ifdef LINEARA_SANITIZED
 constexpr int selections = 10;
@@ -28,7 +28,7 @@ constexpr int selections = 100;
 constexpr int sharedRows = 20'000;
 #endif
 
-std::map<Generation, std::vector<PersonIndex>> rowsFromTheLeft(const Sketch& sketch, const Places& x)
+std::map<Generation, std::vector<PersonIndex>> rowsFromTheLeft(const Sketch& sketch, const LeftEdges& x)
 {
     std::map<Generation, std::vector<PersonIndex>> rows;
     for (PersonIndex person = 0; person < sketch.persons(); ++person)
@@ -45,7 +45,7 @@ TEST(TidySelection, NobodyElseMovesWhereThereIsRoom)
         SCOPED_TRACE(round);
         const Sketch family = largeFamily(random, 6, 20);
         const FamilyGraph graph = family.graph();
-        const Places x = order(family);
+        const LeftEdges x = order(family);
         std::vector<PersonIndex> selected;
         for (PersonIndex person = 0; person < family.persons(); ++person)
             if (pick(random, 0, 3) == 0)
@@ -73,7 +73,7 @@ TEST(TidySelection, OthersMoveApartInTheirOrderWhereThereIsNone)
     sketch.marry(1, 3);
     const FamilyGraph graph = sketch.graph();
     // The couple stood on either side of somebody, without room for the two of them anywhere.
-    const Places x{margin, margin + pitch, margin + 2 * pitch, margin + 3 * pitch};
+    const LeftEdges x{margin, margin + pitch, margin + 2 * pitch, margin + 3 * pitch};
     TidyTask task{graph, sketch.generations()};
     task.present = x;
     task.margin = margin;
@@ -146,8 +146,8 @@ struct SharedRowTrial
     }
 
     Sketch sketch;
-    Places before;
-    Places after;
+    LeftEdges before;
+    LeftEdges after;
     std::vector<PersonIndex> selected;
 };
 
@@ -166,7 +166,7 @@ TEST(TidySelection, MovesOthersOnlyWithoutRoomAndThenByTheLeastTotal)
         ASSERT_EQ(row.moved(), row.leastMoved());
         ASSERT_TRUE(row.moved() == 0 || row.leastLack() > 0);
         withoutRoom += row.leastLack() > 0 ? 1 : 0;
-        Places sorted = trial.after;
+        LeftEdges sorted = trial.after;
         std::ranges::sort(sorted);
         for (std::size_t at = 1; at < sorted.size(); ++at)
             ASSERT_GE(sorted[at] - sorted[at - 1], SharedRowTrial::narrowPitch);
