@@ -1,7 +1,7 @@
 #include "gedcom_export_kept.h"
 
 #include "import_texts.h"
-#include "interchange/gedcom_import.h"
+#include "told_family.h"
 
 namespace lineara {
 namespace {
@@ -82,13 +82,13 @@ Outcome<std::unique_ptr<ObjectContext>> KeptRecords::imported(const Progress& pr
         text.append(record.text.data(), static_cast<qsizetype>(record.text.size()));
         persons += record.person ? 1U : 0U;
     }
-    auto family = importGedcom(std::move(text), ImportTexts::tr("the imported records"), progress);
+    auto family = familyToldBy(std::move(text), ImportTexts::tr("the imported records"), progress);
     if (family.failed())
         return family.failure();
-    if (family.value().context->allPersons().size() != persons)
+    if (family.value()->allPersons().size() != persons)
         return Failure{ImportTexts::tr("The imported records of this family can't be told apart any more. Save the "
                                        "family, and export what you imported from its own file.")};
-    return std::move(family.value().context);
+    return family;
 }
 
 } // namespace lineara

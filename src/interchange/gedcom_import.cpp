@@ -13,6 +13,7 @@
 #include "node_ledger.h"
 #include "person_pictures.h"
 #include "person_reading.h"
+#include "told_family.h"
 
 #include <QFileInfo>
 
@@ -103,6 +104,7 @@ struct ImportFrame
     QUuid uuid;
     QString name;
     const MediaFiles& media;
+    bool keepsRecords;
 };
 
 Outcome<ImportedFamily> importText(const GedcomText& text, const ImportFrame& frame, ImportNotes& notes,
@@ -120,7 +122,8 @@ Outcome<ImportedFamily> importText(const GedcomText& text, const ImportFrame& fr
     ImportedFamily family;
     assembly.addPartners(families.wishes());
     family.report.offspringLinks = assembly.addOffspring(families.wishes(), import.persons(), records, notes);
-    assembly.keep(records, import.persons(), frame.name, progress.stage(0.75, 0.95));
+    if (frame.keepsRecords)
+        assembly.keep(records, import.persons(), frame.name, progress.stage(0.75, 0.95));
     family.context = std::move(assembly).finish();
     family.report.persons = import.persons().size();
     family.report.families = families.count();
@@ -137,19 +140,20 @@ Outcome<ImportedFamily> importText(const GedcomText& text, const ImportFrame& fr
     return family;
 }
 
-Outcome<ImportedFamily> importRead(Outcome<GenealogyFile> file, const QString& name, const Progress& progress)
+Outcome<ImportedFamily> importRead(Outcome<GenealogyFile> file, const QString& name, bool keepsRecords,
+                                   const Progress& progress)
 {
     if (file.failed())
         return file.failure();
     auto& [bytes, media] = file.value();
-    const QUuid uuid = uuidOf(bytes, progress.stage(0, 0.1));
+    const QUuid uuid = keepsRecords ? uuidOf(bytes, progress.stage(0, 0.1)) : QUuid();
     if (progress.isStopped())
         return stoppedImport(name);
     ImportNotes notes;
     const auto text = gedcomText(std::move(bytes), name, notes);
     if (text.failed())
         return text.failure();
-    return importText(text.value(), {uuid, name, *media}, notes, progress.stage(0.15, 1));
+    return importText(text.value(), {uuid, name, *media, keepsRecords}, notes, progress.stage(0.15, 1));
 }
 
 constexpr double readingPart = 0.1;
@@ -158,14 +162,24 @@ constexpr double readingPart = 0.1;
 
 Outcome<ImportedFamily> importGedcom(QByteArray bytes, const QString& name, const Progress& progress)
 {
-    return importRead(readGenealogy(std::move(bytes), name, progress.stage(0, readingPart)), name,
+    return importRead(readGenealogy(std::move(bytes), name, progress.stage(0, readingPart)), name, true,
                       progress.stage(readingPart, 1));
+}
+
+Outcome<std::unique_ptr<ObjectContext>> familyToldBy(QByteArray records, const QString& name, const Progress& progress)
+{
+    auto family = importRead(readGenealogy(std::move(records), name, progress.stage(0, readingPart)), name, false,
+                             progress.stage(readingPart, 1));
+    if (family.failed())
+        return family.failure();
+    return std::move(family.value().context);
 }
 
 Outcome<ImportedFamily> importGedcomFile(const QString& path, const Progress& progress)
 {
     const QString name = QFileInfo(path).fileName();
-    return importRead(readGenealogy(path, name, progress.stage(0, readingPart)), name, progress.stage(readingPart, 1));
+    return importRead(readGenealogy(path, name, progress.stage(0, readingPart)), name, true,
+                      progress.stage(readingPart, 1));
 }
 
 } // namespace lineara

@@ -3,6 +3,7 @@
 #include "exported.h"
 
 #include "store/family_content.h"
+#include "told_family.h"
 
 #include <gmock/gmock.h>
 
@@ -41,6 +42,14 @@ TEST_P(Untouched, ComesBackLineByLine)
     std::erase_if(changes, isFrame);
     std::erase(changes, "+0 TRLR");
     EXPECT_THAT(changes, IsEmpty());
+}
+
+TEST_P(Untouched, TellsTheSameWithoutItsRecordsBeingKept)
+{
+    const auto told = familyToldBy(text, QStringLiteral("records"), {});
+    ASSERT_FALSE(told.failed());
+    EXPECT_EQ(familyText(*told.value()), familyText(*family.context));
+    EXPECT_TRUE(told.value()->allSources().empty());
 }
 
 TEST_P(Untouched, ReadAgainIsTheSameFamilyInEveryFormat)
