@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QHeaderView>
 #include <QLabel>
-#include <QTreeView>
+#include <QTableView>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -21,12 +21,13 @@ struct ChecksTexts
 constexpr int nameWidth = 260;
 /// Some lines are enough to begin with, since the family is what is looked at.
 constexpr int firstListHeight = 110;
+constexpr int rowPadding = 4;
 
 /// A list that asks for as much room as it is meant to have at first.
-class ShortList : public QTreeView
+class ShortList : public QTableView
 {
 public:
-    QSize sizeHint() const override { return {QTreeView::sizeHint().width(), firstListHeight}; }
+    QSize sizeHint() const override { return {QTableView::sizeHint().width(), firstListHeight}; }
 };
 
 QString summaryOf(std::size_t found)
@@ -38,16 +39,16 @@ QString summaryOf(std::size_t found)
 
 } // namespace
 
-void CheckedPersons::show(std::vector<CheckedPerson> found)
+void CheckedPersons::show(CheckedLines lines)
 {
     beginResetModel();
-    found_ = std::move(found);
+    lines_ = std::move(lines);
     endResetModel();
 }
 
 int CheckedPersons::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(found_.size());
+    return parent.isValid() ? 0 : static_cast<int>(lines_.count);
 }
 
 int CheckedPersons::columnCount(const QModelIndex& parent) const
@@ -59,8 +60,8 @@ QVariant CheckedPersons::data(const QModelIndex& index, int role) const
 {
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return {};
-    const CheckedPerson& found = found_[static_cast<std::size_t>(index.row())];
-    return index.column() == Name ? found.name : found.words;
+    const CheckedPerson line = lineAt(index);
+    return index.column() == Name ? line.name : line.words;
 }
 
 QVariant CheckedPersons::headerData(int section, Qt::Orientation orientation, int role) const
@@ -81,12 +82,21 @@ ChecksPanel::ChecksPanel(std::function<void(RecordId)> picked)
     summary_->setContentsMargins(6, 2, 6, 2);
     list_->setObjectName(QStringLiteral("checksList"));
     list_->setModel(&found_);
-    list_->setRootIsDecorated(false);
-    list_->setUniformRowHeights(true);
+    list_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    list_->setSelectionMode(QAbstractItemView::SingleSelection);
     list_->setAlternatingRowColors(true);
-    list_->setAllColumnsShowFocus(true);
+    list_->setShowGrid(false);
+    list_->setTabKeyNavigation(false);
+    list_->setWordWrap(false);
     list_->setAccessibleName(ChecksTexts::tr("Checks"));
-    list_->header()->resizeSection(CheckedPersons::Name, nameWidth);
+    list_->verticalHeader()->hide();
+    // One height for all rows: to ask each of a hundred thousand would take long.
+    list_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    list_->verticalHeader()->setDefaultSectionSize(list_->fontMetrics().height() + rowPadding);
+    list_->horizontalHeader()->setHighlightSections(false);
+    list_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    list_->horizontalHeader()->setStretchLastSection(true);
+    list_->setColumnWidth(CheckedPersons::Name, nameWidth);
     auto* const content = new QWidget;
     auto* const rows = new QVBoxLayout(content);
     rows->setContentsMargins(0, 0, 0, 0);
@@ -95,20 +105,27 @@ ChecksPanel::ChecksPanel(std::function<void(RecordId)> picked)
     rows->addWidget(list_, 1);
     setWidget(content);
     const auto pick = [this, picked = std::move(picked)](const QModelIndex& index) { picked(found_.personAt(index)); };
-    connect(list_, &QTreeView::clicked, this, pick);
-    connect(list_, &QTreeView::activated, this, pick);
+    connect(list_, &QTableView::clicked, this, pick);
+    connect(list_, &QTableView::activated, this, pick);
     hide();
 }
 
-void ChecksPanel::tell(std::vector<CheckedPerson> found)
+void ChecksPanel::tellToWait()
 {
-    summary_->setText(summaryOf(found.size()));
-    list_->setHidden(found.empty());
+    tell({});
+    summary_->setText(ChecksTexts::tr("Looking for contradictions\u2026"));
+}
+
+void ChecksPanel::tell(CheckedLines lines)
+{
+    const bool isEmpty = lines.count == 0;
+    summary_->setText(summaryOf(lines.count));
+    list_->setHidden(isEmpty);
     // Without a list there is nothing to give room to.
-    setMaximumHeight(found.empty() ? sizeHint().height() : QWIDGETSIZE_MAX);
+    setMaximumHeight(isEmpty ? sizeHint().height() : QWIDGETSIZE_MAX);
     const int row = list_->currentIndex().row();
     const int topRow = list_->indexAt({0, 0}).row();
-    found_.show(std::move(found));
+    found_.show(std::move(lines));
     const int last = found_.rowCount() - 1;
     if (last < 0)
         return;

@@ -1,16 +1,15 @@
 #pragma once
 
-#include "kinship/checks.h"
 #include "model/record.h"
 
 #include <QAbstractTableModel>
 #include <QDockWidget>
 
+#include <cstddef>
 #include <functional>
-#include <vector>
 
 class QLabel;
-class QTreeView;
+class QTableView;
 
 namespace lineara {
 
@@ -20,7 +19,13 @@ struct CheckedPerson
     RecordId person;
     QString name;
     QString words;
-    friend bool operator==(const CheckedPerson&, const CheckedPerson&) = default;
+};
+
+/// All lines of the checks. Each is put into words when it is seen, for there may be more than a hundred thousand.
+struct CheckedLines
+{
+    std::size_t count = 0;
+    std::function<CheckedPerson(std::size_t)> at;
 };
 
 class CheckedPersons : public QAbstractTableModel
@@ -33,8 +38,8 @@ public:
         Columns
     };
 
-    void show(std::vector<CheckedPerson> found);
-    RecordId personAt(const QModelIndex& index) const { return found_[static_cast<std::size_t>(index.row())].person; }
+    void show(CheckedLines lines);
+    RecordId personAt(const QModelIndex& index) const { return lineAt(index).person; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -42,7 +47,9 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    std::vector<CheckedPerson> found_;
+    CheckedPerson lineAt(const QModelIndex& index) const { return lines_.at(static_cast<std::size_t>(index.row())); }
+
+    CheckedLines lines_;
 };
 
 /// What can't be true of a family's dates, in a list that its user may have beneath the family and leads to whomever is
@@ -52,13 +59,15 @@ class ChecksPanel : public QDockWidget
 public:
     explicit ChecksPanel(std::function<void(RecordId)> picked);
 
+    /// Until there is something to tell.
+    void tellToWait();
     /// Keeps the place in the list as far as it can.
-    void tell(std::vector<CheckedPerson> found);
+    void tell(CheckedLines lines);
 
 private:
     CheckedPersons found_;
     QLabel* summary_;
-    QTreeView* list_;
+    QTableView* list_;
 };
 
 } // namespace lineara

@@ -28,6 +28,26 @@ struct InsightTexts
 /// From a change to what is told anew: a whole visit to a field, or the work that a link leads to, is one change.
 constexpr int quietMilliseconds = 300;
 
+QString nameOf(const ObjectContext& family, RecordId id)
+{
+    const Person* const person = family.person(id);
+    const QString name = person ? person->name().value_or(QString()) : QString();
+    return name.isEmpty() ? QCoreApplication::translate("PersonChooser", "Without a name") : name;
+}
+
+CheckedLines linesOf(std::vector<kinship::FoundPerson> found, std::shared_ptr<const KinshipRecords> records,
+                     const ObjectContext& family)
+{
+    const std::size_t count = found.size();
+    const auto line = [found = std::move(found), records = std::move(records), &family](std::size_t at) {
+        const kinship::FoundPerson& one = found[at];
+        const RecordId person = records->idOf(one.person);
+        const QString other = one.other ? nameOf(family, records->idOf(*one.other)) : QString();
+        return CheckedPerson{person, nameOf(family, person), findingWords(one, records->checked(), other)};
+    };
+    return {count, line};
+}
+
 } // namespace
 
 FamilyInsight::FamilyInsight(Document& document)
@@ -152,33 +172,41 @@ void FamilyInsight::bringOut(const OfTwo& of)
     // Two who are not connected have no path.
     persons.insert(persons.end(), {*first, *second});
     document_.treeView()->setHighlight(records().idsOf(persons));
-    tell(relationship, *first, *second);
-}
-
-void FamilyInsight::tell(const kinship::Relation& relationship, kinship::PersonIndex first, kinship::PersonIndex second)
-{
-    strip_->tell(relationshipText(relationship, records().graph(), first, second,
-                                  [this](kinship::PersonIndex person) { return nameOf(records().idOf(person)); }));
+    const auto name = [this](kinship::PersonIndex person) {
+        return nameOf(document_.context(), records().idOf(person));
+    };
+    const ToldFamily told{records().graph(), records().sexes(), name};
+    strip_->tell(relationshipText(relationship, told, *first, *second));
 }
 
 void FamilyInsight::showChecks(bool visible)
 {
-    if (visible)
-        check();
     checks_->setVisible(visible);
+    if (!visible) {
+        checking_.reset();
+        return;
+    }
+    checks_->tellToWait();
+    check();
 }
 
+/// On a thread of its own, for in a family of which hardly a date is right they take a while. Checks that are under way
+/// are given up.
 void FamilyInsight::check()
 {
-    const auto nameOfIndex = [this](kinship::PersonIndex person) { return nameOf(records().idOf(person)); };
-    const auto findings = kinship::findings(records().checked());
-    std::vector<CheckedPerson> found;
-    for (const kinship::FoundPerson& one : *findings) {
-        const QString other = one.other ? nameOfIndex(*one.other) : QString();
-        found.push_back(
-            {records().idOf(one.person), nameOfIndex(one.person), findingWords(one, records().dates(), other)});
-    }
-    checks_->tell(std::move(found));
+    records();
+    const auto found = std::make_shared<std::optional<std::vector<kinship::FoundPerson>>>();
+    const auto tell = [this, records = records_, found] {
+        if (*found)
+            checks_->tell(linesOf(std::move(**found), records, document_.context()));
+    };
+    WorkBlock block;
+    block.compute([records = records_, found](const std::stop_token& stop) {
+        *found = kinship::findings(records->checked(), stop);
+    });
+    block.onMain(tell);
+    checking_.emplace();
+    checking_->enqueue(std::move(block));
 }
 
 void FamilyInsight::leadTo(RecordId id)
@@ -218,15 +246,8 @@ void FamilyInsight::timerEvent(QTimerEvent* event)
 const KinshipRecords& FamilyInsight::records()
 {
     if (!records_)
-        records_.emplace(document_.pool());
+        records_ = std::make_shared<const KinshipRecords>(document_.pool());
     return *records_;
-}
-
-QString FamilyInsight::nameOf(RecordId id) const
-{
-    const Person* const person = document_.context().person(id);
-    const QString name = person ? person->name().value_or(QString()) : QString();
-    return name.isEmpty() ? QCoreApplication::translate("PersonChooser", "Without a name") : name;
 }
 
 } // namespace lineara

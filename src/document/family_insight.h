@@ -4,6 +4,7 @@
 #include "kinship/relationship.h"
 #include "kinship_records.h"
 #include "platform/observer_list.h"
+#include "platform/serial_queue.h"
 
 #include <QBasicTimer>
 #include <QObject>
@@ -66,7 +67,6 @@ private:
     void bringOut(std::monostate);
     void bringOut(const OfPerson& of);
     void bringOut(const OfTwo& of);
-    void tell(const kinship::Relation& relationship, kinship::PersonIndex first, kinship::PersonIndex second);
 
     void showChecks(bool visible);
     void check();
@@ -74,15 +74,16 @@ private:
 
     void follow(const Change& change);
     const KinshipRecords& records();
-    QString nameOf(RecordId id) const;
 
     Document& document_;
     FamilyMenu menu_;
     RelationshipStrip* strip_; // the window's, like the panel
     ChecksPanel* checks_;
     Highlight highlight_;
-    std::optional<KinshipRecords> records_; // as of the last question; none once they have changed
+    /// As of the last question, and none once they have changed. The list of checks may still look at the older ones.
+    std::shared_ptr<const KinshipRecords> records_;
     Subscription changes_;
+    std::optional<SerialQueue> checking_;
     QBasicTimer update_; // runs from a change to the moment when what is shown follows it
 };
 

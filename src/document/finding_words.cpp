@@ -14,6 +14,7 @@ struct FindingWords
 
 using kinship::Finding;
 using kinship::PartialDate;
+using kinship::Sex;
 
 QString yearWords(std::int32_t year)
 {
@@ -23,6 +24,40 @@ QString yearWords(std::int32_t year)
 bool isMonth(const PartialDate& date)
 {
     return date.month && *date.month >= 1 && *date.month <= kinship::monthsOfYear;
+}
+
+/// What fits the sex of the one that is told of.
+const QString& fitting(Sex sex, const QString& unknown, const QString& female, const QString& male)
+{
+    return sex == Sex::Female ? female : sex == Sex::Male ? male : unknown;
+}
+
+/// Of findings about a parent or a sibling: a sentence about the birth (%1), that relative (%2) and its own date (%3).
+QString patternOf(Finding finding, Sex sexOfOther)
+{
+    switch (finding) {
+    case Finding::BornBeforeParent:
+        return fitting(sexOfOther, FindingWords::tr("Born %1, before the parent %2 (born %3)"),
+                       FindingWords::tr("Born %1, before the mother %2 (born %3)"),
+                       FindingWords::tr("Born %1, before the father %2 (born %3)"));
+    case Finding::ParentTooYoung:
+        return fitting(sexOfOther, FindingWords::tr("Born %1, when the parent %2 (born %3) was under 12"),
+                       FindingWords::tr("Born %1, when the mother %2 (born %3) was under 12"),
+                       FindingWords::tr("Born %1, when the father %2 (born %3) was under 12"));
+    case Finding::ParentTooOld:
+        return fitting(sexOfOther, FindingWords::tr("Born %1, when the parent %2 (born %3) was over 80"),
+                       FindingWords::tr("Born %1, when the mother %2 (born %3) was over 80"),
+                       FindingWords::tr("Born %1, when the father %2 (born %3) was over 80"));
+    case Finding::BornAfterParentsDeath:
+        return fitting(sexOfOther,
+                       FindingWords::tr("Born %1, more than a year after the death of the parent %2 (died %3)"),
+                       FindingWords::tr("Born %1, after the death of the mother %2 (died %3)"),
+                       FindingWords::tr("Born %1, more than a year after the death of the father %2 (died %3)"));
+    default:
+        return fitting(sexOfOther, FindingWords::tr("Born %1, less than nine months after the sibling %2 (born %3)"),
+                       FindingWords::tr("Born %1, less than nine months after the sister %2 (born %3)"),
+                       FindingWords::tr("Born %1, less than nine months after the brother %2 (born %3)"));
+    }
 }
 
 } // namespace
@@ -40,31 +75,18 @@ QString dateWords(const PartialDate& date)
         .arg(QString::number(*date.day), QLocale().monthName(*date.month), year);
 }
 
-QString findingWords(const kinship::FoundPerson& found, std::span<const kinship::LifeDates> dates, const QString& other)
+QString findingWords(const kinship::FoundPerson& found, const kinship::CheckedFamily& family, const QString& other)
 {
-    const kinship::LifeDates& own = dates[found.person];
+    const kinship::LifeDates& own = family.dates[found.person];
     const QString born = dateWords(own.birth);
-    const kinship::LifeDates ofOther = found.other ? dates[*found.other] : kinship::LifeDates();
-    const QString otherBorn = dateWords(ofOther.birth);
-    switch (found.finding) {
-    case Finding::BornAfterDeath:
+    if (found.finding == Finding::BornAfterDeath)
         return FindingWords::tr("Born %1, died %2: born after the death").arg(born, dateWords(own.death));
-    case Finding::TooOld:
+    if (found.finding == Finding::TooOld)
         return FindingWords::tr("Born %1, died %2: over 120 years old").arg(born, dateWords(own.death));
-    case Finding::BornBeforeParent:
-        return FindingWords::tr("Born %1, before the parent %2 (born %3)").arg(born, other, otherBorn);
-    case Finding::ParentTooYoung:
-        return FindingWords::tr("Born %1, when the parent %2 (born %3) was under 12").arg(born, other, otherBorn);
-    case Finding::ParentTooOld:
-        return FindingWords::tr("Born %1, when the parent %2 (born %3) was over 80").arg(born, other, otherBorn);
-    case Finding::BornAfterParentsDeath:
-        return FindingWords::tr("Born %1, more than a year after the death of the parent %2 (died %3)")
-            .arg(born, other, dateWords(ofOther.death));
-    case Finding::BornTooSoonAfterSibling:
-        return FindingWords::tr("Born %1, less than nine months after the sibling %2 (born %3)")
-            .arg(born, other, otherBorn);
-    }
-    return {};
+    const kinship::LifeDates& ofOther = family.dates[*found.other];
+    const bool isAboutDeath = found.finding == Finding::BornAfterParentsDeath;
+    return patternOf(found.finding, kinship::sexOf(family.sexes, *found.other))
+        .arg(born, other, dateWords(isAboutDeath ? ofOther.death : ofOther.birth));
 }
 
 } // namespace lineara

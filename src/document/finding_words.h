@@ -10,7 +10,6 @@ namespace lineara {
 QString dateWords(const kinship::PartialDate& date);
 
 /// What can't be true, as a sentence about the person who was found; `other` is the name of the other one.
-QString findingWords(const kinship::FoundPerson& found, std::span<const kinship::LifeDates> dates,
-                     const QString& other);
+QString findingWords(const kinship::FoundPerson& found, const kinship::CheckedFamily& family, const QString& other);
 
 } // namespace lineara

@@ -1,145 +1,40 @@
 #include "kin_words.h"
 
-#include <QCoreApplication>
+#include "kin_terms.h"
+
 #include <QStringList>
 
 #include <algorithm>
-#include <array>
 
 namespace lineara {
 
 namespace {
 
-struct KinWords
-{
-    Q_DECLARE_TR_FUNCTIONS(KinWords)
-};
-
 using kinship::BloodLine;
 using kinship::InLaw;
 using kinship::Marriage;
 using kinship::PersonIndex;
+using kinship::Sex;
 
 /// Of a way that is longer nobody would read more.
 constexpr qsizetype greatestChain = 6;
 
-QString ordinal(std::uint32_t number)
+bool isHalf(const BloodLine& line)
 {
-    const bool isTeen = number % 100 / 10 == 1;
-    if (number % 10 == 1 && !isTeen)
-        return KinWords::tr("%1st", "an ordinal number").arg(number);
-    if (number % 10 == 2 && !isTeen)
-        return KinWords::tr("%1nd", "an ordinal number").arg(number);
-    if (number % 10 == 3 && !isTeen)
-        return KinWords::tr("%1rd", "an ordinal number").arg(number);
-    return KinWords::tr("%1th", "an ordinal number").arg(number);
-}
-
-QString degreeOf(std::uint32_t number)
-{
-    switch (number) {
-    case 1:
-        return KinWords::tr("first", "degree of a cousin");
-    case 2:
-        return KinWords::tr("second", "degree of a cousin");
-    case 3:
-        return KinWords::tr("third", "degree of a cousin");
-    default:
-        return ordinal(number);
-    }
-}
-
-/// Words for one, two, three ... generations; those beyond are counted in the last one.
-template<std::size_t Count>
-QString byGeneration(const std::array<QString, Count>& words, std::uint32_t generations)
-{
-    if (generations < Count)
-        return words[generations - 1];
-    // The words before it begin with "great" once less often.
-    return words[Count - 1].arg(ordinal(generations - static_cast<std::uint32_t>(Count) + 3));
-}
-
-QString ancestorWords(std::uint32_t generations)
-{
-    return byGeneration(std::array{KinWords::tr("parent"), KinWords::tr("grandparent"),
-                                   KinWords::tr("great-grandparent"), KinWords::tr("great-great-grandparent"),
-                                   KinWords::tr("%1 great-grandparent")},
-                        generations);
-}
-
-QString descendantWords(std::uint32_t generations)
-{
-    return byGeneration(std::array{KinWords::tr("child"), KinWords::tr("grandchild"), KinWords::tr("great-grandchild"),
-                                   KinWords::tr("great-great-grandchild"), KinWords::tr("%1 great-grandchild")},
-                        generations);
-}
-
-/// One generation is the parent's.
-QString auntWords(std::uint32_t generations)
-{
-    return byGeneration(std::array{KinWords::tr("aunt or uncle"), KinWords::tr("great-aunt or great-uncle"),
-                                   KinWords::tr("great-great-aunt or great-great-uncle"),
-                                   KinWords::tr("%1 great-aunt or great-uncle")},
-                        generations);
-}
-
-/// One generation is the child's.
-QString nieceWords(std::uint32_t generations)
-{
-    return byGeneration(std::array{KinWords::tr("niece or nephew"), KinWords::tr("great-niece or great-nephew"),
-                                   KinWords::tr("great-great-niece or great-great-nephew"),
-                                   KinWords::tr("%1 great-niece or great-nephew")},
-                        generations);
-}
-
-/// A cousin whose generation is `removed` above or below one's own.
-QString removedCousinPattern(std::uint32_t removed, bool isOlder)
-{
-    switch (removed) {
-    case 1:
-        return isOlder ? KinWords::tr("%1 cousin once removed", "of an older generation")
-                       : KinWords::tr("%1 cousin once removed", "of a younger generation");
-    case 2:
-        return isOlder ? KinWords::tr("%1 cousin twice removed", "of an older generation")
-                       : KinWords::tr("%1 cousin twice removed", "of a younger generation");
-    case 3:
-        return isOlder ? KinWords::tr("%1 cousin three times removed", "of an older generation")
-                       : KinWords::tr("%1 cousin three times removed", "of a younger generation");
-    default:
-        return (isOlder ? KinWords::tr("%1 cousin %2 times removed", "of an older generation")
-                        : KinWords::tr("%1 cousin %2 times removed", "of a younger generation"))
-            .arg(QStringLiteral("%1"), QString::number(removed));
-    }
-}
-
-QString cousinWords(std::uint32_t up, std::uint32_t down)
-{
-    const std::uint32_t degree = std::min(up, down) - 1;
-    if (up == down)
-        return KinWords::tr("%1 cousin").arg(degreeOf(degree));
-    // A first cousin's child is a first cousin still in English, and a niece or nephew of the second degree in others.
-    const QString further = KinWords::tr("0", "what the degree of a cousin grows by where generations differ: 0, or 1");
-    return removedCousinPattern(std::max(up, down) - std::min(up, down), up > down)
-        .arg(degreeOf(degree + further.toUInt()));
+    return line.shared == kinship::Shared::OneParent;
 }
 
 QString halfOrFull(const BloodLine& line, const QString& words)
 {
-    return line.shared == kinship::Shared::OneParent ? KinWords::tr("half %1").arg(words) : words;
+    return isHalf(line) ? kinTerms::half(words) : words;
 }
 
-QString siblingWords(const BloodLine& line)
+QString cousinWords(const BloodLine& line, Sex sex)
 {
-    return line.shared == kinship::Shared::OneParent ? KinWords::tr("half-sibling") : KinWords::tr("sibling");
-}
-
-/// "a" or "an" is told by what follows; in most languages both are translated alike.
-QString partnerOf(const QString& relative)
-{
-    constexpr std::array beginnings{u"a", u"e", u"i", u"o", u"8", u"11", u"18"};
-    const bool beginsWithVowel =
-        std::ranges::any_of(beginnings, [&](const char16_t* vowel) { return relative.startsWith(QStringView(vowel)); });
-    return (beginsWithVowel ? KinWords::tr("partner of an %1") : KinWords::tr("partner of a %1")).arg(relative);
+    const auto [nearer, further] = std::minmax(line.up, line.down);
+    const std::uint32_t degree = nearer - 1;
+    return nearer == further ? kinTerms::cousin(degree, sex)
+                             : kinTerms::removedCousin(degree, further - nearer, line.up > line.down, sex);
 }
 
 bool isNearAuntOrNiece(const BloodLine& line)
@@ -147,41 +42,41 @@ bool isNearAuntOrNiece(const BloodLine& line)
     return std::min(line.up, line.down) == 1 && line.steps() > 2;
 }
 
-QString partnersRelativeWords(const BloodLine& line)
+QString partnersRelativeWords(const BloodLine& line, Sex sex, Sex partner)
 {
     if (line.up == 1 && line.down == 0)
-        return KinWords::tr("parent-in-law");
+        return kinTerms::parentInLaw(sex);
     if (line.up == 0 && line.down == 1)
-        return KinWords::tr("stepchild");
+        return kinTerms::stepchild(sex);
     if (line.up == 1 && line.down == 1)
-        return KinWords::tr("sibling-in-law");
-    return KinWords::tr("%1 of the partner").arg(bloodWords(line));
+        return kinTerms::siblingInLaw(sex);
+    return kinTerms::ofPartner(bloodWords(line, sex), partner);
 }
 
-QString relativesPartnerWords(const BloodLine& line)
+QString relativesPartnerWords(const BloodLine& line, Sex sex, Sex relative)
 {
     if (line.up == 1 && line.down == 0)
-        return KinWords::tr("stepparent");
+        return kinTerms::stepparent(sex);
     if (line.up == 0 && line.down == 1)
-        return KinWords::tr("child-in-law");
+        return kinTerms::childInLaw(sex);
     if (line.up == 1 && line.down == 1)
-        return KinWords::tr("sibling-in-law");
+        return kinTerms::siblingInLaw(sex);
     if (isNearAuntOrNiece(line))
-        return KinWords::tr("%1 by marriage").arg(bloodWords(line));
-    return partnerOf(bloodWords(line));
+        return kinTerms::byMarriage(bloodWords(line, sex));
+    return kinTerms::partnerOf(bloodWords(line, relative), sex);
 }
 
-/// Cuts a path into partners and stretches that go up and then down, and names each.
+/// Cuts a path into partners and stretches that go up and then down, and names each by whom it leads to.
 class Chain
 {
 public:
-    explicit Chain(const engine::FamilyGraph& family) : family_(family) {}
+    Chain(const engine::FamilyGraph& family, std::span<const Sex> sexes) : family_(family), sexes_(sexes) {}
 
     QStringList wordsOf(const std::vector<PersonIndex>& path)
     {
         for (std::size_t at = 0; at + 1 < path.size(); ++at)
             step(path[at], path[at + 1]);
-        endStretch();
+        endStretch(path.back());
         return words_;
     }
 
@@ -190,20 +85,20 @@ private:
     {
         if (isAmong(family_.parents[from], to)) {
             if (stretch_.down > 0)
-                endStretch();
+                endStretch(from);
             ++stretch_.up;
         } else if (isAmong(family_.children[from], to)) {
             ++stretch_.down;
         } else {
-            endStretch();
-            words_.push_back(KinWords::tr("partner"));
+            endStretch(from);
+            words_.push_back(partnerWords(kinship::sexOf(sexes_, to)));
         }
     }
 
-    void endStretch()
+    void endStretch(PersonIndex at)
     {
         if (stretch_.steps() > 0)
-            words_.push_back(bloodWords(stretch_));
+            words_.push_back(bloodWords(stretch_, kinship::sexOf(sexes_, at)));
         stretch_ = {};
     }
 
@@ -213,37 +108,49 @@ private:
     }
 
     const engine::FamilyGraph& family_;
+    std::span<const Sex> sexes_;
     BloodLine stretch_;
     QStringList words_;
 };
 
 } // namespace
 
-QString bloodWords(const BloodLine& line)
+QString partnerWords(Sex second)
+{
+    return kinTerms::partner(second);
+}
+
+QString bloodWords(const BloodLine& line, Sex second)
 {
     if (line.down == 0)
-        return ancestorWords(line.up);
+        return kinTerms::parent(line.up, second);
     if (line.up == 0)
-        return descendantWords(line.down);
+        return kinTerms::child(line.down, second);
     if (line.up == 1 && line.down == 1)
-        return siblingWords(line);
+        return kinTerms::sibling(isHalf(line) ? kinTerms::Half::Yes : kinTerms::Half::No, second);
     if (line.down == 1)
-        return halfOrFull(line, auntWords(line.up - 1));
+        return halfOrFull(line, kinTerms::aunt(line.up - 1, second));
     if (line.up == 1)
-        return halfOrFull(line, nieceWords(line.down - 1));
-    return halfOrFull(line, cousinWords(line.up, line.down));
+        return halfOrFull(line, kinTerms::niece(line.down - 1, second));
+    return halfOrFull(line, cousinWords(line, second));
 }
 
-QString inLawWords(const InLaw& inLaw)
+QString inLawWords(const InLaw& inLaw, Sex second, Sex between)
 {
-    if (inLaw.marriage == Marriage::BetweenParents)
-        return KinWords::tr("step-sibling");
-    return inLaw.marriage == Marriage::OfFirst ? partnersRelativeWords(inLaw.line) : relativesPartnerWords(inLaw.line);
+    switch (inLaw.marriage) {
+    case Marriage::BetweenParents:
+        return kinTerms::stepsibling(second);
+    case Marriage::OfFirst:
+        return partnersRelativeWords(inLaw.line, second, between);
+    case Marriage::OfSecond:
+        return relativesPartnerWords(inLaw.line, second, between);
+    }
+    return {};
 }
 
-QString chainWords(const engine::FamilyGraph& family, const std::vector<PersonIndex>& path)
+QString chainWords(const engine::FamilyGraph& family, std::span<const Sex> sexes, const std::vector<PersonIndex>& path)
 {
-    QStringList words = Chain(family).wordsOf(path);
+    QStringList words = Chain(family, sexes).wordsOf(path);
     if (words.size() > greatestChain) {
         words.resize(greatestChain);
         words.push_back(QStringLiteral("…"));

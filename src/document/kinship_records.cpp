@@ -2,6 +2,8 @@
 
 #include "model/object_context.h"
 #include "model/person.h"
+#include "model/source_record.h"
+#include "recorded_sex.h"
 
 #include <algorithm>
 
@@ -10,10 +12,13 @@ namespace lineara {
 KinshipRecords::KinshipRecords(const Pool& pool) : snapshot_(pool.snapshot())
 {
     dates_.reserve(snapshot_.persons.size());
+    sexes_.reserve(snapshot_.persons.size());
     for (const RecordId id : snapshot_.persons) {
         const Person& person = *pool.context().person(id);
         dates_.push_back({{person.birthYear(), person.birthMonth(), person.birthDay()},
                           {person.deathYear(), person.deathMonth(), person.deathDay()}});
+        const SourceRecord* const source = person.source();
+        sexes_.push_back(source ? recordedSex(source->text()) : kinship::Sex::Unknown);
     }
 }
 

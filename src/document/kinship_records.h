@@ -10,7 +10,8 @@
 
 namespace lineara {
 
-/// A family's links and dates as the room of kinship wants them, and the way back from its indices to the records.
+/// A family's links, dates and sexes as the room of kinship wants them, and the way back from its indices to the
+/// records.
 class KinshipRecords
 {
 public:
@@ -21,7 +22,9 @@ public:
 
     const engine::FamilyGraph& graph() const { return snapshot_.graph; }
     std::span<const kinship::LifeDates> dates() const { return dates_; }
-    kinship::CheckedFamily checked() const { return {snapshot_.graph, dates_}; }
+    /// As far as the files tell them that persons were imported from.
+    std::span<const kinship::Sex> sexes() const { return sexes_; }
+    kinship::CheckedFamily checked() const { return {snapshot_.graph, dates_, sexes_}; }
 
     RecordId idOf(kinship::PersonIndex person) const { return snapshot_.persons[person]; }
     std::vector<RecordId> idsOf(std::span<const kinship::PersonIndex> persons) const;
@@ -31,6 +34,7 @@ public:
 private:
     FamilySnapshot snapshot_;
     std::vector<kinship::LifeDates> dates_;
+    std::vector<kinship::Sex> sexes_;
 };
 
 } // namespace lineara

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "kinship/relationship.h"
+#include "kinship/sex.h"
 
 #include <QString>
 
 #include <functional>
+#include <span>
 
 namespace lineara {
 
@@ -17,8 +19,15 @@ struct RelationshipText
 
 using NameOf = std::function<QString(kinship::PersonIndex)>;
 
-/// `nameOf` gives the name of a person, as plain text.
-RelationshipText relationshipText(const kinship::Relation& relationship, const engine::FamilyGraph& family,
-                                  kinship::PersonIndex first, kinship::PersonIndex second, const NameOf& nameOf);
+/// A family as it is told of; `sexes` may be empty for nobody's.
+struct ToldFamily
+{
+    const engine::FamilyGraph& graph;
+    std::span<const kinship::Sex> sexes;
+    NameOf nameOf; ///< as plain text
+};
+
+RelationshipText relationshipText(const kinship::Relation& relationship, const ToldFamily& family,
+                                  kinship::PersonIndex first, kinship::PersonIndex second);
 
 } // namespace lineara

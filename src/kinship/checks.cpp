@@ -92,8 +92,7 @@ private:
 
     DayNumber lastBirthAfter(const DateRange& death, PersonIndex parent) const
     {
-        const bool isMother = !family_.sexes.empty() && family_.sexes[parent] == Sex::Female;
-        return isMother ? death.latest() : death.latestAfter(monthsOfYear);
+        return sexOf(family_.sexes, parent) == Sex::Female ? death.latest() : death.latestAfter(monthsOfYear);
     }
 
     const CheckedFamily& family_;

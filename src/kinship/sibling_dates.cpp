@@ -56,7 +56,7 @@ void SiblingDates::lookAt(PersonIndex parent, std::vector<FoundPerson>& found)
 
 bool SiblingDates::isFemale(PersonIndex person) const
 {
-    return !family_.sexes.empty() && family_.sexes[person] == Sex::Female;
+    return sexOf(family_.sexes, person) == Sex::Female;
 }
 
 void SiblingDates::gather(PersonIndex parent)

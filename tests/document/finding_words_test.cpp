@@ -22,10 +22,12 @@ protected:
 
     std::string words(Finding finding) const
     {
-        return findingWords({0, finding, 1}, dates, QStringLiteral("Ada")).toStdString();
+        const engine::FamilyGraph nobody;
+        return findingWords({0, finding, 1}, {nobody, dates, sexes}, QStringLiteral("Ada")).toStdString();
     }
 
     std::vector<LifeDates> dates{{{1901, 5, 17}, {1900, 4}}, {{1890}, {-44}}};
+    std::vector<kinship::Sex> sexes;
 };
 
 TEST_F(FindingWordsTest, DatesAreToldAsFarAsTheyAreKnown)
@@ -50,6 +52,22 @@ TEST_F(FindingWordsTest, EveryFindingTellsTheDatesThatContradictEachOther)
               "Born 17 May 1901, more than a year after the death of the parent Ada (died 44 BC)");
     EXPECT_EQ(words(Finding::BornTooSoonAfterSibling),
               "Born 17 May 1901, less than nine months after the sibling Ada (born 1890)");
+}
+
+TEST_F(FindingWordsTest, TheOtherIsCalledByWhatItIs)
+{
+    sexes = {kinship::Sex::Male, kinship::Sex::Female};
+    EXPECT_EQ(words(Finding::BornBeforeParent), "Born 17 May 1901, before the mother Ada (born 1890)");
+    EXPECT_EQ(words(Finding::ParentTooYoung), "Born 17 May 1901, when the mother Ada (born 1890) was under 12");
+    EXPECT_EQ(words(Finding::ParentTooOld), "Born 17 May 1901, when the mother Ada (born 1890) was over 80");
+    EXPECT_EQ(words(Finding::BornTooSoonAfterSibling),
+              "Born 17 May 1901, less than nine months after the sister Ada (born 1890)");
+    EXPECT_EQ(words(Finding::BornAfterParentsDeath), "Born 17 May 1901, after the death of the mother Ada (died 44 BC)")
+        << "of a mother at once";
+    sexes[1] = kinship::Sex::Male;
+    EXPECT_EQ(words(Finding::BornAfterParentsDeath),
+              "Born 17 May 1901, more than a year after the death of the father Ada (died 44 BC)");
+    EXPECT_EQ(words(Finding::BornBeforeParent), "Born 17 May 1901, before the father Ada (born 1890)");
 }
 
 } // namespace

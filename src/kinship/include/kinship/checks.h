@@ -2,6 +2,7 @@
 
 #include "engine/family_graph.h"
 #include "kinship/date_range.h"
+#include "kinship/sex.h"
 
 #include <cstdint>
 #include <optional>
@@ -17,13 +18,6 @@ struct LifeDates
 {
     PartialDate birth;
     PartialDate death;
-};
-
-enum class Sex : std::uint8_t
-{
-    Unknown,
-    Female,
-    Male
 };
 
 /// What the checks look at. Both lists hold one entry per person of the family; `sexes` may be empty for nobody's.
