@@ -3,7 +3,22 @@
 #include "accessible_node.h"
 #include "canvas/tree_view.h"
 
+#include <QCoreApplication>
+
+#include <algorithm>
+
 namespace lineara {
+
+namespace {
+
+QString highlightOf(TreeView& canvas)
+{
+    const auto isHighlighted = [](const LeafView* node) { return node->isHighlighted(); };
+    const auto count = static_cast<int>(std::ranges::count_if(canvas.personLayer().nodes(), isHighlighted));
+    return QCoreApplication::translate("TreeView", "%n person(s) highlighted, everybody else dimmed", nullptr, count);
+}
+
+} // namespace
 
 AccessibleCanvas::AccessibleCanvas(TreeView& canvas)
     : QAccessibleWidget(&canvas, QAccessible::Tree, QCoreApplication::translate("TreeView", "Family tree"))
@@ -60,6 +75,13 @@ QAccessibleInterface* AccessibleCanvas::focusChild() const
 {
     const LeafView* const node = canvas().hasFocus() ? canvas().firstResponderNode() : nullptr;
     return node ? nodeOf(node->person().recordId()) : nullptr;
+}
+
+QString AccessibleCanvas::text(QAccessible::Text what) const
+{
+    if (what != QAccessible::Description || !canvas().isHighlighting())
+        return QAccessibleWidget::text(what);
+    return highlightOf(canvas());
 }
 
 } // namespace lineara

@@ -22,6 +22,7 @@ public:
     QAccessibleInterface* childAt(int x, int y) const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
     QAccessibleInterface* focusChild() const override;
+    QString text(QAccessible::Text what) const override;
 
     TreeView& canvas() const;
 

@@ -5,6 +5,8 @@
 #include "model/person.h"
 #include "platform/notification_center.h"
 
+#include <QCoreApplication>
+
 namespace lineara {
 
 namespace {
@@ -14,6 +16,16 @@ QString nameOf(const LeafView& node)
     const QString name = node.infoView().isNameless() ? node.infoView().nameLines().join(u' ') : *node.person().name();
     const QString era = node.person().era();
     return era.isEmpty() ? name : name + QStringLiteral(", ") + era;
+}
+
+/// Whether it is brought out among others or dimmed; nothing while nobody is, and of a selected node, which never is.
+QString standingOf(const TreeView& canvas, const LeafView& node)
+{
+    if (!canvas.isHighlighting())
+        return {};
+    if (node.isHighlighted())
+        return QCoreApplication::translate("TreeView", "Highlighted");
+    return FamilyScene::standsOut(node) ? QString() : QCoreApplication::translate("TreeView", "Dimmed");
 }
 
 } // namespace
@@ -130,7 +142,11 @@ QAccessible::State AccessibleNode::state() const
 
 QString AccessibleNode::text(QAccessible::Text what) const
 {
-    return what == QAccessible::Name && isValid() ? nameOf(*node()) : QString();
+    if (!isValid())
+        return {};
+    if (what == QAccessible::Description)
+        return standingOf(canvas(), *node());
+    return what == QAccessible::Name ? nameOf(*node()) : QString();
 }
 
 void* AccessibleNode::interface_cast(QAccessible::InterfaceType type)

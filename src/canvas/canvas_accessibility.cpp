@@ -31,4 +31,16 @@ void announceFocus(TreeView& canvas, const LeafView& node)
     QAccessible::updateAccessibility(&event);
 }
 
+void announceHighlight(TreeView& canvas)
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent event(&canvas, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&event);
+    if (const LeafView* const node = canvas.firstResponderNode()) {
+        event.setChild(static_cast<int>(node->index()));
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
 } // namespace lineara

@@ -12,4 +12,8 @@ void installCanvasAccessibility();
 /// Tells assistive tools, if there are any, that the keyboard concerns this node now.
 void announceFocus(TreeView& canvas, const LeafView& node);
 
+/// Tells them that other persons are highlighted than before: of the canvas, and of the node that the keyboard
+/// concerns.
+void announceHighlight(TreeView& canvas);
+
 } // namespace lineara

@@ -1,6 +1,7 @@
 // Some persons brought out among all others, and the click that compares two of them.
 
 #include "canvas/tree_view.h"
+#include "canvas_accessibility.h"
 #include "model/person.h"
 
 #include <QMouseEvent>
@@ -11,12 +12,16 @@ void TreeView::setHighlight(std::span<const RecordId> persons)
 {
     scene_.setHighlight(persons);
     redraw();
+    announceHighlight(*this);
 }
 
 void TreeView::clearHighlight()
 {
+    const bool wasHighlighting = isHighlighting();
     scene_.clearHighlight();
     redraw();
+    if (wasHighlighting)
+        announceHighlight(*this);
 }
 
 bool TreeView::dismissHighlight()

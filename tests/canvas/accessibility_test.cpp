@@ -53,6 +53,21 @@ TEST_F(Accessibility, NodesAreNamedByPersonAndLifeSpan)
     EXPECT_EQ(nodeOf(bob).text(QAccessible::Name), u"Unnamed"_qs);
 }
 
+TEST_F(Accessibility, TellsWhoIsHighlightedAndWhoIsDimmed)
+{
+    EXPECT_EQ(nodeOf(ann).text(QAccessible::Description), QString());
+    EXPECT_EQ(canvas().text(QAccessible::Description), QString());
+    view.setHighlight(std::vector{ann.recordId()});
+    EXPECT_EQ(nodeOf(ann).text(QAccessible::Description), u"Highlighted"_qs);
+    EXPECT_EQ(nodeOf(bob).text(QAccessible::Description), u"Dimmed"_qs);
+    EXPECT_EQ(canvas().text(QAccessible::Description), u"1 person(s) highlighted, everybody else dimmed"_qs);
+    view.focus(bob);
+    EXPECT_EQ(nodeOf(bob).text(QAccessible::Description), QString()) << "who is selected is never dimmed";
+    view.clearHighlight();
+    EXPECT_EQ(nodeOf(ann).text(QAccessible::Description), QString());
+    EXPECT_EQ(canvas().text(QAccessible::Description), QString());
+}
+
 TEST_F(Accessibility, HandlesTellWhatTheyAreFor)
 {
     QAccessibleInterface& node = nodeOf(ann);
