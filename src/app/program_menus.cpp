@@ -99,9 +99,11 @@ void addExport(QMenu& menu, Document& document)
     exporting->setObjectName(QStringLiteral("exportMenu"));
     add(*exporting, ProgramMenuTexts::tr("&GEDCOM…"), QKeySequence(Qt::CTRL | Qt::Key_E),
         [&document] { exportGedcom(document); });
-    add(*exporting, ProgramMenuTexts::tr("&Picture…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E),
-        [&document] { exportPicture(document); });
-    add(menu, ProgramMenuTexts::tr("&Print…"), QKeySequence::Print, [&document] { printFamily(document); });
+    document.window().addCanvasCommand(*add(*exporting, ProgramMenuTexts::tr("&Picture…"),
+                                            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E),
+                                            [&document] { exportPicture(document); }));
+    document.window().addCanvasCommand(
+        *add(menu, ProgramMenuTexts::tr("&Print…"), QKeySequence::Print, [&document] { printFamily(document); }));
 }
 
 void showWindows(QMenu& menu, QMainWindow& window, const ProgramCommands& commands)

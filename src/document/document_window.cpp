@@ -74,7 +74,7 @@ void DocumentWindow::makeViewMenu()
     const auto add = [this](const QString& text, const QKeySequence& shortcut, auto command) {
         QAction* action = viewMenu_->addAction(text);
         action->setShortcut(shortcut);
-        action->setEnabled(false);
+        addCanvasCommand(*action);
         connect(action, &QAction::triggered, this, [this, command] { command(*canvas_); });
     };
     add(tr("Zoom &In"), QKeySequence::ZoomIn, [](TreeView& canvas) { canvas.zoomIn(); });
@@ -91,6 +91,12 @@ void DocumentWindow::makeViewMenu()
     connect(fullScreen, &QAction::toggled, this,
             [this](bool on) { setWindowState(windowState().setFlag(Qt::WindowFullScreen, on)); });
     fullScreen_ = fullScreen;
+}
+
+void DocumentWindow::addCanvasCommand(QAction& command)
+{
+    command.setEnabled(canvas_ != nullptr);
+    canvasCommands_.push_back(&command);
 }
 
 void DocumentWindow::showList(QWidget* list)
@@ -146,7 +152,7 @@ void DocumentWindow::showCanvas(TreeView* canvas)
     const QWidget* const focus = focusWidget();
     const bool isElsewhere = !onboarding_ && focus && !pages_->isAncestorOf(focus);
     pages_->addWidget(canvas);
-    for (QAction* action : viewMenu_->actions())
+    for (QAction* action : canvasCommands_)
         action->setEnabled(true);
     setOnboardingVisible(onboarding_);
     if (!isElsewhere)
@@ -176,7 +182,7 @@ void DocumentWindow::showOpeningReport(const QString& summary, const QString& de
     details_->setObjectName(QStringLiteral("openingDetails"));
     details_->setText(tr("Details\u2026"));
     connect(details_, &QToolButton::clicked, this,
-            [this, summary, details] { showReportDialog(*this, summary, details); });
+            [this, summary, details] { showReportDialog(*this, *fileMenu_, summary, details); });
     statusBar()->addPermanentWidget(details_);
 }
 

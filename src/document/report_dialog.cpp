@@ -1,5 +1,6 @@
 #include "report_dialog.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -7,10 +8,12 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSaveFile>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace lineara {
@@ -48,15 +51,27 @@ void chooseAndSave(QWidget& owner, const QString& text)
     chooser->open();
 }
 
+/// Whoever reads the text means the family when pressing the keys that save, export or print it.
+void lendKeys(QDialog& dialog, const QMenu& commands)
+{
+    for (QAction* const command : commands.actions()) {
+        if (command->shortcut() != QKeySequence(QKeySequence::Close))
+            dialog.addAction(command);
+    }
+    const auto* const close = new QShortcut(QKeySequence::Close, &dialog);
+    QObject::connect(close, &QShortcut::activated, &dialog, &QDialog::close);
+}
+
 } // namespace
 
-void showReportDialog(QWidget& owner, const QString& summary, const QString& details)
+void showReportDialog(QWidget& owner, const QMenu& commands, const QString& summary, const QString& details)
 {
     auto* dialog = new QDialog(&owner);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setObjectName(QStringLiteral("openingReport"));
     dialog->setWindowTitle(ReportDialogTexts::tr("What Was Read"));
     dialog->resize(720, 480);
+    lendKeys(*dialog, commands);
 
     auto* heading = new QLabel(summary);
     heading->setWordWrap(true);

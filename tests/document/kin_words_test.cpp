@@ -206,8 +206,7 @@ TEST(RelationshipWords, KnowWhoIsAManAndWhoAWoman)
     EXPECT_EQ(told(family, 2, 3, sexes).sentence, u"D is <b>partner</b> of C");
     EXPECT_EQ(told(family, 1, 5, sexes).sentence, u"F is <b>father</b> of B");
     EXPECT_EQ(told(family, 0, 2, sexes).sentence, u"C is <b>brother-in-law</b> of A");
-    EXPECT_EQ(told(family, 0, 4, sexes).sentence,
-              u"E is connected with A: <b>wife › brother › partner › mother</b>");
+    EXPECT_EQ(told(family, 0, 4, sexes).sentence, u"E is connected with A: <b>wife › brother › partner › mother</b>");
 }
 
 TEST(RelationshipWords, TellWhoseRelativeAnInLawIs)

@@ -4,6 +4,7 @@
 #include <QMainWindow>
 
 #include <functional>
+#include <vector>
 
 class QAction;
 class QLabel;
@@ -40,6 +41,9 @@ public:
 
     /// The canvas, or nullptr before there is one.
     TreeView* canvas() const { return canvas_; }
+
+    /// A command of another menu that can't be given before there is a canvas; it must live as long as the window.
+    void addCanvasCommand(QAction& command);
 
     /// The hint covers the canvas while it is shown.
     void setOnboardingVisible(bool visible);
@@ -113,6 +117,7 @@ private:
     QMenu* familyMenu_ = nullptr;
     QMenu* windowMenu_ = nullptr;
     QMenu* helpMenu_ = nullptr;
+    std::vector<QAction*> canvasCommands_;
     QAction* fullScreen_ = nullptr;
     QToolButton* details_ = nullptr;
     QLabel* warning_ = nullptr;
