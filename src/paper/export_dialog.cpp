@@ -85,7 +85,7 @@ protected:
         form().setRowVisible(transparent_, kind != PictureKind::Pdf);
         preview().setTransparent(kind != PictureKind::Pdf && transparent_->isChecked());
         followShape();
-        preview().showPages(std::nullopt);
+        preview().showAlone();
         return kind == PictureKind::Pdf ? showPage() : kind == PictureKind::Png ? showPixels() : showSize();
     }
 
@@ -181,7 +181,7 @@ private:
         if (plan.failed())
             return plan.failure();
         const double percent = plan.value().scale() * 100;
-        preview().showPages(std::move(plan.value()));
+        preview().showPages(std::move(plan.value()), wished.sheets->marks, picture());
         return ExportDialogTexts::tr("One page, at %L1 % of the full size.").arg(percent, 0, 'f', percent < 10 ? 1 : 0);
     }
 

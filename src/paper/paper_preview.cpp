@@ -28,6 +28,17 @@ void paintChecks(QPainter& painter, const QRectF& area)
     painter.fillRect(area, QBrush(QColor(225, 225, 225), Qt::Dense4Pattern));
 }
 
+/// A pixel for each point is more than is seen of it.
+QImage assemblySheet(const PosterPlan& plan, const PaperPicture& picture)
+{
+    QImage sheet(plan.sheet().size.toSize(), QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintAssembly(painter, plan, picture);
+    return sheet;
+}
+
 } // namespace
 
 PaperPreview::PaperPreview()
@@ -49,8 +60,17 @@ void PaperPreview::showPicture(const PaperPicture& picture)
     update();
 }
 
-void PaperPreview::showPages(std::optional<PosterPlan> plan)
+void PaperPreview::showAlone()
 {
+    plan_.reset();
+    assembly_ = {};
+    update();
+}
+
+void PaperPreview::showPages(PosterPlan plan, const PosterMarks& marks, const PaperPicture& picture)
+{
+    marks_ = marks;
+    assembly_ = hasAssembly(plan, marks) ? assemblySheet(plan, picture) : QImage();
     plan_ = std::move(plan);
     update();
 }
@@ -87,21 +107,34 @@ void PaperPreview::paintPages(QPainter& painter) const
 {
     const QSizeF sheet = plan_->sheet().size;
     const double between = gap * sheet.width();
+    const int rows = plan_->rows() + (assembly_.isNull() ? 0 : 1);
     const QSizeF all(plan_->columns() * (sheet.width() + between) - between,
-                     plan_->rows() * (sheet.height() + between) - between);
+                     rows * (sheet.height() + between) - between);
     const QRectF place = fittedInto(all, QRectF(rect()).adjusted(border, border, -border, -border));
     painter.translate(place.topLeft());
     painter.scale(place.width() / all.width(), place.width() / all.width());
-    const double pixels = image_.width() / pictureSize_.width();
-    for (const PosterPage& page : plan_->pages()) {
-        const QPointF corner(page.column * (sheet.width() + between), page.row * (sheet.height() + between));
-        painter.fillRect(QRectF(corner, sheet), Qt::white);
-        // Of the sheet only what lies within the picture; the rest of it is paper.
-        const QRectF seen = page.source & QRectF({}, pictureSize_);
-        const QRectF shown((seen.topLeft() - page.source.topLeft()) * plan_->scale() + page.target.topLeft() + corner,
-                           seen.size() * plan_->scale());
-        painter.drawImage(shown, image_, QRectF(seen.topLeft() * pixels, seen.size() * pixels));
+    for (std::size_t page = 0; page < plan_->pages().size(); ++page) {
+        const PosterPage& shown = plan_->pages()[page];
+        painter.save();
+        painter.translate(shown.column * (sheet.width() + between), shown.row * (sheet.height() + between));
+        paintPage(painter, page);
+        painter.restore();
     }
+    if (!assembly_.isNull())
+        painter.drawImage(QRectF({0, plan_->rows() * (sheet.height() + between)}, sheet), assembly_);
+}
+
+void PaperPreview::paintPage(QPainter& painter, std::size_t page) const
+{
+    painter.fillRect(QRectF({}, plan_->sheet().size), Qt::white);
+    // Of the sheet only what lies within the picture; the rest of it is paper.
+    const PosterPage& shown = plan_->pages()[page];
+    const QRectF seen = shown.source & QRectF({}, pictureSize_);
+    const QRectF target((seen.topLeft() - shown.source.topLeft()) * plan_->scale() + shown.target.topLeft(),
+                        seen.size() * plan_->scale());
+    const double pixels = image_.width() / pictureSize_.width();
+    painter.drawImage(target, image_, QRectF(seen.topLeft() * pixels, seen.size() * pixels));
+    paintMarks(painter, *plan_, page, marks_);
 }
 
 } // namespace lineara

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "paper/poster_marks.h"
 #include "paper/poster_plan.h"
 
 #include <QImage>
@@ -19,8 +20,9 @@ public:
 
     /// Draws the picture anew; it is not looked at afterwards.
     void showPicture(const PaperPicture& picture);
-    /// No value: the picture by itself.
-    void showPages(std::optional<PosterPlan> plan);
+    void showAlone();
+    /// The sheets as they come out, with their marks; the one that shows how they lie stands beneath the others.
+    void showPages(PosterPlan plan, const PosterMarks& marks, const PaperPicture& picture);
     void setTransparent(bool isTransparent);
 
     QSize sizeHint() const override { return {560, 420}; }
@@ -32,10 +34,13 @@ protected:
 private:
     void paintAlone(QPainter& painter) const;
     void paintPages(QPainter& painter) const;
+    void paintPage(QPainter& painter, std::size_t page) const;
 
     QImage image_;
     QSizeF pictureSize_;
     std::optional<PosterPlan> plan_;
+    PosterMarks marks_;
+    QImage assembly_; // without a size where there is none
     bool isTransparent_ = false;
 };
 

@@ -1,14 +1,13 @@
 #include "pdf_canvas.h"
 
-#include "paper_limits.h"
-
 #include "glyph_line.h"
+#include "paper_limits.h"
+#include "pdf_path.h"
 
 #include <QBuffer>
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 #include <utility>
 
 namespace lineara {
@@ -18,14 +17,6 @@ namespace {
 constexpr qsizetype portion = 64 * 1024; // compressed at a time
 constexpr int jpegQuality = 88;
 
-void appendPoint(QByteArray& ops, QPointF point)
-{
-    appendNumber(ops, point.x());
-    ops += ' ';
-    appendNumber(ops, point.y());
-    ops += ' ';
-}
-
 void appendMove(QByteArray& ops, QPointF place)
 {
     ops += "1 0 0 1 ";
@@ -33,35 +24,15 @@ void appendMove(QByteArray& ops, QPointF place)
     ops += "cm";
 }
 
-class PathOps
-{
-public:
-    void move(QPointF point) { op({point}, "m\n"); }
-    void line(QPointF point) { op({point}, "l\n"); }
-    void curve(QPointF first, QPointF second, QPointF end) { op({first, second, end}, "c\n"); }
-    void close() { ops += "h\n"; }
-
-    QByteArray ops;
-
-private:
-    void op(std::initializer_list<QPointF> points, const char* name)
-    {
-        for (const QPointF& point : points)
-            appendPoint(ops, point);
-        ops += name;
-    }
-};
-
 /// Filled first, then outlined: both at once would leave out what lies under a translucent outline.
 QByteArray shapeOps(const VectorShape& shape)
 {
-    PathOps path;
-    visitPath(shape.path, path);
+    const QByteArray path = pathOps(shape.path);
     QByteArray ops;
     if (shape.look.fill.isValid())
-        ops += path.ops + (shape.path.fillRule() == Qt::WindingFill ? "f\n" : "f*\n");
+        ops += path + (shape.path.fillRule() == Qt::WindingFill ? "f\n" : "f*\n");
     if (shape.look.stroke.isValid())
-        ops += path.ops + "S\n";
+        ops += path + "S\n";
     return ops;
 }
 
@@ -98,6 +69,61 @@ QByteArray escaped(const QByteArray& bytes)
     }
     return text;
 }
+
+/// Glyphs of one size as strings, which go on as long as the glyphs follow one another on a line.
+class GlyphStrings
+{
+public:
+    /// `font` is what says which font was used last on the page, and follows.
+    GlyphStrings(double size, QByteArray& font) : size_(size), font_(font) {}
+
+    /// `width` in thousandths of the size.
+    void add(const PdfFont::Place& glyph, QPointF at, double width)
+    {
+        constexpr double hair = 4; // thousandths of the size
+        const double gap = (pen_.x() - at.x()) * 1000 / size_;
+        if (glyph.resource != resource_ || std::abs(pen_.y() - at.y()) > 0.01) {
+            begin(glyph.resource, at);
+        } else if (std::abs(gap) > hair) {
+            ops_ += ')';
+            appendNumber(ops_, gap, 0);
+            ops_ += '(';
+            pen_.setX(at.x());
+        }
+        ops_ += escaped(glyph.code);
+        pen_.rx() += width * size_ / 1000;
+    }
+
+    QByteArray end()
+    {
+        if (!resource_.isEmpty())
+            ops_ += ")]TJ\n";
+        resource_.clear();
+        return ops_;
+    }
+
+private:
+    void begin(const QByteArray& resource, QPointF at)
+    {
+        end();
+        QByteArray use = '/' + resource + ' ';
+        appendNumber(use, size_);
+        use += " Tf\n";
+        if (std::exchange(font_, use) != use)
+            ops_ += use;
+        ops_ += "1 0 0 -1 ";
+        appendPoint(ops_, at);
+        ops_ += "Tm[(";
+        resource_ = resource;
+        pen_ = at;
+    }
+
+    double size_;
+    QByteArray& font_;
+    QByteArray ops_;
+    QByteArray resource_;
+    QPointF pen_;
+};
 
 Fingerprint sumOf(const QImage& image)
 {
@@ -297,41 +323,12 @@ void PdfCanvas::text(const QString& text, QPointF baseline, const QFont& font, d
 
 void PdfCanvas::glyphs(PdfFont& font, double size, QPointF baseline, double scale, const GlyphRun& run)
 {
-    constexpr double hair = 4; // thousandths of the font's size
-    QByteArray ops;
-    QByteArray resource;
-    QPointF pen;
-    const auto end = [&] {
-        if (!resource.isEmpty())
-            ops += ")]TJ\n";
-    };
+    GlyphStrings strings(size, textFont_);
     for (const PlacedGlyph& placed : run.glyphs) {
         const PdfFont::Place place = font.use(placed.glyph, placed.letters);
-        const QPointF wanted = baseline + placed.place * scale;
-        const double gap = (pen.x() - wanted.x()) * 1000 / size;
-        if (place.resource != resource || std::abs(pen.y() - wanted.y()) > 0.01) {
-            end();
-            QByteArray use = '/' + place.resource + ' ';
-            appendNumber(use, size);
-            use += " Tf\n";
-            if (std::exchange(textFont_, use) != use)
-                ops += use;
-            ops += "1 0 0 -1 ";
-            appendPoint(ops, wanted);
-            ops += "Tm[(";
-            resource = place.resource;
-            pen = wanted;
-        } else if (std::abs(gap) > hair) {
-            ops += ')';
-            appendNumber(ops, gap, 0);
-            ops += '(';
-            pen.setX(wanted.x());
-        }
-        ops += escaped(place.code);
-        pen.rx() += font.width(placed.glyph) * size / 1000;
+        strings.add(place, baseline + placed.place * scale, font.width(placed.glyph));
     }
-    end();
-    put(ops);
+    put(strings.end());
 }
 
 int PdfCanvas::addImage(const QImage& image)

@@ -2,13 +2,14 @@
 
 #include "file_text.h"
 #include "pdf_file.h"
+#include "pdf_path.h"
 #include "truetype_subset.h"
 
 #include <QFont>
+#include <QTransform>
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 #include <iterator>
 #include <set>
 #include <utility>
@@ -67,29 +68,15 @@ QByteArray box(const QRectF& upright)
     return text;
 }
 
-/// A path of a glyph, whose y grows downwards, as PDF's glyphs are, whose y grows upwards.
-class GlyphOps
+/// What draws a glyph; `shape` has y growing upwards. Parts of a glyph may overlap (the horn of “ơ” and the rest of
+/// it), and are filled all the same, whatever rule the shape comes with.
+QByteArray procedureOf(const QPainterPath& shape, double width)
 {
-public:
-    void move(QPointF point) { op({point}, "m\n"); }
-    void line(QPointF point) { op({point}, "l\n"); }
-    void curve(QPointF first, QPointF second, QPointF end) { op({first, second, end}, "c\n"); }
-    void close() { ops += "h\n"; }
-
     QByteArray ops;
-
-private:
-    void op(std::initializer_list<QPointF> points, const char* name)
-    {
-        for (const QPointF& point : points) {
-            appendNumber(ops, point.x(), 1);
-            ops += ' ';
-            appendNumber(ops, -point.y(), 1);
-            ops += ' ';
-        }
-        ops += name;
-    }
-};
+    appendNumber(ops, width, 0);
+    ops += " 0 " + box(shape.controlPointRect()) + "d1\n" + pathOps(shape, 1);
+    return shape.isEmpty() ? ops : ops + "f\n";
+}
 
 } // namespace
 
@@ -200,13 +187,20 @@ int PdfFont::writeTrueType(PdfFile& file, const QByteArray& outlines) const
                     PdfFile::reference(glyphs) + "]/ToUnicode " + PdfFile::reference(text) + ">>");
 }
 
-int PdfFont::writeDrawn(PdfFile& file, std::size_t first) const
+std::map<std::size_t, std::uint32_t> PdfFont::glyphsFrom(std::size_t first) const
 {
     std::map<std::size_t, std::uint32_t> byCode;
     for (const auto& [glyph, used] : used_) {
         if (used.number >= first && used.number < first + codesOfDrawn)
             byCode.emplace(used.number - first, glyph);
     }
+    return byCode;
+}
+
+int PdfFont::writeDrawn(PdfFile& file, std::size_t first) const
+{
+    const auto byCode = glyphsFrom(first);
+    const QTransform upright = QTransform::fromScale(1, -1);
     QByteArray procedures;
     QByteArray names;
     QByteArray widths;
@@ -214,18 +208,10 @@ int PdfFont::writeDrawn(PdfFile& file, std::size_t first) const
     std::vector<std::pair<std::uint32_t, QString>> letters;
     for (const auto& [code, glyph] : byCode) {
         const Used& used = used_.at(glyph);
-        const QPainterPath path = design_.pathForGlyph(glyph);
-        const QRectF bounds = path.controlPointRect();
-        const QRectF upright(bounds.left(), -bounds.bottom(), bounds.width(), bounds.height());
-        all |= upright;
-        GlyphOps ops;
-        appendNumber(ops.ops, used.width, 0);
-        ops.ops += " 0 " + box(upright) + "d1\n";
-        visitPath(path, ops);
-        if (!path.isEmpty())
-            ops.ops += path.fillRule() == Qt::WindingFill ? "f" : "f*";
+        const QPainterPath shape = upright.map(design_.pathForGlyph(glyph));
+        all |= shape.controlPointRect();
         const QByteArray name = "/g" + QByteArray::number(static_cast<qulonglong>(code));
-        procedures += name + ' ' + PdfFile::reference(file.addPacked({}, ops.ops));
+        procedures += name + ' ' + PdfFile::reference(file.addPacked({}, procedureOf(shape, used.width)));
         names += name;
         appendNumber(widths, used.width, 0);
         widths += ' ';

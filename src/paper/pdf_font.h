@@ -47,6 +47,8 @@ private:
 
     int writeTrueType(PdfFile& file, const QByteArray& outlines) const;
     int writeDrawn(PdfFile& file, std::size_t first) const;
+    /// Those of one drawn font, by their codes.
+    std::map<std::size_t, std::uint32_t> glyphsFrom(std::size_t first) const;
     QByteArray baseName() const;
     QByteArray widths() const;
 

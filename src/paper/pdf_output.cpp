@@ -32,7 +32,7 @@ void PdfOutput::end(std::size_t page)
 
 Outcome<QByteArray> PdfOutput::finish()
 {
-    if (marks_.assemblyPage && plan_.pages().size() > 1) {
+    if (hasAssembly(plan_, marks_)) {
         canvas_.beginPage(plan_.sheet().size);
         canvas_.beginArea({}, 1, std::nullopt);
         paintAssembly(painter_, plan_, picture_);

@@ -164,6 +164,11 @@ void paintMarks(QPainter& painter, const PosterPlan& plan, std::size_t page, con
     painter.restore();
 }
 
+bool hasAssembly(const PosterPlan& plan, const PosterMarks& marks)
+{
+    return marks.assemblyPage && plan.pages().size() > 1;
+}
+
 void paintAssembly(QPainter& painter, const PosterPlan& plan, const PaperPicture& picture)
 {
     const QRectF room = plan.pages().front().target;

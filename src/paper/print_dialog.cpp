@@ -21,7 +21,6 @@
 #include <algorithm>
 #include <initializer_list>
 #include <memory>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -113,11 +112,11 @@ protected:
             form().setRowVisible(mark, isPoster);
         auto plan = planOf(picture(), wished);
         if (plan.failed()) {
-            preview().showPages(std::nullopt);
+            preview().showAlone();
             return plan.failure();
         }
         const QString summary = summaryOf(plan.value());
-        preview().showPages(std::move(plan.value()));
+        preview().showPages(std::move(plan.value()), wished.marks, picture());
         return summary;
     }
 

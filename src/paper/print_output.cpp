@@ -72,7 +72,7 @@ void PrintOutput::end(std::size_t page)
 
 Outcome<QByteArray> PrintOutput::finish()
 {
-    if (isSound_ && marks_.assemblyPage && plan_.pages().size() > 1) {
+    if (isSound_ && hasAssembly(plan_, marks_)) {
         isSound_ = printer_->newPage();
         standOnPaper();
         paintAssembly(painter_, plan_, picture_);

@@ -189,6 +189,30 @@ TEST_F(PaperDialogs, ThePosterIsCountedWhileItIsChosen)
     EXPECT_THAT(summary(dialog).toStdString(), HasSubstr("One page."));
 }
 
+TEST_F(PaperDialogs, ThePreviewShowsWhatStandsOnTheSheetsBesideThePicture)
+{
+    family_.addRow(60);
+    family_.show();
+    QDialog& dialog = printing();
+    dialog.resize(1'400, 900);
+    const auto seen = [&] { return part<QWidget>(dialog, "paperPreview").grab().toImage(); };
+    part<QComboBox>(dialog, "posterSizing").setCurrentIndex(2);
+    part<QSpinBox>(dialog, "posterPages").setValue(2);
+    for (const char* const mark : {"cropMarks", "pageNumbers", "assemblyPage"}) {
+        auto& box = part<QCheckBox>(dialog, mark);
+        box.setChecked(true);
+        const QImage with = seen();
+        box.setChecked(false);
+        EXPECT_NE(seen(), with) << mark;
+        EXPECT_EQ(seen(), seen()) << mark;
+    }
+    part<QComboBox>(dialog, "posterSizing").setCurrentIndex(0);
+    const QImage alone = seen();
+    part<QCheckBox>(dialog, "cropMarks").setChecked(true);
+    part<QCheckBox>(dialog, "assemblyPage").setChecked(true);
+    EXPECT_EQ(seen(), alone) << "a single page has nothing to be put together with";
+}
+
 TEST_F(PaperDialogs, APosterCanBeSavedInsteadOfPrinted)
 {
     family_.addRow(60);

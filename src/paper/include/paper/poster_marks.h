@@ -29,6 +29,9 @@ QString columnName(int column);
 /// Draws the marks of one sheet into its margins, in points of paper; `page` counts from 0. Nothing on a single sheet.
 void paintMarks(QPainter& painter, const PosterPlan& plan, std::size_t page, const PosterMarks& marks);
 
+/// Whether a sheet that shows how the others lie comes after them.
+bool hasAssembly(const PosterPlan& plan, const PosterMarks& marks);
+
 /// Draws how the sheets lie beside one another, and what is to be done with them, on a sheet of the plan.
 void paintAssembly(QPainter& painter, const PosterPlan& plan, const PaperPicture& picture);
 
