@@ -130,6 +130,10 @@
         <source>Checks</source>
         <translation>Prüfungen</translation>
     </message>
+    <message>
+        <source>Looking for contradictions…</source>
+        <translation>Widersprüche werden gesucht …</translation>
+    </message>
 </context>
 <context>
     <name>Closing</name>
@@ -626,6 +630,46 @@
     <message>
         <source>Born %1, less than nine months after the sibling %2 (born %3)</source>
         <translation>Geboren %1, weniger als neun Monate nach dem Geschwister %2 (geboren %3)</translation>
+    </message>
+    <message>
+        <source>Born %1, before the mother %2 (born %3)</source>
+        <translation>Geboren %1, vor der Mutter %2 (geboren %3)</translation>
+    </message>
+    <message>
+        <source>Born %1, before the father %2 (born %3)</source>
+        <translation>Geboren %1, vor dem Vater %2 (geboren %3)</translation>
+    </message>
+    <message>
+        <source>Born %1, when the mother %2 (born %3) was under 12</source>
+        <translation>Geboren %1, als die Mutter %2 (geboren %3) unter 12 war</translation>
+    </message>
+    <message>
+        <source>Born %1, when the father %2 (born %3) was under 12</source>
+        <translation>Geboren %1, als der Vater %2 (geboren %3) unter 12 war</translation>
+    </message>
+    <message>
+        <source>Born %1, when the mother %2 (born %3) was over 80</source>
+        <translation>Geboren %1, als die Mutter %2 (geboren %3) über 80 war</translation>
+    </message>
+    <message>
+        <source>Born %1, when the father %2 (born %3) was over 80</source>
+        <translation>Geboren %1, als der Vater %2 (geboren %3) über 80 war</translation>
+    </message>
+    <message>
+        <source>Born %1, after the death of the mother %2 (died %3)</source>
+        <translation>Geboren %1, nach dem Tod der Mutter %2 (gestorben %3)</translation>
+    </message>
+    <message>
+        <source>Born %1, more than a year after the death of the father %2 (died %3)</source>
+        <translation>Geboren %1, über ein Jahr nach dem Tod des Vaters %2 (gestorben %3)</translation>
+    </message>
+    <message>
+        <source>Born %1, less than nine months after the sister %2 (born %3)</source>
+        <translation>Geboren %1, weniger als neun Monate nach der Schwester %2 (geboren %3)</translation>
+    </message>
+    <message>
+        <source>Born %1, less than nine months after the brother %2 (born %3)</source>
+        <translation>Geboren %1, weniger als neun Monate nach dem Bruder %2 (geboren %3)</translation>
     </message>
 </context>
 <context>
@@ -1137,7 +1181,7 @@
     <message>
         <source>%1 cousin once removed</source>
         <comment>of a younger generation</comment>
-        <translation>Tante oder Onkel %1. Grades</translation>
+        <translation>Nichte oder Neffe %1. Grades</translation>
     </message>
     <message>
         <source>%1 cousin twice removed</source>
@@ -1147,7 +1191,7 @@
     <message>
         <source>%1 cousin twice removed</source>
         <comment>of a younger generation</comment>
-        <translation>Großtante oder Großonkel %1. Grades</translation>
+        <translation>Großnichte oder Großneffe %1. Grades</translation>
     </message>
     <message>
         <source>%1 cousin three times removed</source>
@@ -1157,7 +1201,7 @@
     <message>
         <source>%1 cousin three times removed</source>
         <comment>of a younger generation</comment>
-        <translation>Urgroßtante oder Urgroßonkel %1. Grades</translation>
+        <translation>Urgroßnichte oder Urgroßneffe %1. Grades</translation>
     </message>
     <message>
         <source>%1 cousin %2 times removed</source>
@@ -1167,7 +1211,7 @@
     <message>
         <source>%1 cousin %2 times removed</source>
         <comment>of a younger generation</comment>
-        <translation>Tante oder Onkel %1. Grades, %2 Generationen höher</translation>
+        <translation>Nichte oder Neffe %1. Grades, %2 Generationen tiefer</translation>
     </message>
     <message>
         <source>%1 cousin</source>
@@ -1233,6 +1277,336 @@
     <message>
         <source>step-sibling</source>
         <translation>Stiefgeschwister</translation>
+    </message>
+    <message>
+        <source>mother</source>
+        <translation>Mutter</translation>
+    </message>
+    <message>
+        <source>father</source>
+        <translation>Vater</translation>
+    </message>
+    <message>
+        <source>grandmother</source>
+        <translation>Großmutter</translation>
+    </message>
+    <message>
+        <source>grandfather</source>
+        <translation>Großvater</translation>
+    </message>
+    <message>
+        <source>great-grandmother</source>
+        <translation>Urgroßmutter</translation>
+    </message>
+    <message>
+        <source>great-grandfather</source>
+        <translation>Urgroßvater</translation>
+    </message>
+    <message>
+        <source>great-great-grandmother</source>
+        <translation>Ururgroßmutter</translation>
+    </message>
+    <message>
+        <source>great-great-grandfather</source>
+        <translation>Ururgroßvater</translation>
+    </message>
+    <message>
+        <source>%1 great-grandmother</source>
+        <translation>%1-fach-Urgroßmutter</translation>
+    </message>
+    <message>
+        <source>%1 great-grandfather</source>
+        <translation>%1-fach-Urgroßvater</translation>
+    </message>
+    <message>
+        <source>daughter</source>
+        <translation>Tochter</translation>
+    </message>
+    <message>
+        <source>son</source>
+        <translation>Sohn</translation>
+    </message>
+    <message>
+        <source>granddaughter</source>
+        <translation>Enkelin</translation>
+    </message>
+    <message>
+        <source>grandson</source>
+        <translation>Enkel</translation>
+    </message>
+    <message>
+        <source>great-granddaughter</source>
+        <translation>Urenkelin</translation>
+    </message>
+    <message>
+        <source>great-grandson</source>
+        <translation>Urenkel</translation>
+    </message>
+    <message>
+        <source>great-great-granddaughter</source>
+        <translation>Ururenkelin</translation>
+    </message>
+    <message>
+        <source>great-great-grandson</source>
+        <translation>Ururenkel</translation>
+    </message>
+    <message>
+        <source>%1 great-granddaughter</source>
+        <translation>%1-fach-Urenkelin</translation>
+    </message>
+    <message>
+        <source>%1 great-grandson</source>
+        <translation>%1-fach-Urenkel</translation>
+    </message>
+    <message>
+        <source>aunt</source>
+        <translation>Tante</translation>
+    </message>
+    <message>
+        <source>uncle</source>
+        <translation>Onkel</translation>
+    </message>
+    <message>
+        <source>great-aunt</source>
+        <translation>Großtante</translation>
+    </message>
+    <message>
+        <source>great-uncle</source>
+        <translation>Großonkel</translation>
+    </message>
+    <message>
+        <source>great-great-aunt</source>
+        <translation>Urgroßtante</translation>
+    </message>
+    <message>
+        <source>great-great-uncle</source>
+        <translation>Urgroßonkel</translation>
+    </message>
+    <message>
+        <source>%1 great-aunt</source>
+        <translation>%1-fach-Großtante</translation>
+    </message>
+    <message>
+        <source>%1 great-uncle</source>
+        <translation>%1-fach-Großonkel</translation>
+    </message>
+    <message>
+        <source>niece</source>
+        <translation>Nichte</translation>
+    </message>
+    <message>
+        <source>nephew</source>
+        <translation>Neffe</translation>
+    </message>
+    <message>
+        <source>great-niece</source>
+        <translation>Großnichte</translation>
+    </message>
+    <message>
+        <source>great-nephew</source>
+        <translation>Großneffe</translation>
+    </message>
+    <message>
+        <source>great-great-niece</source>
+        <translation>Urgroßnichte</translation>
+    </message>
+    <message>
+        <source>great-great-nephew</source>
+        <translation>Urgroßneffe</translation>
+    </message>
+    <message>
+        <source>%1 great-niece</source>
+        <translation>%1-fach-Großnichte</translation>
+    </message>
+    <message>
+        <source>%1 great-nephew</source>
+        <translation>%1-fach-Großneffe</translation>
+    </message>
+    <message>
+        <source>%1 cousin</source>
+        <comment>a woman</comment>
+        <translation>Cousine %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin</source>
+        <comment>a man</comment>
+        <translation>Cousin %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin once removed</source>
+        <comment>a woman of an older generation</comment>
+        <translation>Tante %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin once removed</source>
+        <comment>a man of an older generation</comment>
+        <translation>Onkel %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin twice removed</source>
+        <comment>a woman of an older generation</comment>
+        <translation>Großtante %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin twice removed</source>
+        <comment>a man of an older generation</comment>
+        <translation>Großonkel %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin three times removed</source>
+        <comment>a woman of an older generation</comment>
+        <translation>Urgroßtante %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin three times removed</source>
+        <comment>a man of an older generation</comment>
+        <translation>Urgroßonkel %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin %2 times removed</source>
+        <comment>a woman of an older generation</comment>
+        <translation>Tante %1. Grades, %2 Generationen höher</translation>
+    </message>
+    <message>
+        <source>%1 cousin %2 times removed</source>
+        <comment>a man of an older generation</comment>
+        <translation>Onkel %1. Grades, %2 Generationen höher</translation>
+    </message>
+    <message>
+        <source>%1 cousin once removed</source>
+        <comment>a woman of a younger generation</comment>
+        <translation>Nichte %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin once removed</source>
+        <comment>a man of a younger generation</comment>
+        <translation>Neffe %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin twice removed</source>
+        <comment>a woman of a younger generation</comment>
+        <translation>Großnichte %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin twice removed</source>
+        <comment>a man of a younger generation</comment>
+        <translation>Großneffe %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin three times removed</source>
+        <comment>a woman of a younger generation</comment>
+        <translation>Urgroßnichte %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin three times removed</source>
+        <comment>a man of a younger generation</comment>
+        <translation>Urgroßneffe %1. Grades</translation>
+    </message>
+    <message>
+        <source>%1 cousin %2 times removed</source>
+        <comment>a woman of a younger generation</comment>
+        <translation>Nichte %1. Grades, %2 Generationen tiefer</translation>
+    </message>
+    <message>
+        <source>%1 cousin %2 times removed</source>
+        <comment>a man of a younger generation</comment>
+        <translation>Neffe %1. Grades, %2 Generationen tiefer</translation>
+    </message>
+    <message>
+        <source>sister</source>
+        <translation>Schwester</translation>
+    </message>
+    <message>
+        <source>brother</source>
+        <translation>Bruder</translation>
+    </message>
+    <message>
+        <source>half-sister</source>
+        <translation>Halbschwester</translation>
+    </message>
+    <message>
+        <source>half-brother</source>
+        <translation>Halbbruder</translation>
+    </message>
+    <message>
+        <source>wife</source>
+        <translation>Ehefrau</translation>
+    </message>
+    <message>
+        <source>husband</source>
+        <translation>Ehemann</translation>
+    </message>
+    <message>
+        <source>mother-in-law</source>
+        <translation>Schwiegermutter</translation>
+    </message>
+    <message>
+        <source>father-in-law</source>
+        <translation>Schwiegervater</translation>
+    </message>
+    <message>
+        <source>daughter-in-law</source>
+        <translation>Schwiegertochter</translation>
+    </message>
+    <message>
+        <source>son-in-law</source>
+        <translation>Schwiegersohn</translation>
+    </message>
+    <message>
+        <source>sister-in-law</source>
+        <translation>Schwägerin</translation>
+    </message>
+    <message>
+        <source>brother-in-law</source>
+        <translation>Schwager</translation>
+    </message>
+    <message>
+        <source>stepmother</source>
+        <translation>Stiefmutter</translation>
+    </message>
+    <message>
+        <source>stepfather</source>
+        <translation>Stiefvater</translation>
+    </message>
+    <message>
+        <source>stepdaughter</source>
+        <translation>Stieftochter</translation>
+    </message>
+    <message>
+        <source>stepson</source>
+        <translation>Stiefsohn</translation>
+    </message>
+    <message>
+        <source>stepsister</source>
+        <translation>Stiefschwester</translation>
+    </message>
+    <message>
+        <source>stepbrother</source>
+        <translation>Stiefbruder</translation>
+    </message>
+    <message>
+        <source>%1 of the wife</source>
+        <translation>%1 der Ehefrau</translation>
+    </message>
+    <message>
+        <source>%1 of the husband</source>
+        <translation>%1 des Ehemanns</translation>
+    </message>
+    <message>
+        <source>wife of a %1</source>
+        <translation>Ehefrau von %1</translation>
+    </message>
+    <message>
+        <source>husband of a %1</source>
+        <translation>Ehemann von %1</translation>
+    </message>
+    <message>
+        <source>wife of an %1</source>
+        <translation>Ehefrau von %1</translation>
+    </message>
+    <message>
+        <source>husband of an %1</source>
+        <translation>Ehemann von %1</translation>
     </message>
 </context>
 <context>
@@ -1739,10 +2113,6 @@
 </context>
 <context>
     <name>RelationshipWords</name>
-    <message>
-        <source>partner</source>
-        <translation>Partner oder Partnerin</translation>
-    </message>
     <message>
         <source>%1 and %2 are not connected in this family</source>
         <translation>%1 und %2 sind in dieser Familie nicht verbunden</translation>
@@ -2727,6 +3097,21 @@
     <message>
         <source>Link Child</source>
         <translation>Kind verbinden</translation>
+    </message>
+    <message>
+        <source>Highlighted</source>
+        <translation>Hervorgehoben</translation>
+    </message>
+    <message>
+        <source>Dimmed</source>
+        <translation>Abgeblendet</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n person(s) highlighted, everybody else dimmed</source>
+        <translation>
+            <numerusform>%n Person hervorgehoben, alle anderen abgeblendet</numerusform>
+            <numerusform>%n Personen hervorgehoben, alle anderen abgeblendet</numerusform>
+        </translation>
     </message>
 </context>
 <context>

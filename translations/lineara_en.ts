@@ -78,4 +78,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>TreeView</name>
+    <message numerus="yes">
+        <source>%n person(s) highlighted, everybody else dimmed</source>
+        <translation>
+            <numerusform>%n person highlighted, everybody else dimmed</numerusform>
+            <numerusform>%n persons highlighted, everybody else dimmed</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

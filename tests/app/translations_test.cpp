@@ -7,6 +7,7 @@
 #include "contact_mail.h"
 #include "document/document_window.h"
 #include "hand.h"
+#include "kin_words.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -76,6 +77,30 @@ TEST(Translations, TheFirstLanguageThatTheProgramSpeaksIsSpoken)
     EXPECT_EQ(spoken(QStringLiteral("fr-FR de")), QStringLiteral("de"));
     EXPECT_EQ(spoken(QStringLiteral("fr")), QStringLiteral("en"));
     EXPECT_EQ(spokenLanguage({}), QStringLiteral("en"));
+}
+
+TEST(Translations, RelationshipsAreToldInGermanAsGermanTellsThem)
+{
+    using kinship::Sex;
+    const German german;
+    const auto words = [](std::uint32_t up, std::uint32_t down, Sex sex) {
+        return bloodWords({up, down, kinship::Shared::BothParents, {}}, sex);
+    };
+    EXPECT_EQ(words(3, 0, Sex::Female), QStringLiteral("Urgroßmutter"));
+    EXPECT_EQ(words(5, 0, Sex::Male), QStringLiteral("3-fach-Urgroßvater"));
+    EXPECT_EQ(words(1, 0, Sex::Unknown), QStringLiteral("Elternteil"));
+    EXPECT_EQ(words(1, 1, Sex::Female), QStringLiteral("Schwester"));
+    EXPECT_EQ(words(2, 1, Sex::Male), QStringLiteral("Onkel"));
+    EXPECT_EQ(words(2, 2, Sex::Female), QStringLiteral("Cousine 1. Grades"));
+    EXPECT_EQ(words(3, 3, Sex::Male), QStringLiteral("Cousin 2. Grades"));
+    EXPECT_EQ(words(2, 2, Sex::Unknown), QStringLiteral("Cousine oder Cousin 1. Grades"));
+    EXPECT_EQ(words(3, 2, Sex::Male), QStringLiteral("Onkel 2. Grades")) << "a cousin of a parent";
+    EXPECT_EQ(words(2, 3, Sex::Female), QStringLiteral("Nichte 2. Grades")) << "a cousin's child";
+    EXPECT_EQ(words(2, 3, Sex::Unknown), QStringLiteral("Nichte oder Neffe 2. Grades"));
+    EXPECT_EQ(words(2, 4, Sex::Male), QStringLiteral("Großneffe 2. Grades"));
+    const kinship::InLaw sibling{kinship::Marriage::OfFirst, {1, 1, kinship::Shared::BothParents, {}}};
+    EXPECT_EQ(inLawWords(sibling, Sex::Male, Sex::Female), QStringLiteral("Schwager"));
+    EXPECT_EQ(partnerWords(Sex::Female), QStringLiteral("Ehefrau"));
 }
 
 TEST(Translations, EveryMenuHasLettersOfItsOwn)
