@@ -1,9 +1,7 @@
 #include "branch_moves.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <limits>
 
 namespace lineara::layout {
 
@@ -12,77 +10,19 @@ namespace {
 /// What a place of horizontal line counts beside a crossing.
 constexpr double costOfLength = 0.1;
 
-struct OwnedLine
-{
-    BlockIndex owner = 0;
-    std::uint32_t line = 0;
-};
-
-Lists<std::uint32_t> linesOfBlocks(const Chart& chart)
-{
-    std::vector<OwnedLine> owned;
-    for (std::uint32_t line = 0; line < chart.lines.size(); ++line) {
-        std::array ends{chart.lines[line].firstParent.block, chart.lines[line].secondParent.block,
-                        chart.lines[line].child.block};
-        std::ranges::sort(ends);
-        for (auto end = ends.begin(); end != std::unique(ends.begin(), ends.end()); ++end)
-            owned.push_back({*end, line});
-    }
-    return sortIntoLists(chart.blocks(), owned, &OwnedLine::line);
-}
-
-/// How many of the pieces the one from `from` to `to` crosses. Written for the compiler to take several at once.
-std::int64_t crossed(std::span<const float> upper, std::span<const float> lower, float from, float to)
-{
-    const float* const above = upper.data();
-    const float* const below = lower.data();
-    const std::size_t count = upper.size();
-    std::int32_t crossings = 0;
-    for (std::size_t piece = 0; piece < count; ++piece)
-        crossings += (above[piece] - from) * (below[piece] - to) < 0.0F ? 1 : 0;
-    return crossings;
-}
-
 } // namespace
 
-BranchMoves::BranchMoves(const Chart& chart, const FamilyTree& tree)
-    : chart_(chart), tree_(tree), placement_(chart), linesOf_(linesOfBlocks(chart)), chosenIn_(chart.blocks(), 0),
-      liftedIn_(chart.lines.size(), 0), hasMoved_(chart.rows, false)
+BranchMoves::BranchMoves(const Chart& chart, const FamilyTree& tree, double costOfDisorder)
+    : chart_(chart), tree_(tree), costOfDisorder_(costOfDisorder), placement_(chart), drawn_(chart),
+      chosenIn_(chart.blocks(), 0), liftedIn_(chart.lines.size(), 0), hasMoved_(chart.rows, false)
 {
     placement_.easeBeyond(1);
-    numberPieces();
-}
-
-void BranchMoves::numberPieces()
-{
-    std::vector<bool> counts(chart_.lines.size(), false);
-    for (std::uint32_t row = 0; row < chart_.rows; ++row)
-        for (const std::uint32_t line : chart_.linesBelow[row])
-            counts[line] = true;
-    std::uint32_t pieces = 0;
-    for (std::uint32_t line = 0; line < chart_.lines.size(); ++line) {
-        const std::uint32_t top = chart_.topOf(chart_.lines[line]);
-        const std::uint32_t bottom = counts[line] ? chart_.bottomOf(chart_.lines[line]) : top;
-        pieces_.push_back({top, bottom, pieces});
-        pieces += bottom - top;
-    }
-    standsAt_.resize(pieces);
-    upper_.resize(pieces);
-    lower_.resize(pieces);
-    std::uint32_t next = 0;
-    for (std::uint32_t row = 0; row < chart_.rows; ++row) {
-        rowBegins_.push_back(next);
-        for (const std::uint32_t line : chart_.linesBelow[row])
-            standsAt_[pieces_[line].first + row - pieces_[line].top] = next++;
-    }
-    rowBegins_.push_back(next);
 }
 
 void BranchMoves::goOver(Arrangement& arrangement, std::size_t largest, bool downwards)
 {
     arrangement_ = &arrangement;
-    for (std::uint32_t line = 0; line < pieces_.size(); ++line)
-        drawLine(line);
+    drawn_.drawAll(arrangement);
     for (std::uint32_t row = 0; row < chart_.rows; ++row)
         tryRow(downwards ? row : chart_.rows - 1 - row, largest);
 }
@@ -96,7 +36,7 @@ void BranchMoves::tryRow(std::uint32_t row, std::size_t largest)
     std::ranges::sort(standing_);
     blocksOfRow_.assign(blocks.begin(), blocks.end());
     for (const BlockIndex block : blocksOfRow_) {
-        if (linesOf_[block].empty())
+        if (drawn_.of(block).empty())
             continue;
         chooseBranch(block, largest);
         tryBranch(block);
@@ -155,32 +95,19 @@ void BranchMoves::liftLines()
 {
     lines_.clear();
     for (const BlockIndex block : chosen_)
-        for (const std::uint32_t line : linesOf_[block]) {
+        for (const std::uint32_t line : drawn_.of(block)) {
             if (liftedIn_[line] == choice_)
                 continue;
             liftedIn_[line] = choice_;
             lines_.push_back(line);
-            const Pieces& pieces = pieces_[line];
-            for (std::uint32_t piece = 0; piece < pieces.bottom - pieces.top; ++piece)
-                upper_[standsAt_[pieces.first + piece]] = std::numeric_limits<float>::quiet_NaN();
+            drawn_.lift(line);
         }
 }
 
 void BranchMoves::lowerLines()
 {
     for (const std::uint32_t line : lines_)
-        drawLine(line);
-}
-
-void BranchMoves::drawLine(std::uint32_t line)
-{
-    const Pieces& pieces = pieces_[line];
-    const StraightLine drawn(chart_, *arrangement_, chart_.lines[line]);
-    for (std::uint32_t row = pieces.top; row < pieces.bottom; ++row) {
-        const std::uint32_t at = standsAt_[pieces.first + row - pieces.top];
-        upper_[at] = static_cast<float>(drawn.placeIn(row));
-        lower_[at] = static_cast<float>(drawn.placeIn(row + 1));
-    }
+        drawn_.draw(*arrangement_, line);
 }
 
 /// Where the leader would stand if one of the lines that lead out of the branch were upright, or all upwards or
@@ -204,13 +131,19 @@ void BranchMoves::findTargets()
         pull.weight += 1;
         pull.ends += target;
     }
+    constexpr double justPast = 1e-3;
+    for (const auto& [elder, younger] : chart_.siblingPairs[chosen_.front()]) {
+        if (elder.block == chosen_.front())
+            targets_.push_back(arrangement_->middleOf(chart_, younger.block) - justPast);
+        else
+            targets_.push_back(arrangement_->middleOf(chart_, elder.block) + justPast);
+    }
     if (up.weight > 1)
         targets_.push_back(up.end());
     if (down.weight > 1)
         targets_.push_back(down.end());
     if (up.weight > 0 && down.weight > 0)
         targets_.push_back((up.ends + down.ends) / (up.weight + down.weight));
-    constexpr double justPast = 1e-3;
     for (const std::size_t step : {std::size_t{2}, std::size_t{1}}) {
         if (leadersSlot_ >= step)
             targets_.push_back(standing_[leadersSlot_ - step].first - justPast);
@@ -241,24 +174,22 @@ double BranchMoves::costOf(const Move& move) const
         const double from = (placeAfter(move, ends.firstParent) + placeAfter(move, ends.secondParent)) / 2;
         const double to = placeAfter(move, ends.child);
         length += std::abs(from - to);
-        crossings += crossingsOf(line, static_cast<float>(from), static_cast<float>(to));
+        crossings += drawn_.crossingsOf(line, static_cast<float>(from), static_cast<float>(to));
     }
-    return static_cast<double>(crossings) + costOfLength * length;
+    return static_cast<double>(crossings) + costOfLength * length + costOfDisorder_ * disorderAfter(move);
 }
 
-std::int64_t BranchMoves::crossingsOf(std::uint32_t line, float from, float to) const
+/// How many pairs of siblings, one of them in the branch at least, stand in the wrong order.
+double BranchMoves::disorderAfter(const Move& move) const
 {
-    const Pieces& pieces = pieces_[line];
-    const float rise = (to - from) / static_cast<float>(pieces.bottom - pieces.top);
-    std::int64_t crossings = 0;
-    for (std::uint32_t row = pieces.top; row < pieces.bottom; ++row) {
-        const std::size_t begin = rowBegins_[row];
-        const std::size_t count = rowBegins_[row + 1] - begin;
-        const float upper = from + rise * static_cast<float>(row - pieces.top);
-        const float lower = row + 1 == pieces.bottom ? to : upper + rise;
-        crossings += crossed({upper_.data() + begin, count}, {lower_.data() + begin, count}, upper, lower);
-    }
-    return crossings;
+    double disorder = 0;
+    for (const BlockIndex block : chosen_)
+        for (const auto& [elder, younger] : chart_.siblingPairs[block]) {
+            if (block == younger.block && isChosen(elder.block))
+                continue;
+            disorder += placeAfter(move, elder) > placeAfter(move, younger) ? 1 : 0;
+        }
+    return disorder;
 }
 
 double BranchMoves::placeAfter(const Move& move, const Anchor& anchor) const
@@ -306,8 +237,8 @@ void BranchMoves::settleMovedRows()
         std::ranges::stable_sort(blocks, {}, [&](BlockIndex block) { return arrangement_->middleOf(chart_, block); });
         placement_.pullRow(*arrangement_, row, 0.2);
         for (const BlockIndex block : blocks)
-            for (const std::uint32_t line : linesOf_[block])
-                drawLine(line);
+            for (const std::uint32_t line : drawn_.of(block))
+                drawn_.draw(*arrangement_, line);
     }
     movedRows_.clear();
 }

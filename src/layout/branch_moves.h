@@ -1,6 +1,7 @@
 #pragma once
 
 #include "arrangement.h"
+#include "drawn_lines.h"
 #include "family_walk.h"
 #include "placement.h"
 
@@ -16,22 +17,15 @@ namespace lineara::layout {
 class BranchMoves
 {
 public:
-    /// Both must outlive the moves.
-    BranchMoves(const Chart& chart, const FamilyTree& tree);
+    /// Both must outlive the moves. `costOfDisorder` is what a pair of siblings in the wrong order counts beside a
+    /// crossing.
+    BranchMoves(const Chart& chart, const FamilyTree& tree, double costOfDisorder);
 
     /// Tries, row by row, for every block with its branch of the tree some places near its relatives and its
     /// neighbours, and takes the best. A branch of more than `largest` blocks is left to move block by block.
     void goOver(Arrangement& arrangement, std::size_t largest, bool downwards);
 
 private:
-    /// The pieces of a line: `first` is the number of the one that leads on from row `top`.
-    struct Pieces
-    {
-        std::uint32_t top = 0;
-        std::uint32_t bottom = 0;
-        std::uint32_t first = 0;
-    };
-
     /// A move of the chosen branch: mirrored about the middle of its first block if wanted, then shifted.
     struct Move
     {
@@ -39,17 +33,15 @@ private:
         bool mirror = false;
     };
 
-    void numberPieces();
     void tryRow(std::uint32_t row, std::size_t largest);
     void tryBranch(BlockIndex block);
     void chooseBranch(BlockIndex block, std::size_t largest);
     void liftLines();
     void lowerLines();
-    void drawLine(std::uint32_t line);
     void findTargets();
     double placeBetween(std::size_t slot, double target) const;
     double costOf(const Move& move) const;
-    std::int64_t crossingsOf(std::uint32_t line, float from, float to) const;
+    double disorderAfter(const Move& move) const;
     double placeAfter(const Move& move, const Anchor& anchor) const;
     void carryOut(const Move& move);
     void settleMovedRows();
@@ -57,15 +49,10 @@ private:
 
     const Chart& chart_;
     const FamilyTree& tree_;
+    double costOfDisorder_;
     Placement placement_;
     Arrangement* arrangement_ = nullptr;
-    Lists<std::uint32_t> linesOf_;
-    std::vector<Pieces> pieces_;
-    /// Where the pieces stand in `upper_` and `lower_`, which hold all pieces of a row together; NaN while lifted.
-    std::vector<std::uint32_t> standsAt_;
-    std::vector<std::uint32_t> rowBegins_;
-    std::vector<float> upper_;
-    std::vector<float> lower_;
+    DrawnLines drawn_;
     /// The chosen blocks, the first of which leads, and all lines that end at one of them.
     std::vector<BlockIndex> chosen_;
     std::vector<std::uint32_t> lines_;

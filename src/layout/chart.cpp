@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
+#include <utility>
 
 namespace lineara::layout {
 
@@ -19,6 +21,19 @@ struct LineInRow
 {
     std::uint32_t owner = 0;
     std::uint32_t line = 0;
+};
+
+struct ChildOfCouple
+{
+    PersonIndex otherParent = 0;
+    engine::Generation row = 0;
+    PersonIndex child = 0;
+};
+
+struct OwnedPair
+{
+    BlockIndex owner = 0;
+    SiblingPair pair;
 };
 
 /// Collects springs between blocks of different rows for either end.
@@ -71,6 +86,15 @@ std::size_t longestAffordable(std::vector<std::size_t> lengths, std::size_t piec
     return longest;
 }
 
+/// A pair is worth a crossing, and more where blocks hang together by many ways, as lines cross often there anyway.
+double costOfDisorderIn(const Chart& chart)
+{
+    constexpr double perCircle = 30;
+    const auto blocks = static_cast<double>(chart.blocks());
+    const double circles = 1 + static_cast<double>(chart.springsUp.items()) - blocks;
+    return 1 + perCircle * std::max(0.0, circles / blocks);
+}
+
 } // namespace
 
 int passes(const Chart& chart, int most, int least)
@@ -97,6 +121,10 @@ Chart ChartBuilder::build(std::span<const PersonIndex> persons)
     listLinesBelow(chart);
     listRelatives(chart);
     tieSprings(chart);
+    if (!birthYears_.empty())
+        listSibships(chart);
+    pairSiblings(chart);
+    chart.costOfDisorder = costOfDisorderIn(chart);
     return chart;
 }
 
@@ -203,6 +231,71 @@ void ChartBuilder::tieSprings(Chart& chart) const
                 if (blockOf_[partner] > block)
                     springs.tie(anchorOf(member), anchorOf(partner), 1);
     springs.giveTo(chart);
+}
+
+void ChartBuilder::listSibships(Chart& chart) const
+{
+    std::vector<ChildOfCouple> children;
+    std::vector<PersonIndex> sibship;
+    const auto couple = [](const ChildOfCouple& child) { return std::pair(child.otherParent, child.row); };
+    for (BlockIndex block = 0; block < chart.blocks(); ++block)
+        for (const PersonIndex parent : chart.members[block]) {
+            children.clear();
+            for (const PersonIndex child : family_.children[parent]) {
+                // Each couple is met at both partners, and taken at one of them.
+                if (const auto parents = family_.parents[child];
+                    !parents.empty() && std::ranges::min(parents) == parent)
+                    children.push_back({std::ranges::max(parents), rows_[child], child});
+            }
+            std::ranges::stable_sort(children, {}, couple);
+            for (auto first = children.begin(); first != children.end();) {
+                sibship.clear();
+                for (const auto key = couple(*first); first != children.end() && couple(*first) == key; ++first)
+                    sibship.push_back(first->child);
+                addSibship(chart, sibship);
+            }
+        }
+}
+
+void ChartBuilder::addSibship(Chart& chart, std::span<const PersonIndex> children) const
+{
+    std::vector<Sibling> sibship;
+    for (const PersonIndex child : children)
+        sibship.push_back({anchorOf(child), birthYears_[child]});
+    const auto blockOf = [](const Sibling& sibling) { return sibling.place.block; };
+    std::ranges::stable_sort(sibship, {}, blockOf);
+    sibship.erase(std::ranges::unique(sibship, {}, blockOf).begin(), sibship.end());
+    const auto known = std::ranges::count_if(sibship, [](const Sibling& one) { return one.bornIn != unknownYear; });
+    if (known < 2)
+        return;
+    for (const Sibling& sibling : sibship)
+        chart.sibships.append(sibling);
+    chart.sibships.endList();
+}
+
+void ChartBuilder::pairSiblings(Chart& chart) const
+{
+    std::vector<OwnedPair> pairs;
+    const auto pair = [&](const Sibling& elder, const Sibling& younger) {
+        for (const BlockIndex owner : {elder.place.block, younger.place.block})
+            pairs.push_back({owner, {elder.place, younger.place}});
+    };
+    std::vector<Sibling> byYear;
+    for (std::size_t sibship = 0; sibship < chart.sibships.lists(); ++sibship) {
+        const auto siblings = chart.sibships[sibship];
+        byYear.assign(siblings.begin(), siblings.end());
+        std::erase_if(byYear, [](const Sibling& sibling) { return sibling.bornIn == unknownYear; });
+        std::ranges::stable_sort(byYear, {}, &Sibling::bornIn);
+        for (const Sibling& sibling : byYear) {
+            const auto sameYear = std::ranges::equal_range(byYear, sibling.bornIn, {}, &Sibling::bornIn);
+            if (sameYear.end() != byYear.end())
+                pair(sibling, *sameYear.end());
+            // The first of a year has its elder one from the line above.
+            if (sameYear.begin() != byYear.begin() && &*sameYear.begin() != &sibling)
+                pair(*std::prev(sameYear.begin()), sibling);
+        }
+    }
+    chart.siblingPairs = sortIntoLists(chart.blocks(), pairs, &OwnedPair::pair);
 }
 
 } // namespace lineara::layout

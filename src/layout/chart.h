@@ -45,6 +45,21 @@ struct ChildLine
     Anchor child;
 };
 
+/// One of several brothers and sisters.
+struct Sibling
+{
+    Anchor place;
+    /// `unknownYear` where it is not known.
+    std::int32_t bornIn = unknownYear;
+};
+
+/// Two brothers or sisters born in different years, between which nobody else of theirs was born.
+struct SiblingPair
+{
+    Anchor elder;
+    Anchor younger;
+};
+
 /// One connected family in rows, ready to be ordered and placed. Lengths are in places: one place is one pitch.
 ///
 /// Persons of one row who are partners, directly or through further partners, form a block: they stand shoulder to
@@ -63,10 +78,19 @@ struct Chart
     /// The springs of each block to blocks in rows above it, and to blocks in rows below it.
     Lists<Spring> springsUp;
     Lists<Spring> springsDown;
+    /// Children of one couple, or of one parent, who stand in one row, each in a block of its own: those of which the
+    /// years of two are known at least.
+    Lists<Sibling> sibships;
+    /// So many of their pairs that all are in order where these are: once with the block of the elder and once with
+    /// that of the younger.
+    Lists<SiblingPair> siblingPairs;
     std::vector<ChildLine> lines;
     /// For each row the lines that lead on from it into the next, whether they start there or pass it. Left out are
     /// lines that lead nowhere down, and the longest where lines would pass more than a few rows each on average.
     Lists<std::uint32_t> linesBelow;
+
+    /// What a pair of siblings in the wrong order counts beside a crossing.
+    double costOfDisorder = 0;
 
     std::size_t blocks() const { return rowOf.size(); }
     double width(BlockIndex block) const { return static_cast<double>(members[block].size()); }
@@ -104,6 +128,9 @@ private:
     void listLinesBelow(Chart& chart) const;
     void listRelatives(Chart& chart) const;
     void tieSprings(Chart& chart) const;
+    void listSibships(Chart& chart) const;
+    void pairSiblings(Chart& chart) const;
+    void addSibship(Chart& chart, std::span<const engine::PersonIndex> children) const;
     Anchor anchorOf(engine::PersonIndex person) const { return {blockOf_[person], offsetOf_[person]}; }
 
     const engine::FamilyGraph& family_;

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <limits>
 #include <ranges>
+#include <tuple>
 
 namespace lineara::layout {
 
@@ -97,6 +98,42 @@ private:
     Lists<std::uint32_t> lines_;
 };
 
+/// Where somebody stands among the brothers and sisters who are children of a block.
+struct BirthRank
+{
+    BlockIndex parents = 0;
+    std::int64_t older = 0;
+    std::int64_t younger = 0;
+};
+
+struct OwnedRank
+{
+    BlockIndex owner = 0;
+    BirthRank rank;
+};
+
+Lists<BirthRank> ranksOf(const Chart& chart)
+{
+    std::vector<OwnedRank> ranks;
+    for (std::size_t sibship = 0; sibship < chart.sibships.lists(); ++sibship) {
+        const auto siblings = chart.sibships[sibship];
+        std::vector<std::int32_t> years;
+        for (const Sibling& sibling : siblings)
+            if (sibling.bornIn != unknownYear)
+                years.push_back(sibling.bornIn);
+        std::ranges::sort(years);
+        for (const auto& [place, bornIn] : siblings) {
+            if (bornIn == unknownYear)
+                continue;
+            const auto [from, to] = std::ranges::equal_range(years, bornIn);
+            for (const Spring& spring : chart.springsUp[place.block])
+                if (spring.own == place.offset)
+                    ranks.push_back({place.block, {spring.other.block, from - years.begin(), years.end() - to}});
+        }
+    }
+    return sortIntoLists(chart.blocks(), ranks, &OwnedRank::rank);
+}
+
 enum class Side : std::uint8_t
 {
     Either,
@@ -110,6 +147,9 @@ struct Branch
     bool leadsUp = false;
     std::int64_t linesAbove = 0;
     std::int64_t linesBelow = 0;
+    /// Above 0 if brothers and sisters stand in their order more often with the branch to the right, below 0 to the
+    /// left.
+    std::int64_t leansRight = 0;
 };
 
 /// The branches on one side of a block, the outermost first.
@@ -132,7 +172,9 @@ std::int64_t crossingsAt(const Branches& side, const Branch& branch, std::size_t
 class Walk
 {
 public:
-    Walk(const Chart& chart, const FamilyTree& tree) : chart_(chart), tree_(tree), counts_(chart, tree) {}
+    Walk(const Chart& chart, const FamilyTree& tree)
+        : chart_(chart), tree_(tree), counts_(chart, tree), ranks_(ranksOf(chart))
+    {}
 
     std::vector<BlockIndex> fromLeft()
     {
@@ -168,6 +210,7 @@ private:
         sortBranches(step.block);
         for (const Branch& branch : inTheWay_)
             putIn(step, branch);
+        changeSides(step);
         shareOutTheFree();
         for (const Branch& branch : right_)
             pending_.push_back({branch.block, Side::Right, false});
@@ -182,7 +225,7 @@ private:
         inTheWay_.clear();
         for (const BlockIndex other : tree_.branches[block]) {
             const Branch branch{other, chart_.rowOf[other] < row, counts_.within(other, row - 1),
-                                counts_.within(other, row)};
+                                counts_.within(other, row), leanOf(block, other)};
             const bool isFree = !branch.leadsUp && branch.linesAbove == 0 && branch.linesBelow == 0;
             (isFree ? free_ : inTheWay_).push_back(branch);
         }
@@ -197,19 +240,51 @@ private:
         Branches* best = &left_;
         std::size_t bestPlace = 0;
         std::int64_t fewest = std::numeric_limits<std::int64_t>::max();
+        std::int64_t bestLeans = std::numeric_limits<std::int64_t>::max();
         for (Branches* const side : {&left_, &right_}) {
             const bool isBetween = step.side == (side == &right_ ? Side::Left : Side::Right);
             const std::int64_t inTheWay = isBetween ? crossingOrigin(step, branch) : 0;
             for (std::size_t place = 0; place <= std::min(side->size(), mostPlaces); ++place) {
                 const std::int64_t crossings = crossingsAt(*side, branch, place) + inTheWay;
-                if (crossings > fewest || (crossings == fewest && side->size() >= best->size()))
+                const std::int64_t leans = side == &left_ ? branch.leansRight : -branch.leansRight;
+                if (std::tuple(crossings, leans, side->size()) >= std::tuple(fewest, bestLeans, best->size()))
                     continue;
+                bestLeans = leans;
                 fewest = crossings;
                 best = side;
                 bestPlace = place;
             }
         }
         best->insert(best->begin() + static_cast<std::ptrdiff_t>(bestPlace), branch);
+    }
+
+    /// All branches stand on the other side where more brothers and sisters stand in their order then.
+    void changeSides(const Step& step)
+    {
+        std::int64_t wrong = 0;
+        std::int64_t crossingsLeft = 0;
+        std::int64_t crossingsRight = 0;
+        for (const Branch& branch : left_) {
+            wrong += branch.leansRight;
+            crossingsLeft += step.side == Side::Either ? 0 : crossingOrigin(step, branch);
+        }
+        for (const Branch& branch : right_) {
+            wrong -= branch.leansRight;
+            crossingsRight += step.side == Side::Either ? 0 : crossingOrigin(step, branch);
+        }
+        const std::int64_t added = (crossingsRight - crossingsLeft) * (step.side == Side::Left ? 1 : -1);
+        if (wrong > 0 && added >= 0)
+            left_.swap(right_);
+    }
+
+    std::int64_t leanOf(BlockIndex block, BlockIndex branch) const
+    {
+        const bool leadsUp = chart_.rowOf[branch] < chart_.rowOf[block];
+        std::int64_t lean = 0;
+        for (const auto& [parents, older, younger] : ranks_[leadsUp ? block : branch])
+            if (parents == (leadsUp ? branch : block))
+                lean += leadsUp ? younger - older : older - younger;
+        return lean;
     }
 
     std::int64_t crossingOrigin(const Step& step, const Branch& branch) const
@@ -231,6 +306,7 @@ private:
     const Chart& chart_;
     const FamilyTree& tree_;
     LineCounts counts_;
+    Lists<BirthRank> ranks_;
     std::vector<Step> pending_;
     Branches inTheWay_;
     Branches free_;

@@ -4,6 +4,7 @@
 #include "crossings.h"
 #include "family_walk.h"
 #include "placement.h"
+#include "sibling_order.h"
 #include "sifting.h"
 #include "sweep.h"
 
@@ -28,9 +29,9 @@ std::size_t startsFor(const Chart& chart)
 class Search
 {
 public:
-    Search(const Chart& chart, FamilyTree tree)
-        : chart_(chart), tree_(std::move(tree)), placement_(chart), sweep_(chart), sifting_(chart),
-          now_(walkOrder(chart_, tree_))
+    Search(const Chart& chart, FamilyTree tree, double costOfDisorder)
+        : chart_(chart), tree_(std::move(tree)), costOfDisorder_(costOfDisorder), placement_(chart), sweep_(chart),
+          sifting_(chart), now_(walkOrder(chart_, tree_))
     {
         setBounds(chart_, now_);
         centreRows();
@@ -41,13 +42,13 @@ public:
             placement_.pull(now_, 3);
         }
         best_ = now_;
-        least_ = costOf(chart_, best_);
+        least_ = costOf(chart_, best_, costOfDisorder_);
     }
 
-    double cost() const { return least_; }
     bool isPlane() const { return countCrossings(chart_, best_) == 0; }
     const Arrangement& best() const { return best_; }
     void returnToBest() { now_ = best_; }
+    const FamilyTree& tree() const { return tree_; }
 
     /// Sorts all rows `times` times down and up, at the given share of the other side.
     void sweep(int times, double share)
@@ -72,7 +73,7 @@ public:
     /// Moves branches while there is time for it.
     bool moveBranches(int rounds, const Heard& heard)
     {
-        BranchMoves moves(chart_, tree_);
+        BranchMoves moves(chart_, tree_, costOfDisorder_);
         constexpr std::array<std::size_t, 4> sizes{400, 100, 30, 10};
         constexpr std::size_t usualSize = 40;
         for (int round = 0; round < rounds; ++round) {
@@ -118,7 +119,7 @@ private:
 
     void compare()
     {
-        const double cost = costOf(chart_, now_);
+        const double cost = costOf(chart_, now_, costOfDisorder_);
         if (cost < least_) {
             least_ = cost;
             best_ = now_;
@@ -127,6 +128,7 @@ private:
 
     const Chart& chart_;
     FamilyTree tree_;
+    double costOfDisorder_;
     Placement placement_;
     Sweep sweep_;
     Sifting sifting_;
@@ -158,6 +160,13 @@ void straighten(const Chart& chart, Arrangement& arrangement)
     }
 }
 
+/// What siblings in their order may cost: less than a search leaves to chance.
+std::uint64_t affordableFor(const Chart& chart, const Arrangement& arrangement)
+{
+    constexpr double share = 0.03;
+    return static_cast<std::uint64_t>(std::ceil(share * static_cast<double>(countCrossings(chart, arrangement))));
+}
+
 /// How often all branches are tried: as often as comparisons of lines can be afforded, a certain number per block.
 int roundsFor(const Chart& chart)
 {
@@ -176,16 +185,58 @@ std::vector<std::unique_ptr<Search>> searchesOf(const Chart& chart)
     std::vector<std::unique_ptr<Search>> searches;
     for (std::size_t start = 0; start < starts; ++start) {
         const auto root = static_cast<BlockIndex>(chart.blocks() * start / starts);
-        searches.push_back(std::make_unique<Search>(chart, spanFrom(chart, root)));
+        searches.push_back(std::make_unique<Search>(chart, spanFrom(chart, root), chart.costOfDisorder));
+        // Left to itself for once, the search may find more, and siblings are sorted afterwards in any case.
+        if (triesFor(chart) > 1 && chart.siblingPairs.items() > 0)
+            searches.push_back(std::make_unique<Search>(chart, spanFrom(chart, root), 0));
     }
-    std::ranges::stable_sort(searches, {}, [](const auto& search) { return search->cost(); });
-    searches.resize(std::min(starts, triesFor(chart)));
+    std::ranges::stable_sort(searches, {}, [&](const auto& search) { return costOf(chart, search->best()); });
+    searches.resize(std::min(searches.size(), triesFor(chart)));
     return searches;
+}
+
+/// Brings everybody to where they would stand in the picture, the family about place 0, so that the same comes out when
+/// it is read from there.
+void toWholePoints(const Chart& chart, Arrangement& arrangement, std::int32_t pitch)
+{
+    const auto points = static_cast<double>(pitch);
+    const double origin = std::ranges::min(arrangement.left);
+    double end = 0;
+    for (std::uint32_t row = 0; row < chart.rows; ++row) {
+        double free = 0;
+        for (const BlockIndex block : arrangement.rows[row]) {
+            const double left = std::max(free, std::round((arrangement.left[block] - origin) * points));
+            arrangement.left[block] = left;
+            free = left + chart.width(block) * points;
+        }
+        end = std::max(end, free);
+    }
+    for (double& left : arrangement.left)
+        left = (left - std::round(end / 2)) / points;
+}
+
+/// Whether somebody moves far, or all is better by a percent. Who tidies up twice is to find all as it was; springs
+/// never come to rest altogether.
+bool isWorthMoving(const Chart& chart, const Arrangement& present, const Arrangement& next)
+{
+    constexpr double far = 3;
+    constexpr double worthwhile = 0.99;
+    const double cost = costOf(chart, present);
+    const double costOfNext = costOf(chart, next);
+    double farthest = 0;
+    for (BlockIndex block = 0; block < chart.blocks(); ++block)
+        farthest = std::max(farthest, std::abs(next.left[block] - present.left[block]));
+    return costOfNext < worthwhile * cost || (costOfNext < cost && farthest > far);
 }
 
 } // namespace
 
 double costOf(const Chart& chart, const Arrangement& arrangement)
+{
+    return costOf(chart, arrangement, chart.costOfDisorder);
+}
+
+double costOf(const Chart& chart, const Arrangement& arrangement, double costOfDisorder)
 {
     constexpr double costOfLength = 0.07;
     double length = 0;
@@ -193,7 +244,8 @@ double costOf(const Chart& chart, const Arrangement& arrangement)
         const StraightLine drawn(chart, arrangement, line);
         length += std::abs(drawn.from - drawn.to);
     }
-    return static_cast<double>(countCrossings(chart, arrangement)) + costOfLength * length;
+    return static_cast<double>(countCrossings(chart, arrangement)) + costOfLength * length +
+           costOfDisorder * static_cast<double>(disorderOf(chart, arrangement));
 }
 
 void setBounds(const Chart& chart, Arrangement& arrangement)
@@ -208,7 +260,7 @@ void setBounds(const Chart& chart, Arrangement& arrangement)
     arrangement.rightBound = width / 2;
 }
 
-Arrangement arrangementAt(const Chart& chart, std::span<const double> places)
+Arrangement orderAt(const Chart& chart, std::span<const double> places)
 {
     struct Entry
     {
@@ -216,33 +268,62 @@ Arrangement arrangementAt(const Chart& chart, std::span<const double> places)
         BlockIndex block = 0;
     };
     std::vector<Entry> entries;
+    std::vector<double> middles;
     Arrangement arrangement;
-    double leftmost = std::numeric_limits<double>::infinity();
-    double rightmost = -leftmost;
     for (BlockIndex block = 0; block < chart.blocks(); ++block) {
         const auto members = chart.members[block];
         double middle = 0;
         for (const engine::PersonIndex member : members)
             middle += places[member] / chart.width(block);
+        middles.push_back(middle);
         arrangement.left.push_back(middle - chart.middle(block));
         arrangement.mirrored.push_back(places[members.front()] > places[members.back()]);
         entries.push_back({chart.rowOf[block], block});
-        leftmost = std::min(leftmost, arrangement.left.back());
-        rightmost = std::max(rightmost, arrangement.left.back() + chart.width(block));
     }
-    for (double& left : arrangement.left)
-        left -= (leftmost + rightmost) / 2;
     arrangement.rows = sortIntoLists(chart.rows, entries, &Entry::block);
+    for (std::uint32_t row = 0; row < chart.rows; ++row)
+        std::ranges::stable_sort(arrangement.rows[row], {}, [&](BlockIndex block) { return middles[block]; });
+    const double first = std::ranges::min(arrangement.left);
+    double last = first;
+    for (BlockIndex block = 0; block < chart.blocks(); ++block)
+        last = std::max(last, arrangement.left[block] + chart.width(block));
+    for (double& left : arrangement.left)
+        left -= (first + last) / 2;
+    return arrangement;
+}
+
+bool isSameOrder(const Chart& chart, const Arrangement& one, const Arrangement& other)
+{
+    for (std::uint32_t row = 0; row < chart.rows; ++row)
+        if (!std::ranges::equal(one.rows[row], other.rows[row]))
+            return false;
+    for (BlockIndex block = 0; block < chart.blocks(); ++block)
+        if (chart.members[block].size() > 1 && one.mirrored[block] != other.mirrored[block])
+            return false;
+    return true;
+}
+
+Arrangement keptOrder(const Chart& chart, Arrangement arrangement, std::int32_t pitch)
+{
+    constexpr int mostRounds = 30;
     setBounds(chart, arrangement);
     for (std::uint32_t row = 0; row < chart.rows; ++row) {
-        const auto blocks = arrangement.rows[row];
-        std::ranges::stable_sort(blocks, {}, [&](BlockIndex block) { return arrangement.middleOf(chart, block); });
         std::vector<Wish> wishes;
-        for (const BlockIndex block : blocks)
+        for (const BlockIndex block : arrangement.rows[row])
             wishes.push_back({arrangement.left[block], 1});
         settleRow(chart, arrangement, row, wishes);
     }
-    straighten(chart, arrangement);
+    toWholePoints(chart, arrangement, pitch);
+    const FamilyTree tree = spanFrom(chart, 0);
+    for (int round = 0; round < mostRounds; ++round) {
+        Arrangement next = arrangement;
+        const bool isSorted = !sortSiblings(chart, tree, next, 0);
+        straighten(chart, next);
+        toWholePoints(chart, next, pitch);
+        if (isSorted && !isWorthMoving(chart, arrangement, next))
+            break;
+        arrangement = std::move(next);
+    }
     return arrangement;
 }
 
@@ -261,6 +342,7 @@ std::optional<Arrangement> orderFamilies(const Chart& chart, const Heard& heard)
         if (search->isPlane()) {
             // Nothing is left to be untangled; the other starts could only do as well.
             best = search->best();
+            sortSiblings(chart, search->tree(), *best, 0);
             straighten(chart, *best);
             return best;
         }
@@ -272,6 +354,7 @@ std::optional<Arrangement> orderFamilies(const Chart& chart, const Heard& heard)
         if (!search->moveBranches(roundsFor(chart), heardOfAll))
             return std::nullopt;
         Arrangement found = search->best();
+        sortSiblings(chart, search->tree(), found, affordableFor(chart, found));
         straighten(chart, found);
         const double cost = costOf(chart, found);
         if (cost < least) {

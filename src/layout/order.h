@@ -12,15 +12,26 @@ namespace lineara::layout {
 /// Hears what share of a piece of work is done, from 0 to 1; says whether to go on.
 using Heard = std::function<bool(double)>;
 
-/// How good an arrangement is, less being better: its crossings, and a little for the length of its child lines.
+/// How good an arrangement is, less being better: its crossings, siblings in the wrong order, and a little for the
+/// length of its child lines.
 double costOf(const Chart& chart, const Arrangement& arrangement);
+
+/// The same with another weight of siblings in the wrong order.
+double costOf(const Chart& chart, const Arrangement& arrangement, double costOfDisorder);
 
 /// Sets the bounds for the rows of a chart: wide enough for the widest row, and for small families more than that.
 void setBounds(const Chart& chart, Arrangement& arrangement);
 
-/// The arrangement in which everybody of the chart keeps the order that `places`, one per person of the family, gives;
-/// only who stands between partners steps aside.
-Arrangement arrangementAt(const Chart& chart, std::span<const double> places);
+/// Everybody of the chart in the order in which they stand in `places`, one per person of the family, and near there;
+/// only who stands between partners steps aside. Rows may overlap.
+Arrangement orderAt(const Chart& chart, std::span<const double> places);
+
+/// Whether all stand in the same order, however far apart.
+bool isSameOrder(const Chart& chart, const Arrangement& one, const Arrangement& other);
+
+/// Tidies up what stands in an order already, in whole points of which a place has `pitch`. Only siblings change their
+/// order, and only where that adds no crossing. Who stands well enough stays: what comes out is its own answer.
+Arrangement keptOrder(const Chart& chart, Arrangement arrangement, std::int32_t pitch);
 
 /// Orders the rows of a chart so that families stay together and few child lines cross, and gives places. Nothing if
 /// `heard` says so.

@@ -32,7 +32,7 @@ Packing::Packing(const std::vector<Generation>& rows, std::int32_t pitch)
     taken_.resize(used_.size());
 }
 
-void Packing::addFamily(const Chart& chart, Arrangement arrangement)
+void Packing::addFamily(const Chart& chart, Arrangement arrangement, bool asItStands)
 {
     leaveFreePlaces(chart, arrangement);
     const double origin = *std::ranges::min_element(arrangement.left);
@@ -47,7 +47,7 @@ void Packing::addFamily(const Chart& chart, Arrangement arrangement)
         row.taken = {end - row.taken.last, end - row.taken.first};
     const std::int64_t shift = roomFor(family_);
     const std::int64_t shiftIfMirrored = roomFor(mirrored);
-    const bool mirror = shiftIfMirrored < shift;
+    const bool mirror = !asItStands && shiftIfMirrored < shift;
     for (BlockIndex block = 0; block < chart.blocks(); ++block)
         for (const PersonIndex person : chart.members[block])
             edges_[person] = mirror ? shiftIfMirrored + end - edges_[person] : shift + edges_[person];

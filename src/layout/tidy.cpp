@@ -45,16 +45,35 @@ std::vector<double> placesOf(const TidyTask& task)
     return places;
 }
 
+/// The other way round. Who stands alone in a block has no other way.
+Arrangement mirrored(const Chart& chart, Arrangement order)
+{
+    for (std::uint32_t row = 0; row < chart.rows; ++row)
+        std::ranges::reverse(order.rows[row]);
+    for (BlockIndex block = 0; block < chart.blocks(); ++block)
+        order.mirrored[block] = chart.members[block].size() > 1 && !order.mirrored[block];
+    return order;
+}
+
 /// The order that there is stays unless the one that was found is clearly better: who tidies up again after an edit
-/// wants to find everybody again.
-void keepOrder(const Chart& chart, std::span<const double> places, Arrangement& found)
+/// wants to find everybody again. Only the order counts, not how far apart all stand, so that who is tidy already
+/// comes out as before to the point. Returns whether it stays.
+bool keepOrder(const Chart& chart, std::span<const double> places, std::int32_t pitch, Arrangement& found)
 {
     constexpr double clearly = 1.2;
     if (places.empty())
-        return;
-    Arrangement present = arrangementAt(chart, places);
-    if (costOf(chart, present) <= clearly * costOf(chart, found) + 1)
-        found = std::move(present);
+        return false;
+    const auto isFound = [&](const Arrangement& order) {
+        return isSameOrder(chart, order, found) || isSameOrder(chart, mirrored(chart, order), found);
+    };
+    const Arrangement present = orderAt(chart, places);
+    if (isFound(present))
+        return false;
+    Arrangement kept = keptOrder(chart, present, pitch);
+    if (isFound(kept) || costOf(chart, kept) > clearly * costOf(chart, found) + 1)
+        return false;
+    found = std::move(kept);
+    return true;
 }
 
 } // namespace
@@ -77,8 +96,8 @@ std::optional<std::vector<std::int32_t>> tidy(const TidyTask& task, const TidyPr
         std::optional<Arrangement> arrangement = orderFamilies(chart, heard);
         if (!arrangement)
             return std::nullopt;
-        keepOrder(chart, places, *arrangement);
-        packing.addFamily(chart, *arrangement);
+        const bool isKept = keepOrder(chart, places, task.pitch, *arrangement);
+        packing.addFamily(chart, *arrangement, isKept || chart.siblingPairs.items() > 0);
         for (const PersonIndex person : families[number])
             placed[person] = true;
         done += persons;
