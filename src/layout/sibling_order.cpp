@@ -14,6 +14,9 @@ namespace {
 
 /// Sibships whose branches have more blocks together are left as they are: trying them takes too long.
 constexpr std::size_t mostBlocks = 3'000;
+/// What all sibships together may cost for each block, in comparisons of lines, and what a block of a branch costs.
+constexpr std::int64_t workPerBlock = 20'000;
+constexpr std::int64_t workPerEntry = 100;
 /// Brothers and sisters who are tried in pairs at most.
 constexpr std::size_t mostExchanged = 100;
 
@@ -40,7 +43,8 @@ std::int64_t disorderOf(std::span<const Sibling> siblings, const std::vector<std
 } // namespace
 
 SiblingOrder::SiblingOrder(const Chart& chart, const FamilyTree& tree)
-    : chart_(chart), tree_(tree), drawn_(chart), takenIn_(chart.blocks(), 0), liftedIn_(chart.lines.size(), 0)
+    : chart_(chart), tree_(tree), drawn_(chart), takenIn_(chart.blocks(), 0), liftedIn_(chart.lines.size(), 0),
+      affordableWork_(workPerBlock * static_cast<std::int64_t>(chart.blocks()))
 {}
 
 bool SiblingOrder::goOver(Arrangement& arrangement, std::int64_t perPair, std::int64_t inAll)
@@ -57,7 +61,7 @@ bool SiblingOrder::goOver(Arrangement& arrangement, std::int64_t perPair, std::i
 
 bool SiblingOrder::sortSibship(std::span<const Sibling> sibship)
 {
-    if (isInOrder(sibship))
+    if (affordableWork_ < 0 || isInOrder(sibship))
         return false;
     bool moved = false;
     for (const Extent extent : {Extent::Whole, Extent::Descendants, Extent::Alone}) {
@@ -114,6 +118,7 @@ bool SiblingOrder::collectBranches()
     for (std::uint32_t number = 0; number < siblings_.size(); ++number)
         if (!collectBranch(number, siblings_[number]))
             return false;
+    affordableWork_ -= workPerEntry * static_cast<std::int64_t>(entries_.size());
     std::ranges::sort(entries_, [](const Entry& one, const Entry& other) {
         return std::tie(one.row, one.middle, one.block) < std::tie(other.row, other.middle, other.block);
     });
@@ -141,8 +146,10 @@ bool SiblingOrder::collectBranch(std::uint32_t number, const Sibling& sibling)
         const BlockIndex through = tree_.metThrough[block];
         if (through != noBlock && chart_.rowOf[through] > chart_.rowOf[block])
             reach(through);
-        if (entries_.size() > mostBlocks)
+        if (entries_.size() > mostBlocks) {
+            affordableWork_ -= workPerEntry * static_cast<std::int64_t>(mostBlocks);
             return false;
+        }
     }
     return true;
 }
@@ -179,6 +186,7 @@ bool SiblingOrder::tryOrder(const std::vector<std::uint32_t>& sequence)
     const std::int64_t won = disorderOf(siblings_, present) - disorderOf(siblings_, sequence);
     reassign(sequence);
     liftMoved();
+    affordableWork_ -= static_cast<std::int64_t>(2 * lines_.size() * chart_.lines.size() / chart_.rows);
     const std::int64_t before = drawMoved();
     exchange();
     const std::int64_t added = drawMoved() - before;

@@ -80,6 +80,8 @@ private:
     std::vector<std::uint32_t> lines_;
     std::vector<std::uint32_t> liftedIn_;
     std::uint32_t lifting_ = 0;
+    /// So that the time taken stays in proportion to the family; sibships that come later are left as they are.
+    std::int64_t affordableWork_ = 0;
 };
 
 /// How many pairs of siblings stand in the wrong order.
