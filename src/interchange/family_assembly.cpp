@@ -1,5 +1,6 @@
 #include "family_assembly.h"
 
+#include "gedcom_pointer.h"
 #include "import_notes.h"
 #include "import_texts.h"
 
@@ -96,8 +97,11 @@ void FamilyAssembly::keep(const GedcomRecords& records, const GedcomPersons& per
         kept.append(text.data(), static_cast<qsizetype>(text.size()));
         if (!kept.endsWith('\n'))
             kept.append('\n');
-        SourceRecord& source =
-            context_->insertSource({file, static_cast<std::int32_t>(records[index].line)}, std::move(kept));
+        SourceOrigin origin{file, static_cast<std::int32_t>(records[index].line), danglingPointers(records, index)};
+        // None needs no words, but the first record tells that the others were looked at.
+        if (index > 0 && origin.dangling.isEmpty())
+            origin.dangling = QByteArray();
+        SourceRecord& source = context_->insertSource(std::move(origin), std::move(kept));
         if (const auto person = persons.of(index))
             persons_[*person]->setSource(source);
     }

@@ -1,7 +1,7 @@
 #include "gedcom_export_changes.h"
 
 #include "gedcom_export_person.h"
-#include "gedcom_tree.h"
+#include "gedcom_pointer.h"
 #include "model/object_context.h"
 
 #include <algorithm>
@@ -40,8 +40,7 @@ Outcome<Done> GedcomChanges::find(const Progress& progress)
     FamilyPlan plan(graph_, keptFamilies());
     plan.follow(before);
     applyFamilies(plan);
-    if (kept_.hasGaps() || !dropped_.empty())
-        strikePointers();
+    strikePointers();
     return Done{};
 }
 
@@ -74,11 +73,18 @@ ExportLinks GedcomChanges::linksOf(const ObjectContext& before) const
     }
     ExportLinks links;
     for (const Person* const person : persons) {
-        const ExportPerson at = places.at(person);
-        for (const Person* const partner : person->partners())
-            links.partners.emplace_back(std::minmax(at, places.at(partner)));
-        for (const Person* const child : person->children())
-            links.offspring.emplace_back(at, places.at(child));
+        const auto place = places.find(person);
+        if (place == places.end())
+            continue;
+        const ExportPerson at = place->second;
+        for (const Person* const partner : person->partners()) {
+            if (const auto other = places.find(partner); other != places.end())
+                links.partners.emplace_back(std::minmax(at, other->second));
+        }
+        for (const Person* const child : person->children()) {
+            if (const auto other = places.find(child); other != places.end())
+                links.offspring.emplace_back(at, other->second);
+        }
     }
     links.sort();
     return links;
@@ -108,7 +114,8 @@ FamilySheet GedcomChanges::sheetOf(std::size_t record) const
             continue;
         const auto target = kept_.target(read.value);
         const auto person = target ? kept_[*target].person : std::nullopt;
-        sheet.isChanged = sheet.isChanged || (!target && leadsNowhere(read));
+        if (!target && leadsToARecord(read))
+            ++(kept_.isMissed(record, read) ? sheet.missed : sheet.strangers);
         const auto isThere = [&](const FamilySheet::Member& spouse) { return spouse.person == person; };
         if (!person || (isSpouse && std::ranges::any_of(sheet.spouses, isThere)))
             continue;
@@ -290,25 +297,32 @@ EditedRecord& GedcomChanges::edit(std::size_t record)
     return found != edited_.end() ? found->second : edited_.emplace(record, kept_.edited(record)).first->second;
 }
 
-/// Only records that were there once are missed: pointers that never led anywhere stay where nothing was removed.
-bool GedcomChanges::leadsNowhere(const GedcomLine& line) const
+/// Only records that were there once are missed: pointers that never led anywhere stay.
+bool GedcomChanges::leadsNowhere(std::size_t record, const GedcomLine& line) const
 {
-    if (!line.isPointer || isContinuation(line.tag) || line.value == "VOID")
+    if (!leadsToARecord(line))
         return false;
     const auto target = kept_.target(line.value);
-    return target ? dropped_.contains(*target) : kept_.hasGaps();
+    return target ? dropped_.contains(*target) : kept_.isMissed(record, line);
+}
+
+/// Whether one of its lines does.
+bool GedcomChanges::leadsNowhere(std::size_t record) const
+{
+    bool found = false;
+    forEachPointer(kept_[record].text, [&](const GedcomLine& line) { found = found || leadsNowhere(record, line); });
+    return found;
 }
 
 void GedcomChanges::strikePointers()
 {
     for (std::size_t record = 0; record < kept_.size(); ++record) {
-        if (kept_[record].isLeftOut || dropped_.contains(record) ||
-            kept_[record].text.find('@') == std::string_view::npos)
+        if (kept_[record].isLeftOut || dropped_.contains(record) || !leadsNowhere(record))
             continue;
-        const EditedRecord lines = kept_.edited(record);
+        EditedRecord& lines = edit(record);
         for (EditedRecord::Line line = 1; line < lines.size(); ++line) {
-            if (lines[line].level && leadsNowhere(lines[line]))
-                edit(record).strike(line);
+            if (lines[line].level && leadsNowhere(record, lines[line]))
+                lines.strike(line);
         }
     }
 }

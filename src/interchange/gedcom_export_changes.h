@@ -51,7 +51,8 @@ private:
     const std::string& xrefOf(ExportPerson person);
     std::string nameNew(ExportPerson person);
     void strikePointers();
-    bool leadsNowhere(const GedcomLine& line) const;
+    bool leadsNowhere(std::size_t record, const GedcomLine& line) const;
+    bool leadsNowhere(std::size_t record) const;
     EditedRecord& edit(std::size_t record);
     void writeNewPersons();
 

@@ -95,7 +95,8 @@ void FamilyPlan::follow(const ExportLinks& before)
 {
     const ExportLinks now = graph_.links();
     strikeGone(before, now);
-    if (before != now)
+    const bool anyoneRemoved = std::ranges::any_of(families_, [](const auto& sheet) { return sheet.missed > 0; });
+    if (before != now || anyoneRemoved)
         strikeRefused(before, now);
     const ExportLinks said = this->said();
     const auto partners = without(now.partners, said.partners);
@@ -104,6 +105,7 @@ void FamilyPlan::follow(const ExportLinks& before)
         index();
         addCouples(partners);
         addChildren(offspring);
+        strikeUnsure();
     }
     dropEmpty();
 }
@@ -137,11 +139,43 @@ void FamilyPlan::strikeRefused(const ExportLinks& before, const ExportLinks& now
     std::vector<PersonPair> unsure;
     for (const auto& pair : refused) {
         const auto& parents = parentsBefore[pair.second];
-        if (parents.size() < 2 || !std::ranges::is_permutation(parents, graph_.parents(pair.second)))
-            unsure.push_back(pair);
+        const bool isSure = parents.size() == 2 && std::ranges::is_permutation(parents, graph_.parents(pair.second));
+        (isSure ? refused_ : unsure).push_back(pair);
     }
     for (std::size_t family = 0; family < families_.size() && !unsure.empty(); ++family)
-        strikeChildren(family, unsure);
+        strikeRefusedChildren(family, unsure);
+}
+
+/// A family that a child gets now may count behind one that was refused.
+void FamilyPlan::strikeUnsure()
+{
+    std::erase_if(refused_, [this](const PersonPair& pair) {
+        return std::ranges::none_of(asChild_[pair.second], [&](std::size_t family) {
+            const auto& children = families_[family].children;
+            const auto child = std::ranges::find(children, pair.second, &FamilySheet::Member::person);
+            return child != children.end() && !child->line;
+        });
+    });
+    for (std::size_t family = 0; family < families_.size() && !refused_.empty(); ++family)
+        strikeRefusedChildren(family, refused_);
+}
+
+/// What the child itself says about a family none of whose parents it has makes no link, and stays.
+void FamilyPlan::strikeRefusedChildren(std::size_t family, const std::vector<PersonPair>& refused)
+{
+    auto& sheet = families_[family];
+    const auto isForeign = [&](const FamilySheet::Member& child) {
+        const auto isRefused = [&](const auto& spouse) { return holds(refused, spouse.person, child.person); };
+        const auto isParent = [&](const auto& spouse) { return contains(graph_.parents(child.person), spouse.person); };
+        return child.line && std::ranges::any_of(sheet.spouses, isRefused) &&
+               std::ranges::none_of(sheet.spouses, isParent);
+    };
+    for (const auto& child : sheet.children) {
+        if (isForeign(child))
+            sheet.struckLines.push_back(*child.line);
+    }
+    std::erase_if(sheet.children, isForeign);
+    strikeChildren(family, refused);
 }
 
 void FamilyPlan::strikeChildren(std::size_t family, const std::vector<PersonPair>& gone)
@@ -321,8 +355,9 @@ void FamilyPlan::dropEmpty()
 {
     for (std::size_t family = 0; family < families_.size(); ++family) {
         auto& sheet = families_[family];
-        const std::size_t members = sheet.spouses.size() + sheet.children.size();
-        if (!sheet.isChanged || !sheet.record || members > 1 || (members == 1 && sheet.saysMore))
+        const std::size_t members = sheet.spouses.size() + sheet.children.size() + sheet.strangers;
+        const bool isChanged = sheet.isChanged || sheet.missed > 0;
+        if (!isChanged || !sheet.record || members > 1 || (members == 1 && sheet.saysMore))
             continue;
         sheet.isDropped = true;
         for (const auto& spouse : sheet.spouses)

@@ -61,8 +61,10 @@ struct FamilySheet
     std::vector<Member> spouses;
     std::vector<Member> children;
     std::vector<std::size_t> struckLines;
-    bool canGrow = true;   ///< pointers can name it
-    bool saysMore = false; ///< about its members, a wedding for example
+    std::size_t missed = 0;    ///< members who were removed
+    std::size_t strangers = 0; ///< named ones whose records were never there
+    bool canGrow = true;       ///< pointers can name it
+    bool saysMore = false;     ///< about its members, a wedding for example
     bool isChanged = false;
     bool isDropped = false;
 };
@@ -92,6 +94,8 @@ public:
 private:
     void strikeGone(const ExportLinks& before, const ExportLinks& now);
     void strikeRefused(const ExportLinks& before, const ExportLinks& now);
+    void strikeUnsure();
+    void strikeRefusedChildren(std::size_t family, const std::vector<PersonPair>& refused);
     void strikeSpouses(std::size_t family, const std::vector<PersonPair>& gone);
     void strikeChildren(std::size_t family, const std::vector<PersonPair>& gone);
     void strike(std::size_t family, bool isSpouse, std::size_t member);
@@ -112,6 +116,7 @@ private:
     const ExportGraph& graph_;
     std::vector<FamilySheet> families_;
     std::vector<FamilyClaim> claims_;
+    std::vector<PersonPair> refused_;                ///< what stays because the import is sure to refuse it again
     std::vector<std::vector<std::size_t>> asSpouse_; ///< by person
     std::vector<std::vector<std::size_t>> asChild_;
 };

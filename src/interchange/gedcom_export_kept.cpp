@@ -1,10 +1,17 @@
 #include "gedcom_export_kept.h"
 
+#include "gedcom_pointer.h"
 #include "import_texts.h"
 #include "told_family.h"
 
+#include <algorithm>
+#include <array>
+
 namespace lineara {
 namespace {
+
+/// Of lines with these tags it is sure that they named a person.
+constexpr std::array<std::string_view, 5> tagsOfPersons = {"HUSB", "WIFE", "CHIL", "ASSO", "ALIA"};
 
 std::string_view viewOf(const QByteArray& bytes)
 {
@@ -15,13 +22,18 @@ std::string_view viewOf(const QByteArray& bytes)
 
 KeptRecords::KeptRecords(const FamilyContent& family, const ExportGraph& graph) : byPerson_(graph.size())
 {
+    const auto& sources = family.sources();
+    hasGaps_ = !sources.empty() && sources.front().origin.line != 1;
     std::uint64_t next = 0;
-    records_.reserve(family.sources().size());
-    for (const auto& source : family.sources()) {
+    records_.reserve(sources.size());
+    for (const auto& source : sources) {
         hasGaps_ = hasGaps_ || (next != 0 && source.id.number != next);
         next = source.id.number + 1;
         KeptRecord record;
         record.text = viewOf(source.text);
+        if (!source.origin.dangling.isEmpty())
+            dangling_.emplace(records_.size(), parted(viewOf(source.origin.dangling)));
+        knowsDangling_ = knowsDangling_ || !source.origin.dangling.isNull();
         if (const auto line = GedcomLineReader(record.text).next(); line && line->level == 0) {
             record.tag = line->tag;
             record.xref = line->xref;
@@ -61,6 +73,33 @@ std::optional<std::size_t> KeptRecords::target(std::string_view xref) const
     return found == targets_.end() ? std::nullopt : std::optional(found->second);
 }
 
+/// Families of older versions of the program know of removed persons only that there were some.
+bool KeptRecords::isMissed(std::size_t record, const GedcomLine& pointer) const
+{
+    if (!leadsToARecord(pointer) || target(pointer.value))
+        return false;
+    if (knowsDangling_) {
+        const auto dangling = dangling_.find(record);
+        return dangling == dangling_.end() || !dangling->second.contains(pointer.value);
+    }
+    return hasGaps_ && std::ranges::find(tagsOfPersons, pointer.tag) != tagsOfPersons.end();
+}
+
+std::set<std::string_view> KeptRecords::missedMembers() const
+{
+    std::set<std::string_view> missed;
+    for (std::size_t record = 0; record < records_.size(); ++record) {
+        if (records_[record].tag != "FAM")
+            continue;
+        forEachPointer(records_[record].text, [&](const GedcomLine& line) {
+            const bool isMember = line.tag == "HUSB" || line.tag == "WIFE" || line.tag == "CHIL";
+            if (isMember && isMissed(record, line))
+                missed.insert(line.value);
+        });
+    }
+    return missed;
+}
+
 QString KeptRecords::sharedNote(std::string_view xref) const
 {
     const auto record = target(xref);
@@ -81,6 +120,11 @@ Outcome<std::unique_ptr<ObjectContext>> KeptRecords::imported(const Progress& pr
             continue;
         text.append(record.text.data(), static_cast<qsizetype>(record.text.size()));
         persons += record.person ? 1U : 0U;
+    }
+    for (const std::string_view xref : missedMembers()) {
+        const std::string record = gedcomRecord(xref, "INDI");
+        text.append(record.data(), static_cast<qsizetype>(record.size()));
+        ++persons;
     }
     auto family = familyToldBy(std::move(text), ImportTexts::tr("the imported records"), progress);
     if (family.failed())

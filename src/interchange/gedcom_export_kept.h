@@ -10,8 +10,10 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace lineara {
@@ -46,25 +48,30 @@ public:
     std::optional<std::size_t> target(std::string_view xref) const;
     std::optional<std::size_t> recordOf(ExportPerson person) const { return byPerson_[person]; }
 
-    /// Whether records of the imported file are missing: their persons were removed.
-    bool hasGaps() const { return hasGaps_; }
+    /// Whether a pointer of the record leads nowhere, but led to a person's record when it was imported.
+    bool isMissed(std::size_t record, const GedcomLine& pointer) const;
 
     QString sharedNote(std::string_view xref) const;
 
     EditedRecord edited(std::size_t record) const { return {records_[record].text, dialect_}; }
 
-    /// What the import makes of the records: persons in their order.
+    /// What the import makes of the records: persons in their order, behind them those who were removed, by no more
+    /// than their names in families. Without these the import would take what it refused because of them.
     Outcome<std::unique_ptr<ObjectContext>> imported(const Progress& progress) const;
 
 private:
     void readVersion();
+    std::set<std::string_view> missedMembers() const;
 
     std::vector<KeptRecord> records_;
     std::vector<std::optional<std::size_t>> byPerson_;
     std::unordered_map<std::string_view, std::size_t> targets_;
+    /// By record: what its pointers named in vain when it was imported.
+    std::unordered_map<std::size_t, std::unordered_set<std::string_view>> dangling_;
     QString version_;
     GedcomDialect dialect_ = GedcomDialect::Five;
-    bool hasGaps_ = false;
+    bool hasGaps_ = false;       ///< records of the file are missing: their persons were removed
+    bool knowsDangling_ = false; ///< the import noted which pointers led nowhere
 };
 
 } // namespace lineara

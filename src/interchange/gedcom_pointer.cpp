@@ -4,13 +4,39 @@
 #include "node_ledger.h"
 
 #include <algorithm>
+#include <set>
 
 namespace lineara {
-namespace {
 
-constexpr std::string_view pointsAtNobody = "VOID";
+bool leadsToARecord(const GedcomLine& line)
+{
+    return line.isPointer && !isContinuation(line.tag) && line.value != pointsAtNobody;
+}
 
-} // namespace
+QByteArray danglingPointers(const GedcomRecords& records, RecordIndex record)
+{
+    std::set<std::string_view> dangling;
+    forEachPointer(records[record].text, [&](const GedcomLine& line) {
+        if (!records.target(line.value))
+            dangling.insert(line.value);
+    });
+    QByteArray joined(dangling.empty() ? "" : "@");
+    for (const std::string_view xref : dangling)
+        joined.append(xref.data(), static_cast<qsizetype>(xref.size())).append('@');
+    return joined;
+}
+
+std::unordered_set<std::string_view> parted(std::string_view danglingPointers)
+{
+    std::unordered_set<std::string_view> xrefs;
+    for (auto open = danglingPointers.find('@'); open != std::string_view::npos;) {
+        const auto close = danglingPointers.find('@', open + 1);
+        if (close != std::string_view::npos)
+            xrefs.insert(danglingPointers.substr(open + 1, close - open - 1));
+        open = close;
+    }
+    return xrefs;
+}
 
 std::optional<RecordIndex> followPointer(const GedcomRecords& records, const GedcomTree& tree, NodeLedger& ledger,
                                          NodeIndex line, std::initializer_list<std::string_view> tags)

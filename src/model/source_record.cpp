@@ -10,6 +10,8 @@ SourceRecord::SourceRecord(ObjectContext& context, RecordId recordId, SourceOrig
     : Record(context, Entity::Source, recordId), text_(writableUtf8(std::move(text))), origin_(std::move(origin))
 {
     origin_.file = writableText(std::move(origin_.file));
+    if (!origin_.dangling.isEmpty())
+        origin_.dangling = writableUtf8(std::move(origin_.dangling));
 }
 
 SourceRecord::~SourceRecord() = default;

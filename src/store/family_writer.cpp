@@ -279,6 +279,8 @@ private:
         object.text("origin", source.origin.file);
         object.number("line", source.origin.line);
         object.utf8("text", source.text);
+        if (!source.origin.dangling.isNull())
+            object.utf8("dangling", source.origin.dangling);
         object.toOne("person", personEntity, source.person);
     }
 

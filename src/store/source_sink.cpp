@@ -12,6 +12,7 @@ enum SourceSlot : std::size_t
     OriginSlot,
     LineSlot,
     TextSlot,
+    DanglingSlot,
     OwnerSlot,
     SourceSlotCount
 };
@@ -21,7 +22,7 @@ const std::array<std::string, SourceSlotCount>& writtenSourceTags()
 {
     static const std::array<std::string, SourceSlotCount> tags{
         parsedTag(R"(attribute name="origin" type="string">)"), parsedTag(R"(attribute name="line" type="int32">)"),
-        parsedTag(R"(attribute name="text" type="string">)"),
+        parsedTag(R"(attribute name="text" type="string">)"), parsedTag(R"(attribute name="dangling" type="string">)"),
         parsedTag(R"(relationship name="person" type="0/1" destination="PERSON" idrefs=")")};
     return tags;
 }
@@ -54,6 +55,8 @@ bool SourceSink::takeWritten(std::size_t slot, std::string_view rest)
         return line.has_value();
     case TextSlot:
         return takeWrittenUtf8(source_.text, rest);
+    case DanglingSlot:
+        return takeWrittenUtf8(source_.origin.dangling, rest);
     default:
         return takeWrittenReference(source_.person, rest);
     }
@@ -77,6 +80,14 @@ MemberSink::Verdict SourceSink::attribute(const Member& member)
         return once_.admit(LineSlot, member) ? store(members_.int32(member), source_.origin.line) : Verdict::Failed;
     if (member.name == "text")
         return once_.admit(TextSlot, member) ? store(utf8Of(members_.text(member)), source_.text) : Verdict::Failed;
+    if (member.name == "dangling") {
+        const auto pointers = once_.admit(DanglingSlot, member) ? members_.text(member) : std::nullopt;
+        if (!pointers)
+            return Verdict::Failed;
+        // None is not the same as nobody knows.
+        source_.origin.dangling = pointers->isEmpty() ? QByteArray("") : pointers->toUtf8();
+        return Verdict::Taken;
+    }
     return Verdict::Unknown;
 }
 

@@ -280,3 +280,54 @@ TEST(ChangedRecord, PointersThatNeverLedAnywhereStay)
     member(read, 0).setName(QStringLiteral("Eve"));
     EXPECT_THAT(difference(text, exported(*read.context)), ElementsAre("-1 NAME Ada", "+1 NAME Eve"));
 }
+
+/// A person is removed from a family with pointers that never led anywhere.
+class RemovedFrom : public testing::Test
+{
+protected:
+    static std::vector<std::string> changes(const QByteArray& text, std::size_t removed)
+    {
+        const auto read = imported(text);
+        read.context->remove(member(read, removed));
+        return difference(text, exported(*read.context));
+    }
+};
+
+TEST_F(RemovedFrom, DanglingPointersStayAndOnlyThoseAtThePersonGo)
+{
+    const QByteArray text = QByteArray(head) +
+                            "0 @I1@ INDI\n1 NAME Ada\n1 SOUR @S9@\n2 PAGE 12\n1 NOTE @N9@\n1 FAMS @F9@\n"
+                            "1 ASSO @I9@\n2 RELA friend\n1 _GODP @I2@\n2 DATE 1900\n"
+                            "0 @I2@ INDI\n1 NAME Ben\n1 FAMC @F1@\n"
+                            "0 @F1@ FAM\n1 HUSB @I7@\n1 CHIL @I8@\n1 CHIL @I2@\n0 @F2@ FAM\n1 CHIL @I8@\n0 TRLR\n";
+    EXPECT_THAT(changes(text, 1), ElementsAre("-1 _GODP @I2@", "-2 DATE 1900", "-0 @I2@ INDI", "-1 NAME Ben",
+                                              "-1 FAMC @F1@", "-1 CHIL @I2@"));
+}
+
+TEST_F(RemovedFrom, ThePersonsRecordMayBeTheLastOne)
+{
+    const QByteArray text = QByteArray(head) + "0 @I1@ INDI\n1 NAME Ada\n1 ASSO @I2@\n2 RELA friend\n1 ASSO @I3@\n"
+                                               "0 @I2@ INDI\n1 NAME Ben\n";
+    EXPECT_THAT(changes(text, 1),
+                ElementsAre("-1 ASSO @I2@", "-2 RELA friend", "-0 @I2@ INDI", "-1 NAME Ben", "+0 TRLR"));
+}
+
+TEST_F(RemovedFrom, ThePersonsRecordMayBeTheFirstOne)
+{
+    const QByteArray text = "0 @I1@ INDI\n1 NAME Ada\n0 @I2@ INDI\n1 NAME Ben\n1 ASSO @I1@\n1 ASSO @I3@\n0 TRLR\n";
+    const auto read = imported(text);
+    read.context->remove(member(read, 0));
+    const QByteArray after = exported(*read.context);
+    EXPECT_FALSE(after.contains("@I1@"));
+    EXPECT_TRUE(after.contains("0 @I2@ INDI\n1 NAME Ben\n1 ASSO @I3@\n"));
+}
+
+TEST_F(RemovedFrom, ThePersonMayBeTheOnlyOneInAFileWithoutFrame)
+{
+    const QByteArray text = "0 @I1@ INDI\n1 NAME Ada\n0 @N1@ NOTE about her\n1 REFN @I1@\n1 REFN @I3@\n";
+    const auto read = imported(text);
+    read.context->remove(member(read, 0));
+    const QByteArray after = exported(*read.context);
+    EXPECT_FALSE(after.contains("@I1@"));
+    EXPECT_TRUE(after.contains("0 @N1@ NOTE about her\n1 REFN @I3@\n"));
+}

@@ -160,6 +160,22 @@ TEST(Reading, ImportedRecordsMayLackEverything)
     }
 }
 
+TEST(Reading, ImportedRecordsTellWhatTheyPointedAtInVain)
+{
+    const auto text = fileWith(source("z102", "0 HEAD\n", "        <attribute name=\"dangling\" type=\"string\"/>\n") +
+                               source("z103", "0 @N1@ NOTE\n") +
+                               source("z104", "1 SOUR @S9@\n", attribute("dangling", "string", "@S9@a &amp; b@")));
+    const auto family = loaded(text);
+    const auto danglingOf = [&](std::uint64_t number) {
+        return family.context->source(RecordId{number})->origin().dangling;
+    };
+    EXPECT_FALSE(danglingOf(102).isNull());
+    EXPECT_EQ(danglingOf(102), "");
+    EXPECT_TRUE(danglingOf(103).isNull());
+    EXPECT_EQ(danglingOf(104), "@S9@a & b@");
+    EXPECT_EQ(rewritten(text), text);
+}
+
 TEST(Reading, ImportedRecordsInAnyLayoutAreUnderstood)
 {
     auto text = fileWith(pool("z102") + person("z102", inPool() + madeOf("z103")) +
