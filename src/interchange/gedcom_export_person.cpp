@@ -36,13 +36,12 @@ public:
 
     void changeName(const std::optional<QString>& name)
     {
-        const auto line = nameLine();
         const QString plain = name.value_or(QString()).simplified();
         if (plain.isEmpty()) {
-            if (line)
-                record_.strike(*line);
+            withdrawNames();
             return;
         }
+        const auto line = nameLine();
         const auto valued = [&](const QString& former) {
             return gedcomLines(1, "NAME", gedcomName(plain, former), record_.dialect());
         };
@@ -53,24 +52,21 @@ public:
         record_.replace(*line, valued(record_.text(*line)));
         for (const Line piece : record_.children(*line)) {
             const bool isPiece = std::ranges::find(namePieces, record_[piece].tag) != namePieces.end();
-            if (isPiece && !plain.contains(record_.text(piece).simplified()))
+            if (isPiece && !showsPiece(plain, record_.text(piece)))
                 record_.strike(piece);
         }
     }
 
     void changeEvent(std::string_view tag, std::string_view placeAfter, const GedcomDate& date)
     {
-        const auto event = eventLine(tag);
-        const auto dateLine = event ? record_.child(*event, "DATE") : std::nullopt;
         const QString plain = gedcomDate(date, record_.dialect());
         if (plain.isEmpty()) {
-            if (dateLine)
-                withdraw(*event, *dateLine);
+            withdrawDates(tag);
             return;
         }
-        if (dateLine) {
-            const QString changed = changedDate(record_.text(*dateLine), date, record_.dialect());
-            record_.replace(*dateLine, gedcomLines(2, "DATE", changed, record_.dialect()));
+        const auto event = eventLine(tag);
+        if (const auto dateLine = event ? this->dateLine(*event) : std::nullopt) {
+            changeDate(*dateLine, date);
             return;
         }
         const std::string lines = gedcomLines(2, "DATE", plain, record_.dialect());
@@ -104,16 +100,40 @@ private:
     /// The first one that says a name.
     std::optional<Line> nameLine() const
     {
+        const auto names = record_.children(0, "NAME");
+        const auto found = std::ranges::find_if(names, [this](Line line) { return saysName(line); });
+        return found == names.end() ? std::nullopt : std::optional(*found);
+    }
+
+    bool saysName(Line line) const
+    {
+        if (!plainName(record_.text(line)).isEmpty())
+            return true;
+        return std::ranges::any_of(record_.children(line), [this](Line piece) {
+            return std::ranges::find(namePieces, record_[piece].tag) != namePieces.end() &&
+                   !record_.text(piece).simplified().isEmpty();
+        });
+    }
+
+    /// Any that stayed would be read as the person's name.
+    void withdrawNames()
+    {
         for (const Line line : record_.children(0, "NAME")) {
-            if (!plainName(record_.text(line)).isEmpty())
-                return line;
-            for (const Line piece : record_.children(line)) {
-                if (std::ranges::find(namePieces, record_[piece].tag) != namePieces.end() &&
-                    !record_.text(piece).simplified().isEmpty())
-                    return line;
-            }
+            if (saysName(line))
+                record_.strike(line);
         }
-        return std::nullopt;
+    }
+
+    bool saysDate(Line date) const { return saysSomething(readDate(record_.text(date))); }
+
+    /// The first date of an event that says something; else the first of all.
+    std::optional<Line> dateLine(Line event) const
+    {
+        const auto dates = record_.children(event, "DATE");
+        const auto found = std::ranges::find_if(dates, [this](Line date) { return saysDate(date); });
+        return found != dates.end() ? std::optional(*found)
+               : dates.empty()      ? std::nullopt
+                                    : std::optional(dates.front());
     }
 
     /// The first one with a date that says something; else the first of all.
@@ -121,19 +141,36 @@ private:
     {
         const auto events = record_.children(0, tag);
         for (const Line event : events) {
-            const auto date = record_.child(event, "DATE");
-            if (date && saysSomething(readDate(record_.text(*date))))
+            const auto date = dateLine(event);
+            if (date && saysDate(*date))
                 return event;
         }
         return events.empty() ? std::nullopt : std::optional(events.front());
     }
 
-    /// An event of which nothing is left goes with its date.
-    void withdraw(Line event, Line date)
+    /// Words about the former date go with it.
+    void changeDate(Line line, const GedcomDate& date)
     {
-        record_.strike(date);
-        if (record_.children(event).empty() && record_[event].value.empty())
-            record_.strike(event);
+        const QString changed = changedDate(record_.text(line), date, record_.dialect());
+        record_.replace(line, gedcomLines(2, "DATE", changed, record_.dialect()));
+        for (const Line phrase : record_.children(line, "PHRASE"))
+            record_.strike(phrase);
+    }
+
+    /// Any date that stayed would be read as the person's. An event of which nothing is left goes with its dates.
+    void withdrawDates(std::string_view tag)
+    {
+        for (const Line event : record_.children(0, tag)) {
+            bool isChanged = false;
+            for (const Line date : record_.children(event, "DATE")) {
+                if (!saysDate(date))
+                    continue;
+                record_.strike(date);
+                isChanged = true;
+            }
+            if (isChanged && record_.children(event).empty() && record_[event].value.empty())
+                record_.strike(event);
+        }
     }
 
     Line placeOf(std::string_view tag, std::string_view placeAfter) const

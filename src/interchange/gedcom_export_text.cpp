@@ -215,8 +215,9 @@ QString gedcomDate(const GedcomDate& date, GedcomDialect dialect)
 
 QString changedDate(const QString& former, const GedcomDate& date, GedcomDialect dialect)
 {
-    QStringList words = former.split(u' ');
-    if (exchangeParts(words, readDate(former), date)) {
+    // "INT 1900 (about 1900)": the words in brackets are about the former date.
+    QStringList words = former.trimmed().endsWith(u')') ? QStringList() : former.split(u' ');
+    if (!words.isEmpty() && exchangeParts(words, readDate(former), date)) {
         QString changed = words.join(u' ');
         if (sameDay(readDate(changed), date))
             return changed;

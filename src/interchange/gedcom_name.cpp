@@ -7,6 +7,26 @@
 #include <string_view>
 
 namespace lineara {
+namespace {
+
+/// Nicknames stand in quotation marks or brackets.
+bool partsWords(QChar c)
+{
+    return c.isSpace() || QStringView(u"\"()\u201C\u201D\u201E\u00AB\u00BB,;").contains(c);
+}
+
+} // namespace
+
+bool showsPiece(const QString& name, const QString& piece)
+{
+    const QString plain = piece.simplified();
+    for (auto at = name.indexOf(plain); at >= 0; at = name.indexOf(plain, at + 1)) {
+        const auto end = at + plain.size();
+        if (plain.isEmpty() || ((at == 0 || partsWords(name[at - 1])) && (end == name.size() || partsWords(name[end]))))
+            return true;
+    }
+    return false;
+}
 
 namespace {
 

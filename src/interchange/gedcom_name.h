@@ -8,4 +8,7 @@ namespace lineara {
 /// nickname that the name does not show yet stands before the surname, in quotation marks. Empty if nothing remains.
 QString plainName(const QString& value, const QString& nickname = {});
 
+/// Whether the name shows a piece of it (GIVN, SURN, ...) in whole words.
+bool showsPiece(const QString& name, const QString& piece);
+
 } // namespace lineara

@@ -91,23 +91,26 @@ private:
         for (const NodeIndex piece : tree_.children(line)) {
             const std::string_view tag = tree_[piece].line.tag;
             const bool isPiece = std::find(namePieces.begin(), namePieces.end(), tag) != namePieces.end();
-            if (isPiece && name.contains(tree_.text(piece).simplified()))
+            if (isPiece && showsPiece(name, tree_.text(piece)))
                 ledger_.takeText(piece);
         }
     }
 
-    /// The first one with a date counts.
+    /// The first date that says one counts, of the first event that has such a date.
     void readEvent(NodeIndex line, PersonReading::Event& event, GedcomDate& date)
     {
-        const auto dateLine = hasContent(date) ? std::nullopt : tree_.child(line, "DATE");
-        if (!dateLine)
-            return;
-        ledger_.take(line);
-        const QByteArray text = tree_.textBytes(*dateLine);
-        date = readGedcomDate({text.constData(), static_cast<std::size_t>(text.size())});
-        if (hasContent(date))
-            event = {line, dateLine};
-        account(*dateLine, date);
+        for (const NodeIndex dateLine : tree_.children(line)) {
+            if (hasContent(date))
+                return;
+            if (tree_[dateLine].line.tag != "DATE")
+                continue;
+            ledger_.take(line);
+            const QByteArray text = tree_.textBytes(dateLine);
+            date = readGedcomDate({text.constData(), static_cast<std::size_t>(text.size())});
+            if (hasContent(date))
+                event = {line, dateLine};
+            account(dateLine, date);
+        }
     }
 
     void account(NodeIndex line, const GedcomDate& date)

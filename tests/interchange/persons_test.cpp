@@ -57,6 +57,17 @@ TEST(ImportedPersons, ABirthWhoseDateIsNoneDoesNotStandInTheWayOfAnother)
     EXPECT_EQ(family.report.notTaken, 1u);
 }
 
+TEST(ImportedPersons, OfSeveralDatesOfABirthTheFirstThatSaysOneCounts)
+{
+    const auto family =
+        imported("0 @I1@ INDI\n1 BIRT\n2 DATE (about harvest)\n2 DATE 12 MAR 1850\n2 DATE 1851\n1 BIRT\n2 DATE 1852\n");
+    EXPECT_EQ(member(family, 0).birthYear(), 1850);
+    EXPECT_EQ(member(family, 0).birthDay(), 12);
+    EXPECT_EQ(keptOf(family), "INDI.BIRT.DATE 2, INDI.BIRT 1");
+    EXPECT_EQ(notesOf(family),
+              "line 3: INDI.BIRT.DATE \"(about harvest)\" was not taken: it is not understood as a date");
+}
+
 TEST(ImportedPersons, ShowTheFirstNameAndKeepTheOthers)
 {
     const auto family = imported("0 @I1@ INDI\n1 NAME Ann /Hathaway/\n2 GIVN Ann\n2 SURN Hathaway\n2 NICK Agnes\n"
@@ -64,6 +75,12 @@ TEST(ImportedPersons, ShowTheFirstNameAndKeepTheOthers)
     EXPECT_EQ(member(family, 0).name(), QStringLiteral("Ann \"Agnes\" Hathaway"));
     EXPECT_EQ(keptOf(family), "INDI.NAME 1");
     EXPECT_EQ(notesOf(family), "");
+}
+
+TEST(ImportedPersons, KeepPiecesThatTheNameShowsOnlyAsPartOfAWord)
+{
+    const auto family = imported("0 @I1@ INDI\n1 NAME Anna /Oak-Ash/\n2 GIVN Ann\n2 SURN Oak\n");
+    EXPECT_EQ(keptOf(family), "INDI.NAME.GIVN 1, INDI.NAME.SURN 1");
 }
 
 TEST(ImportedPersons, WithoutAWholeNameAreNamedByItsPieces)
