@@ -6,6 +6,7 @@
 
 #include "engine/link_rules.h"
 
+#include <algorithm>
 #include <string>
 
 namespace lineara {
@@ -68,12 +69,12 @@ std::size_t FamilyAssembly::addOffspring(const FamilyWishes& wishes, const Gedco
         asked.push_back({wish.parent, wish.child});
     const auto verdicts = engine::judgeOffspring(persons.size(), asked);
 
-    std::size_t made = 0;
+    std::vector<FamilyWishes::Offspring> granted;
+    granted.reserve(verdicts.size());
     for (std::size_t i = 0; i < verdicts.size(); ++i) {
-        const auto& [parent, child, line] = wishes.offspring[i];
+        const auto& [parent, child, line, family] = wishes.offspring[i];
         if (verdicts[i] == engine::LinkVerdict::Allowed) {
-            persons_[parent]->addChild(*persons_[child]);
-            ++made;
+            granted.push_back(wishes.offspring[i]);
             continue;
         }
         const Refusal refusal = refusalOf(verdicts[i], persons.label(parent), persons.label(child));
@@ -82,7 +83,11 @@ std::size_t FamilyAssembly::addOffspring(const FamilyWishes& wishes, const Gedco
             line, refusal.reason,
             ImportTexts::tr("%1 was refused: %2").arg(QStringLiteral("FAM.CHIL ") + inQuotes(pointer), refusal.why));
     }
-    return made;
+    // Children stand in the order of the file, whichever of their families counts first.
+    std::ranges::stable_sort(granted, {}, &FamilyWishes::Offspring::line);
+    for (const auto& wish : granted)
+        persons_[wish.parent]->addChild(*persons_[wish.child]);
+    return granted.size();
 }
 
 void FamilyAssembly::keep(const GedcomRecords& records, const GedcomPersons& persons, const QString& file,

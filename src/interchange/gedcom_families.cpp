@@ -6,6 +6,8 @@
 #include "node_ledger.h"
 
 #include <algorithm>
+#include <limits>
+#include <tuple>
 
 namespace lineara {
 namespace {
@@ -36,6 +38,14 @@ void dropRepeated(std::vector<Wish>& wishes, PairOf pairOf)
             wishes[kept++] = wishes[i];
     }
     wishes.resize(kept);
+}
+
+/// Unless the FAMC line says otherwise.
+bool isByBirth(const GedcomTree& tree, NodeIndex line)
+{
+    const auto pedigree = tree.child(line, "PEDI");
+    const QString word = pedigree ? tree.text(*pedigree).trimmed() : QString();
+    return word.isEmpty() || word.compare(QStringLiteral("birth"), Qt::CaseInsensitive) == 0;
 }
 
 } // namespace
@@ -116,7 +126,7 @@ private:
         }
         ledger_.take(line);
         for (const PersonIndex parent : spouses)
-            families_.wishes_.offspring.push_back({parent, *person, tree_[line].line.number});
+            families_.wishes_.offspring.push_back({parent, *person, tree_[line].line.number, family});
     }
 
     GedcomFamilies& families_;
@@ -138,13 +148,53 @@ GedcomFamilies GedcomFamilies::read(const GedcomRecords& records, const GedcomPe
         reader.read(index);
     }
     dropRepeated(families.wishes_.partners, [](const auto& wish) { return std::minmax(wish.first, wish.second); });
-    dropRepeated(families.wishes_.offspring, [](const auto& wish) { return std::pair{wish.parent, wish.child}; });
     families.spouses_.finish();
     families.children_.finish();
+    families.findChildrenOfSeveral();
     return families;
 }
 
-void GedcomFamilies::checkClaims(PersonIndex person, const GedcomTree& tree, NodeLedger& ledger) const
+void GedcomFamilies::findChildrenOfSeveral()
+{
+    constexpr RecordIndex none = std::numeric_limits<RecordIndex>::max();
+    std::vector<RecordIndex> firstFamily(persons_.size(), none);
+    isOfSeveral_.resize(persons_.size());
+    for (const auto& wish : wishes_.offspring) {
+        RecordIndex& first = firstFamily[wish.child];
+        if (first == none)
+            first = wish.family;
+        else if (first != wish.family)
+            isOfSeveral_[wish.child] = true;
+    }
+}
+
+/// The wishes for a child take the places that they had, in another order.
+void GedcomFamilies::rankOffspring()
+{
+    using Place = std::tuple<PersonIndex, Rank, std::size_t>;
+    auto& wishes = wishes_.offspring;
+    std::vector<Place> places;
+    for (std::size_t at = 0; at < wishes.size(); ++at) {
+        if (isOfSeveral_[wishes[at].child])
+            places.emplace_back(wishes[at].child, Rank(), at);
+    }
+    std::ranges::sort(places);
+    std::vector<Place> ranked = places;
+    for (auto& [child, rank, at] : ranked) {
+        const auto found = ranks_.find({child, wishes[at].family});
+        rank = found == ranks_.end() ? Rank{Descent::NotNamed, 0} : found->second;
+    }
+    std::ranges::sort(ranked);
+    std::vector<FamilyWishes::Offspring> moved;
+    moved.reserve(ranked.size());
+    for (const auto& [child, rank, at] : ranked)
+        moved.push_back(wishes[at]);
+    for (std::size_t i = 0; i < places.size(); ++i)
+        wishes[std::get<2>(places[i])] = moved[i];
+    dropRepeated(wishes, [](const auto& wish) { return std::pair{wish.parent, wish.child}; });
+}
+
+void GedcomFamilies::checkClaims(PersonIndex person, const GedcomTree& tree, NodeLedger& ledger)
 {
     for (const NodeIndex line : tree.children(0)) {
         const std::string_view tag = tree[line].line.tag;
@@ -154,13 +204,17 @@ void GedcomFamilies::checkClaims(PersonIndex person, const GedcomTree& tree, Nod
 }
 
 void GedcomFamilies::checkClaim(PersonIndex person, const GedcomTree& tree, NodeLedger& ledger, NodeIndex line,
-                                bool isSpouse) const
+                                bool isSpouse)
 {
     const auto family = followPointer(records_, tree, ledger, line, {"FAM"});
     if (!family)
         return;
     if ((isSpouse ? spouses_ : children_).contains(*family, person)) {
         ledger.take(line);
+        if (!isSpouse && isOfSeveral_[person]) {
+            const Descent descent = isByBirth(tree, line) ? Descent::ByBirth : Descent::Otherwise;
+            ranks_.try_emplace({person, *family}, descent, ranks_.size());
+        }
         return;
     }
     const QString role = isSpouse ? ImportTexts::tr("spouse") : ImportTexts::tr("child");

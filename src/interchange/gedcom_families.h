@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -15,7 +16,7 @@ class GedcomPersons;
 class ImportNotes;
 class NodeLedger;
 
-/// The links that the families of a file ask for, in file order, each pair once.
+/// The links that the families of a file ask for, each pair once: in file order, but for children of several families.
 struct FamilyWishes
 {
     struct Partners
@@ -28,6 +29,7 @@ struct FamilyWishes
         engine::PersonIndex parent;
         engine::PersonIndex child;
         std::uint32_t line; ///< of the CHIL that asks for it
+        RecordIndex family;
     };
 
     std::vector<Partners> partners;
@@ -46,8 +48,13 @@ public:
     std::size_t count() const { return count_; }
     const FamilyWishes& wishes() const { return wishes_; }
 
-    /// Accounts for the pointers to families in the record of a person.
-    void checkClaims(engine::PersonIndex person, const GedcomTree& tree, NodeLedger& ledger) const;
+    /// Accounts for the pointers to families in the record of a person. One person after the other, in file order.
+    void checkClaims(engine::PersonIndex person, const GedcomTree& tree, NodeLedger& ledger);
+
+    /// Afterwards: the wishes for a child of several families, who can have two parents only, in the order in which
+    /// they count. Families by birth come first, in the order in which the child names them, then those that it does
+    /// not name, then others (by adoption, for example).
+    void rankOffspring();
 
 private:
     class Reader;
@@ -66,7 +73,17 @@ private:
 
     GedcomFamilies(const GedcomRecords& records, const GedcomPersons& persons) : records_(records), persons_(persons) {}
     void checkClaim(engine::PersonIndex person, const GedcomTree& tree, NodeLedger& ledger, NodeIndex line,
-                    bool isSpouse) const;
+                    bool isSpouse);
+    void findChildrenOfSeveral();
+
+    enum class Descent : std::uint8_t
+    {
+        ByBirth,
+        NotNamed,
+        Otherwise
+    };
+    /// The smaller the earlier.
+    using Rank = std::pair<Descent, std::size_t>;
 
     const GedcomRecords& records_;
     const GedcomPersons& persons_;
@@ -74,6 +91,8 @@ private:
     FamilyWishes wishes_;
     Membership spouses_;
     Membership children_;
+    std::vector<bool> isOfSeveral_;                                     ///< by person: several families name the child
+    std::map<std::pair<engine::PersonIndex, RecordIndex>, Rank> ranks_; ///< of those that such a child names
 };
 
 } // namespace lineara

@@ -46,7 +46,7 @@ public:
           ledger_(tree_, notes)
     {}
 
-    void readPersons(const GedcomFamilies& families, FamilyAssembly& assembly, const Progress& progress)
+    void readPersons(GedcomFamilies& families, FamilyAssembly& assembly, const Progress& progress)
     {
         for (engine::PersonIndex person = 0; person < persons_.size(); ++person) {
             if (!progress.goesOn(person, persons_.size()))
@@ -112,7 +112,7 @@ Outcome<ImportedFamily> importText(const GedcomText& text, const ImportFrame& fr
 {
     const auto records = GedcomRecords::read(text.view(), progress.stage(0, 0.1));
     RecordsImport import(records, frame.media, notes);
-    const auto families = GedcomFamilies::read(records, import.persons(), notes, progress.stage(0.1, 0.25));
+    auto families = GedcomFamilies::read(records, import.persons(), notes, progress.stage(0.1, 0.25));
     FamilyAssembly assembly(frame.uuid, import.persons().size());
     import.readPersons(families, assembly, progress.stage(0.25, 0.65));
     import.readOthers(progress.stage(0.65, 0.7));
@@ -120,6 +120,7 @@ Outcome<ImportedFamily> importText(const GedcomText& text, const ImportFrame& fr
         return stoppedImport(frame.name);
 
     ImportedFamily family;
+    families.rankOffspring();
     assembly.addPartners(families.wishes());
     family.report.offspringLinks = assembly.addOffspring(families.wishes(), import.persons(), records, notes);
     if (frame.keepsRecords)

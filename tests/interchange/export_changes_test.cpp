@@ -250,6 +250,39 @@ TEST_F(Changed, NewParentsAndGrandparents)
     EXPECT_EQ(changes().size(), 11U);
 }
 
+/// Adopted by the one, the child of two others.
+class Adopted : public testing::Test
+{
+protected:
+    const QByteArray text = QByteArray(head) +
+                            "0 @I1@ INDI\n1 NAME Carer\n1 FAMS @F1@\n0 @I2@ INDI\n1 NAME Father\n1 FAMS @F2@\n"
+                            "0 @I3@ INDI\n1 NAME Mother\n1 FAMS @F2@\n0 @I4@ INDI\n1 NAME Kid\n1 FAMC @F2@\n"
+                            "2 PEDI birth\n1 FAMC @F1@\n2 PEDI adopted\n0 @F1@ FAM\n1 HUSB @I1@\n1 CHIL @I4@\n"
+                            "0 @F2@ FAM\n1 HUSB @I2@\n1 WIFE @I3@\n1 CHIL @I4@\n0 TRLR\n";
+    ImportedFamily read = imported(text);
+
+    std::vector<std::string> changes()
+    {
+        const QByteArray after = exported(*read.context);
+        EXPECT_EQ(familyText(*imported(after).context), familyText(*read.context));
+        return difference(text, after);
+    }
+};
+
+TEST_F(Adopted, StaysWithTheOthersWhenTheCarerIsRemoved)
+{
+    read.context->remove(member(read, 0));
+    EXPECT_THAT(changes(), ElementsAre("-0 @I1@ INDI", "-1 NAME Carer", "-1 FAMS @F1@", "-1 FAMC @F1@",
+                                       "-2 PEDI adopted", "-0 @F1@ FAM", "-1 HUSB @I1@", "-1 CHIL @I4@"));
+}
+
+TEST_F(Adopted, StillSaysSoWhenAParentIsRemoved)
+{
+    read.context->remove(member(read, 1));
+    EXPECT_THAT(changes(),
+                ElementsAre("-0 @I2@ INDI", "-1 NAME Father", "-1 FAMS @F2@", "-1 CHIL @I4@", "-1 HUSB @I2@"));
+}
+
 TEST(ChangedHalfFamily, TakesUpTheOtherParent)
 {
     const QByteArray text = QByteArray(head) + "0 @I1@ INDI\n1 SEX F\n1 FAMS @F1@\n0 @I2@ INDI\n1 FAMC @F1@\n"

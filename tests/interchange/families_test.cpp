@@ -48,6 +48,46 @@ TEST(ImportedFamilies, AThirdParentIsRefusedAndToldByName)
     EXPECT_EQ(notesOf(family), "line 16: FAM.CHIL \"@D@\" was refused: C would be a third parent of D");
 }
 
+TEST(ImportedFamilies, ParentsByBirthComeBeforeOthers)
+{
+    const QByteArray families = "0 @F1@ FAM\n1 HUSB @A@\n1 CHIL @D@\n0 @F2@ FAM\n1 HUSB @B@\n1 WIFE @C@\n1 CHIL @D@\n";
+    const auto parents = [&](const QByteArray& claims) {
+        return names(member(imported(persons("ABCD") + claims + families), 3).parents());
+    };
+    EXPECT_EQ(parents("1 FAMC @F1@\n2 PEDI adopted\n1 FAMC @F2@\n2 PEDI birth\n"), "B C");
+    EXPECT_EQ(parents("1 FAMC @F1@\n2 PEDI FOSTER\n1 FAMC @F2@\n"), "B C");
+    EXPECT_EQ(parents("1 FAMC @F1@\n2 PEDI adopted\n"), "B C");
+    EXPECT_EQ(parents("1 FAMC @F1@\n2 PEDI Birth\n1 FAMC @F2@\n"), "A B");
+    EXPECT_EQ(parents("1 FAMC @F2@\n2 PEDI adopted\n"), "A B");
+}
+
+TEST(ImportedFamilies, OfSeveralFamiliesTheFirstThatTheChildNamesCounts)
+{
+    const QByteArray families = "0 @F1@ FAM\n1 HUSB @A@\n1 CHIL @D@\n0 @F2@ FAM\n1 HUSB @B@\n1 WIFE @C@\n1 CHIL @D@\n";
+    const auto named = imported(persons("ABCD") + "1 FAMC @F2@\n1 FAMC @F1@\n" + families);
+    EXPECT_EQ(names(member(named, 3).parents()), "B C");
+    EXPECT_EQ(notesOf(named), "line 13: FAM.CHIL \"@D@\" was refused: A would be a third parent of D");
+    EXPECT_EQ(names(member(imported(persons("ABCD") + families), 3).parents()), "A B");
+}
+
+TEST(ImportedFamilies, AParentInBothFamiliesCountsWithTheBetterOne)
+{
+    const auto family = imported(persons("ABCD") + "1 FAMC @F2@\n0 @F1@ FAM\n1 WIFE @B@\n1 HUSB @A@\n1 CHIL @D@\n"
+                                                   "0 @F2@ FAM\n1 HUSB @A@\n1 WIFE @C@\n1 CHIL @D@\n");
+    EXPECT_EQ(names(member(family, 3).parents()), "A C");
+    EXPECT_EQ(family.report.offspringLinks, 2u);
+    EXPECT_EQ(family.report.refusedLinks, 1u);
+}
+
+TEST(ImportedFamilies, ChildrenKeepTheirOrderWhateverTheyClaim)
+{
+    const auto family = imported(persons("AB") + "0 @C@ INDI\n1 NAME C\n1 FAMC @F2@\n1 FAMC @F1@\n" + persons("DE") +
+                                 "0 @F1@ FAM\n1 HUSB @A@\n1 CHIL @C@\n0 @F2@ FAM\n1 HUSB @B@\n1 CHIL @D@\n1 CHIL @C@\n"
+                                 "1 CHIL @E@\n");
+    EXPECT_EQ(names(member(family, 1).children()), "D C E");
+    EXPECT_EQ(names(member(family, 2).parents()), "A B");
+}
+
 TEST(ImportedFamilies, ACycleIsRefusedInFileOrder)
 {
     const auto family =
