@@ -334,6 +334,20 @@ void GedcomChanges::finish()
     for (auto& [record, lines] : edited_)
         texts_[record] = lines.result();
     edited_.clear();
+    if (dialect_ == GedcomDialect::Seven && kept_.dialect() == GedcomDialect::Five)
+        renameForSeven();
+}
+
+void GedcomChanges::renameForSeven()
+{
+    for (std::size_t record = 0; record < kept_.size(); ++record) {
+        const std::string_view text = textOf(record);
+        if (text.find('@') == std::string_view::npos)
+            continue;
+        if (std::string renamed = xrefs_.inSeven(text); renamed != text)
+            texts_[record] = std::move(renamed);
+    }
+    new_ = xrefs_.inSeven(new_);
 }
 
 void GedcomChanges::writeNewPersons()

@@ -55,6 +55,7 @@ private:
     bool leadsNowhere(std::size_t record) const;
     EditedRecord& edit(std::size_t record);
     void writeNewPersons();
+    void renameForSeven();
 
     const FamilyContent& family_;
     const ExportGraph& graph_;

@@ -1,12 +1,37 @@
 #include "gedcom_export_xrefs.h"
 
+#include "gedcom_pointer.h"
+
+#include <algorithm>
+
 namespace lineara {
+
+namespace {
+
+bool isAllowedInSeven(char c)
+{
+    return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+}
+
+std::string allowedInSeven(std::string_view xref)
+{
+    std::string allowed;
+    for (const char c : xref) {
+        const bool isLower = c >= 'a' && c <= 'z';
+        const bool goesOn = (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; // within a character of UTF-8
+        if (isLower)
+            allowed += static_cast<char>(c - 'a' + 'A');
+        else if (!goesOn)
+            allowed += isAllowedInSeven(c) ? c : '_';
+    }
+    return allowed;
+}
+
+} // namespace
 
 std::string ExportXrefs::take(const std::string& wish)
 {
-    if (!isRead_)
-        readUsed();
-    isRead_ = true;
+    readUsed();
     // What is between two @ signs may have 20 characters.
     constexpr std::size_t longest = 20;
     std::string xref = wish.size() <= longest ? wish : numberedXref(wish.front(), 1);
@@ -18,6 +43,8 @@ std::string ExportXrefs::take(const std::string& wish)
 /// Everything between two @ signs of a line: pointers that lead nowhere must not come to lead to a new record.
 void ExportXrefs::readUsed()
 {
+    if (std::exchange(isRead_, true))
+        return;
     for (std::size_t record = 0; record < kept_.size(); ++record) {
         const std::string_view text = kept_[record].text;
         for (auto open = text.find('@'); open != std::string_view::npos;) {
@@ -29,6 +56,41 @@ void ExportXrefs::readUsed()
             open = text[close] == '@' ? close : text.find('@', close);
         }
     }
+}
+
+std::string ExportXrefs::inSeven(std::string_view lines)
+{
+    std::string out;
+    while (!lines.empty()) {
+        const auto length = std::min(lines.find('\n'), lines.size());
+        const auto raw = lines.substr(0, length);
+        const auto line = raw.find('@') == std::string_view::npos ? std::nullopt : GedcomLineReader(raw).next();
+        const bool isPointer = line && line->isPointer && !isContinuation(line->tag);
+        auto rest = raw;
+        for (const auto xref : {line ? line->xref : std::string_view(), isPointer ? line->value : std::string_view()}) {
+            if (xref.empty() || std::ranges::all_of(xref, isAllowedInSeven))
+                continue;
+            const auto at = static_cast<std::size_t>(xref.data() - rest.data());
+            out.append(rest.substr(0, at)).append(inSevenXref(xref));
+            rest.remove_prefix(at + xref.size());
+        }
+        out.append(rest).append(1, '\n');
+        lines.remove_prefix(std::min(length + 1, lines.size()));
+    }
+    return out;
+}
+
+const std::string& ExportXrefs::inSevenXref(std::string_view xref)
+{
+    const auto [found, isNew] = renamed_.try_emplace(std::string(xref));
+    if (!isNew)
+        return found->second;
+    readUsed();
+    const std::string wish = allowedInSeven(xref);
+    std::string name = wish;
+    for (std::uint64_t number = 2; name == pointsAtNobody || !used_.insert(name).second; ++number)
+        name = wish + '_' + std::to_string(number);
+    return found->second = std::move(name);
 }
 
 } // namespace lineara

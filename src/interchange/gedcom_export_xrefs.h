@@ -3,6 +3,7 @@
 #include "gedcom_export_kept.h"
 
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace lineara {
@@ -16,11 +17,16 @@ public:
     /// The wish, or its letter with the first number that is free.
     std::string take(const std::string& wish);
 
+    /// The records' lines with cross-references as 7.0 allows them: of upper case letters, digits and underscores.
+    std::string inSeven(std::string_view lines);
+
 private:
     void readUsed();
+    const std::string& inSevenXref(std::string_view xref);
 
     const KeptRecords& kept_;
     std::unordered_set<std::string> used_;
+    std::unordered_map<std::string, std::string> renamed_;
     bool isRead_ = false;
 };
 

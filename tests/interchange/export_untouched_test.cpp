@@ -84,6 +84,34 @@ TEST(UntouchedIn7, DiffersOnlyInWhatHasOtherNamesThere)
                             "+0 @N1@ SNOTE one", "+1 CONT two"));
 }
 
+TEST(UntouchedIn7, CrossReferencesAreWrittenAs7Allows)
+{
+    const QByteArray text = "0 HEAD\n1 GEDC\n2 VERS 5.5.1\n2 FORM LINEAGE-LINKED\n1 SUBM @sub 1@\n"
+                            "0 @i-1@ INDI\n1 NAME Ada\n1 FAMS @F1@\n1 ASSO @I-1@\n1 NOTE @void@\n1 SOUR @s\xC3\xA4@\n"
+                            "0 @I-1@ INDI\n1 NAME @I 1@\n1 FAMC @F1@\n0 @I_1@ INDI\n1 EMAIL i-1@@home\n"
+                            "0 @void@ NOTE nothing\n0 @F1@ FAM\n1 WIFE @i-1@\n1 CHIL @I-1@\n0 @sub 1@ SUBM\n0 TRLR\n";
+    const auto family = imported(text);
+    const QByteArray seven = exported(*family.context, GedcomFormat::Gedcom70);
+    EXPECT_THAT(difference(text, seven),
+                ElementsAre("-2 VERS 5.5.1", "-2 FORM LINEAGE-LINKED", "-1 SUBM @sub 1@", "-0 @i-1@ INDI",
+                            "+2 VERS 7.0", "+1 SUBM @SUB_1@", "+0 @I_1_2@ INDI", "-1 ASSO @I-1@", "-1 NOTE @void@",
+                            "-1 SOUR @s\xC3\xA4@", "-0 @I-1@ INDI", "-1 NAME @I 1@", "+1 ASSO @I_1_3@",
+                            "+1 SNOTE @VOID_2@", "+1 SOUR @S_@", "+0 @I_1_3@ INDI", "+1 NAME @I_1_4@",
+                            "-1 EMAIL i-1@@home", "-0 @void@ NOTE nothing", "+1 EMAIL i-1@home",
+                            "+0 @VOID_2@ SNOTE nothing", "-1 WIFE @i-1@", "-1 CHIL @I-1@", "-0 @sub 1@ SUBM",
+                            "+1 WIFE @I_1_2@", "+1 CHIL @I_1_3@", "+0 @SUB_1@ SUBM"));
+    EXPECT_EQ(familyText(*imported(seven).context), familyText(*family.context));
+}
+
+TEST(UntouchedIn7, NewFamiliesNameThePersonsAsTheyAreCalledThere)
+{
+    const auto family = imported("0 HEAD\n1 GEDC\n2 VERS 5.5.1\n0 @i1@ INDI\n0 @i2@ INDI\n0 TRLR\n");
+    member(family, 0).addPartner(member(family, 1));
+    const QByteArray seven = exported(*family.context, GedcomFormat::Gedcom70);
+    EXPECT_TRUE(seven.contains("1 HUSB @I1@\n1 WIFE @I2@\n"));
+    EXPECT_EQ(familyText(*imported(seven).context), familyText(*family.context));
+}
+
 TEST(UntouchedOf7, ComesBackIn7AndIsRenamedIn551)
 {
     const QByteArray text = "0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @I1@ INDI\n1 NAME Ada /Oak/\n1 EMAIL @@ada@oak\n"
