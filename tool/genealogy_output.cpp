@@ -1,6 +1,7 @@
 #include "genealogy_output.h"
 
 #include "interchange/gedcom_export.h"
+#include "messages.h"
 #include "store/family_content.h"
 
 namespace lineara::tool {
@@ -22,7 +23,13 @@ bool isGenealogyName(const QString& name)
 Outcome<Done> saveGenealogy(const ObjectContext& family, const QString& path, bool asGedcom7)
 {
     const GedcomFormat text = asGedcom7 ? GedcomFormat::Gedcom70 : GedcomFormat::Gedcom551;
-    return exportGedcomFile(FamilyContent(family), path, isGedzipName(path) ? GedcomFormat::Gedzip : text, {});
+    const auto exported =
+        exportGedcomFile(FamilyContent(family), path, isGedzipName(path) ? GedcomFormat::Gedzip : text, {});
+    if (exported.failed())
+        return exported.failure();
+    for (const QString& line : exportSummary(exported.value()).split(u'\n', Qt::SkipEmptyParts))
+        tell(line);
+    return Done{};
 }
 
 } // namespace lineara::tool

@@ -19,6 +19,20 @@ QString summary(const ImportReport& report)
                .arg(report.unreadableLines);
 }
 
+QStringList notKept(const ImportReport& report)
+{
+    QStringList sentences;
+    for (const QString& file : report.leftFiles)
+        sentences << u"“%1” of the archive is not kept"_qs.arg(file);
+    return sentences;
+}
+
+QString leftInSum(const ImportReport& report)
+{
+    return report.leftFiles.isEmpty() ? QString()
+                                      : u"; %1 files of the archive not kept"_qs.arg(report.leftFiles.size());
+}
+
 void tellAll(const QStringList& sentences)
 {
     for (const QString& sentence : sentences)
@@ -50,8 +64,8 @@ Outcome<OpenedFamily> openTold(const QString& path, bool tellNotes)
     tellAll(opened.value().repairs);
     if (const auto& report = opened.value().importReport) {
         if (tellNotes)
-            tellAll(report->notes);
-        tell(summary(*report));
+            tellAll(report->notes + notKept(*report));
+        tell(summary(*report) + leftInSum(*report));
     }
     if (tellNotes) {
         const auto lines = log.text();

@@ -123,8 +123,9 @@ void exportTo(Document& document, const QString& path, GedcomFormat format)
                            .arg(reached.fileName()));
         return;
     }
-    const auto write = [path, format](const FamilyContent& family, const Progress& progress) {
-        return exportGedcomFile(family, path, format, progress);
+    const auto write = [path, format](const FamilyContent& family, const Progress& progress) -> Outcome<Done> {
+        const auto exported = exportGedcomFile(family, path, format, progress);
+        return exported.failed() ? Outcome<Done>(exported.failure()) : Done{};
     };
     document.exportFamily(ExportingTexts::tr("Exporting “%1”…").arg(file.fileName()), write,
                           [&document](const Outcome<Done>& written) {

@@ -24,6 +24,9 @@ QString inOneLine(const ImportReport& report)
         summary += QLatin1Char(' ') + ReportTexts::tr("Links refused: %1.").arg(report.refusedLinks);
     if (report.unreadableLines > 0)
         summary += QLatin1Char(' ') + ReportTexts::tr("Lines that can't be read: %1.").arg(report.unreadableLines);
+    if (!report.leftFiles.isEmpty())
+        summary += QLatin1Char(' ') +
+                   ReportTexts::tr("Files of the archive that are not kept: %1.").arg(report.leftFiles.size());
     return summary;
 }
 

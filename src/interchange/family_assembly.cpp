@@ -45,23 +45,28 @@ FamilyAssembly::FamilyAssembly(const QUuid& uuid, std::size_t persons)
     persons_.reserve(persons);
 }
 
-void FamilyAssembly::addPerson(PersonValues values, QByteArray picture)
+void FamilyAssembly::addPerson(PersonValues values, PictureReading picture)
 {
+    if (picture.taken)
+        takenPictures_.emplace(static_cast<engine::PersonIndex>(persons_.size()), std::move(picture.taken));
     Person& person = context_->insertPerson(std::move(values));
-    if (!picture.isNull())
-        person.changePic(std::move(picture));
+    if (!picture.bytes.isNull())
+        person.changePic(std::move(picture.bytes));
     pool_.addPerson(person);
     persons_.push_back(&person);
 }
 
-void FamilyAssembly::addPartners(const FamilyWishes& wishes)
+void FamilyAssembly::addPartners(const FamilyWishes& wishes, const Progress& progress)
 {
-    for (const auto& couple : wishes.partners)
-        persons_[couple.first]->addPartner(*persons_[couple.second]);
+    for (std::size_t couple = 0; couple < wishes.partners.size(); ++couple) {
+        if (!progress.goesOn(couple, wishes.partners.size()))
+            return;
+        persons_[wishes.partners[couple].first]->addPartner(*persons_[wishes.partners[couple].second]);
+    }
 }
 
 std::size_t FamilyAssembly::addOffspring(const FamilyWishes& wishes, const GedcomPersons& persons,
-                                         const GedcomRecords& records, ImportNotes& notes)
+                                         const GedcomRecords& records, ImportNotes& notes, const Progress& progress)
 {
     std::vector<engine::OffspringWish> asked;
     asked.reserve(wishes.offspring.size());
@@ -71,7 +76,7 @@ std::size_t FamilyAssembly::addOffspring(const FamilyWishes& wishes, const Gedco
 
     std::vector<FamilyWishes::Offspring> granted;
     granted.reserve(verdicts.size());
-    for (std::size_t i = 0; i < verdicts.size(); ++i) {
+    for (std::size_t i = 0; i < verdicts.size() && progress.goesOn(i, verdicts.size()); ++i) {
         const auto& [parent, child, line, family] = wishes.offspring[i];
         if (verdicts[i] == engine::LinkVerdict::Allowed) {
             granted.push_back(wishes.offspring[i]);
@@ -107,8 +112,12 @@ void FamilyAssembly::keep(const GedcomRecords& records, const GedcomPersons& per
         if (index > 0 && origin.dangling.isEmpty())
             origin.dangling = QByteArray();
         SourceRecord& source = context_->insertSource(std::move(origin), std::move(kept));
-        if (const auto person = persons.of(index))
-            persons_[*person]->setSource(source);
+        const auto person = persons.of(index);
+        if (!person)
+            continue;
+        persons_[*person]->setSource(source);
+        if (const auto taken = takenPictures_.find(*person); taken != takenPictures_.end())
+            source.setTakenPicture(taken->second);
     }
 }
 

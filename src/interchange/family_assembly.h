@@ -2,6 +2,7 @@
 
 #include "gedcom_families.h"
 #include "gedcom_persons.h"
+#include "person_pictures.h"
 
 #include "model/object_context.h"
 
@@ -10,6 +11,7 @@
 
 #include <memory>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 namespace lineara {
@@ -22,14 +24,15 @@ class FamilyAssembly
 public:
     FamilyAssembly(const QUuid& uuid, std::size_t persons);
 
-    /// The next person of the file, who joins the family's one pool. A null picture is none.
-    void addPerson(PersonValues values, QByteArray picture);
+    /// The next person of the file, who joins the family's one pool.
+    void addPerson(PersonValues values, PictureReading picture);
 
-    void addPartners(const FamilyWishes& wishes);
+    /// Not all if the progress is stopped meanwhile.
+    void addPartners(const FamilyWishes& wishes, const Progress& progress);
 
-    /// Returns the number of links made; the others are told.
+    /// Returns the number of links made; the others are told. Not all if the progress is stopped meanwhile.
     std::size_t addOffspring(const FamilyWishes& wishes, const GedcomPersons& persons, const GedcomRecords& records,
-                             ImportNotes& notes);
+                             ImportNotes& notes, const Progress& progress);
 
     /// Keeps every record of the file whole; `file` is how it is called. Not all if the progress is stopped meanwhile.
     void keep(const GedcomRecords& records, const GedcomPersons& persons, const QString& file,
@@ -47,6 +50,7 @@ private:
     std::optional<Journal::Pause> pause_;
     Pool& pool_;
     std::vector<Person*> persons_;
+    std::unordered_map<engine::PersonIndex, std::shared_ptr<const TakenPicture>> takenPictures_;
 };
 
 } // namespace lineara

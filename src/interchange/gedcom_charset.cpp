@@ -93,7 +93,7 @@ struct Decoded
 };
 
 /// A text of bytes that stand for themselves, or for parts of UTF-8.
-Decoded readBytes(QByteArray bytes, std::string_view text)
+Decoded readBytes(QByteArray bytes, std::string_view text, const Progress& progress)
 {
     const auto removeMark = [&] { return bytes.remove(0, static_cast<qsizetype>(viewOf(bytes).size() - text.size())); };
     if (isAscii(text))
@@ -105,7 +105,7 @@ Decoded readBytes(QByteArray bytes, std::string_view text)
     if ((isMarked || !declaredPage(declaration)) && fitOfUtf8(text) > 0)
         return {{mendedUtf8(text), QStringLiteral("UTF-8"), {}}, true};
     const CodePage page = bestPage(declaredPage(declaration), text);
-    return {{utf8FromPage(page, text), pageName(page), {}}, true};
+    return {{utf8FromPage(page, text, progress), pageName(page), {}}, true};
 }
 
 bool agrees(const QString& charset, std::string_view declaration)
@@ -135,19 +135,25 @@ void account(const GedcomText& text, bool mayHaveLost, ImportNotes& notes)
 
 } // namespace
 
-Outcome<GedcomText> gedcomText(QByteArray bytes, const QString& name, ImportNotes& notes)
+Outcome<GedcomText> gedcomText(QByteArray bytes, const QString& name, ImportNotes& notes, const Progress& progress)
 {
+    constexpr double decodedPart = 0.7;
+    const Progress decoding = progress.stage(0, decodedPart);
     const Utf16 utf16 = utf16Of(viewOf(bytes));
     Decoded decoded;
     if (utf16 != Utf16::No) {
-        decoded = {{utf8FromUtf16(viewOf(bytes), utf16 == Utf16::BigEndian), QStringLiteral("UTF-16"), {}}, true};
+        decoded.text.utf8 = utf8FromUtf16(viewOf(bytes), utf16 == Utf16::BigEndian, decoding);
+        decoded.text.charset = QStringLiteral("UTF-16");
+        decoded.mayHaveLost = true;
         bytes.clear();
     } else {
         auto plain = viewOf(bytes);
         if (plain.starts_with(utf8Mark))
             plain.remove_prefix(utf8Mark.size());
-        decoded = readBytes(std::move(bytes), plain);
+        decoded = readBytes(std::move(bytes), plain, decoding);
     }
+    if (!progress.goesOn(decodedPart))
+        return stoppedImport(name);
     GedcomText& text = decoded.text;
     if (text.utf8.isEmpty())
         return importFailure(name, ImportTexts::tr("the file is empty."));
@@ -155,6 +161,8 @@ Outcome<GedcomText> gedcomText(QByteArray bytes, const QString& name, ImportNote
     const auto declaration = declarationIn(text.view());
     text.declared = QString::fromUtf8(declaration.data(), static_cast<qsizetype>(declaration.size())).trimmed();
     account(text, decoded.mayHaveLost, notes);
+    if (!progress.goesOn((1 + decodedPart) / 2))
+        return stoppedImport(name);
 
     std::vector<std::uint32_t> changed;
     text.utf8 = withoutUnwritable(std::move(text.utf8), changed);

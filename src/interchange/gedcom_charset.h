@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/outcome.h"
+#include "platform/progress.h"
 
 #include <QByteArray>
 #include <QString>
@@ -24,7 +25,8 @@ struct GedcomText
 
 /// Reads UTF-8, UTF-16 of either byte order, ANSEL, Windows-1252, Latin-1, the character sets of DOS (437, 850) and
 /// Macintosh. What a file says about its character set is believed as far as its bytes agree; otherwise the one that
-/// they fit best is taken, and that is told.
-Outcome<GedcomText> gedcomText(QByteArray bytes, const QString& name, ImportNotes& notes);
+/// they fit best is taken, and that is told. Fails for an empty text, and if it is stopped.
+Outcome<GedcomText> gedcomText(QByteArray bytes, const QString& name, ImportNotes& notes,
+                               const Progress& progress = {});
 
 } // namespace lineara

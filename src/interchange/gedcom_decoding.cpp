@@ -82,12 +82,13 @@ bool isSurelyWritable(std::string_view text)
 
 } // namespace
 
-QByteArray utf8FromPage(CodePage page, std::string_view text)
+QByteArray utf8FromPage(CodePage page, std::string_view text, const Progress& progress)
 {
     QByteArray utf8;
     const auto size = static_cast<qsizetype>(text.size());
     utf8.reserve(size + size / 16);
-    while (!text.empty()) {
+    const std::size_t whole = text.size();
+    for (std::size_t run = 0; !text.empty() && progress.goesOn(run, whole - text.size(), whole); ++run) {
         const auto plain = static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isPlain) - text.begin());
         append(utf8, text.substr(0, plain));
         text.remove_prefix(plain);
@@ -103,14 +104,15 @@ QByteArray utf8FromPage(CodePage page, std::string_view text)
     return utf8;
 }
 
-QByteArray utf8FromUtf16(std::string_view text, bool isBigEndian)
+QByteArray utf8FromUtf16(std::string_view text, bool isBigEndian, const Progress& progress)
 {
     // Piece by piece: a whole second copy in between would be the largest thing in memory.
     constexpr std::size_t pieceSize = std::size_t{4} * 1024 * 1024;
     QStringDecoder decoder(isBigEndian ? QStringConverter::Utf16BE : QStringConverter::Utf16LE);
     QByteArray utf8;
     utf8.reserve(static_cast<qsizetype>(text.size() / 2));
-    while (!text.empty()) {
+    const auto whole = static_cast<double>(text.size());
+    while (!text.empty() && progress.goesOn(1 - static_cast<double>(text.size()) / whole)) {
         const auto piece = text.substr(0, pieceSize);
         const QString decoded = decoder(QByteArrayView(piece.data(), static_cast<qsizetype>(piece.size())));
         utf8 += decoded.toUtf8();

@@ -2,6 +2,8 @@
 
 #include "gedcom_codepages.h"
 
+#include "platform/progress.h"
+
 #include <QByteArray>
 
 #include <cstdint>
@@ -12,10 +14,11 @@ namespace lineara {
 
 /// UTF-8 of a text in a character set of one byte a character. Marks of ANSEL come to stand after their letter and are
 /// composed with it where Unicode has both as one. Bytes without a character become U+FFFD.
-QByteArray utf8FromPage(CodePage page, std::string_view text);
+/// Not all if the progress is stopped.
+QByteArray utf8FromPage(CodePage page, std::string_view text, const Progress& progress = {});
 
-/// UTF-8 of a text in UTF-16; what is no character becomes U+FFFD.
-QByteArray utf8FromUtf16(std::string_view text, bool isBigEndian);
+/// UTF-8 of a text in UTF-16; what is no character becomes U+FFFD. Not all if the progress is stopped.
+QByteArray utf8FromUtf16(std::string_view text, bool isBigEndian, const Progress& progress = {});
 
 /// UTF-8 of a text that is UTF-8 but for some bytes, which become U+FFFD.
 QByteArray mendedUtf8(std::string_view text);

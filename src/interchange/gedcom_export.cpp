@@ -3,15 +3,21 @@
 #include "gedcom_export_changes.h"
 #include "gedcom_export_dialect.h"
 #include "gedcom_export_pictures.h"
+#include "gedzip_writing.h"
 #include "import_texts.h"
+#include "media_files.h"
 #include "store/atomic_file.h"
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace lineara {
 namespace {
 
-constexpr double foundPart = 0.8;
+constexpr double foundPart = 0.7;
+constexpr double lookedPart = 0.75;
+constexpr double textPart = 0.9;
 
 GedcomDialect dialectOf(GedcomFormat format)
 {
@@ -125,35 +131,90 @@ Failure stoppedExport()
     return Failure{ImportTexts::tr("The export was stopped.")};
 }
 
-} // namespace
+/// An export before it is put into its file.
+struct Genealogy
+{
+    QByteArray bytes;
+    ExportReport report;
+};
 
-Outcome<QByteArray> gedcomOf(const FamilyContent& family, GedcomFormat format, const Progress& progress)
+/// `isThere` tells of files beside a genealogy that is no archive.
+Outcome<Genealogy> genealogyOf(const FamilyContent& family, GedcomFormat format, const IsFileThere& isThere,
+                               const Progress& progress)
 {
     const GedcomDialect dialect = dialectOf(format);
+    const bool isArchive = format == GedcomFormat::Gedzip;
     const ExportGraph graph(family);
     const KeptRecords kept(family, graph);
     GedcomChanges changes(family, graph, kept, dialect);
     if (auto found = changes.find(progress.stage(0, foundPart)); found.failed())
         return progress.isStopped() ? stoppedExport() : found.failure();
-    const ArchiveFiles files = format == GedcomFormat::Gedzip ? exportPictures(family, kept, changes) : ArchiveFiles();
+    const auto pictures = isArchive ? exportPictures(family, kept, changes, progress)
+                                    : leavePictures(family, kept, changes, isThere, progress);
     changes.finish();
-    QByteArray text = GenealogyText(kept, changes, dialect).text(progress.stage(foundPart, 1));
+    Genealogy genealogy;
+    genealogy.report.picturesLeftOut = pictures.leftOut;
+    const auto isInArchive = [&pictures](const QString& name) {
+        return std::ranges::any_of(placesInArchive(name),
+                                   [&](const QString& place) { return pictures.files.contains(place.toStdString()); });
+    };
+    genealogy.report.missingFiles =
+        missingFiles(kept, changes, isArchive ? isInArchive : isThere, progress.stage(foundPart, lookedPart));
+    genealogy.bytes = GenealogyText(kept, changes, dialect).text(progress.stage(lookedPart, isArchive ? textPart : 1));
+    if (progress.isStopped())
+        return stoppedExport();
+    if (isArchive) {
+        auto archive = gedzipOf(genealogy.bytes, pictures.files, progress.stage(textPart, 1));
+        if (archive.failed())
+            return progress.isStopped() ? stoppedExport() : archive.failure();
+        genealogy.bytes = std::move(archive.value());
+    }
     if (!progress.goesOn(1))
         return stoppedExport();
-    return format == GedcomFormat::Gedzip ? gedzipOf(text, files) : Outcome<QByteArray>(std::move(text));
+    return genealogy;
 }
 
-Outcome<Done> exportGedcomFile(const FamilyContent& family, const QString& path, GedcomFormat format,
-                               const Progress& progress)
+/// Hands the bytes on in pieces; false if it is stopped meanwhile.
+bool handOver(const QByteArray& bytes, const store::ByteSink& sink, const Progress& progress)
 {
-    const auto genealogy = gedcomOf(family, format, progress);
+    constexpr qsizetype pieceSize = qsizetype{1024} * 1024;
+    for (qsizetype at = 0; at < bytes.size(); at += pieceSize) {
+        const auto size = static_cast<std::size_t>(std::min(pieceSize, bytes.size() - at));
+        if (!progress.goesOn(static_cast<double>(at) / static_cast<double>(bytes.size())) ||
+            !sink({bytes.constData() + at, size}))
+            return false;
+    }
+    return progress.goesOn(1);
+}
+
+} // namespace
+
+Outcome<QByteArray> gedcomOf(const FamilyContent& family, GedcomFormat format, const Progress& progress)
+{
+    // Where the text will lie, and what beside it, is not known.
+    auto genealogy = genealogyOf(
+        family, format, [](const QString&) { return true; }, progress);
+    return genealogy.failed() ? Outcome<QByteArray>(genealogy.failure()) : std::move(genealogy.value().bytes);
+}
+
+Outcome<ExportReport> exportGedcomFile(const FamilyContent& family, const QString& path, GedcomFormat format,
+                                       const Progress& progress)
+{
+    constexpr double madePart = 0.9;
+    const auto unable = [&path](const Failure& failure) {
+        return Failure{ImportTexts::tr("“%1” can't be exported: %2").arg(QFileInfo(path).fileName(), failure.message)};
+    };
+    const FolderMediaFiles folder(QFileInfo(path).absolutePath());
+    const auto isBeside = [&folder](const QString& name) { return folder.has(name); };
+    const auto genealogy = genealogyOf(family, format, isBeside, progress.stage(0, madePart));
     if (genealogy.failed())
-        return Failure{
-            ImportTexts::tr("“%1” can't be exported: %2").arg(QFileInfo(path).fileName(), genealogy.failure().message)};
-    const QByteArray& bytes = genealogy.value();
-    return store::replaceFile(path, [&bytes](const store::ByteSink& sink) {
-        return sink({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+        return unable(genealogy.failure());
+    const auto written = store::replaceFile(path, [&](const store::ByteSink& sink) {
+        return handOver(genealogy.value().bytes, sink, progress.stage(madePart, 1));
     });
+    if (written.failed())
+        return progress.isStopped() ? unable(stoppedExport()) : written.failure();
+    return genealogy.value().report;
 }
 
 } // namespace lineara

@@ -27,6 +27,8 @@ public:
     /// Persons, then families, in the dialect that was asked for.
     const std::string& newRecords() const { return new_; }
 
+    /// A kept record that is to be changed. After find(), before finish().
+    EditedRecord& edit(std::size_t record);
     /// Adds a line to the record of a person, kept or new. After find(), before taking texts.
     void addToPerson(ExportPerson person, const std::string& line);
     /// Settles the texts; nothing may be added afterwards.
@@ -53,7 +55,6 @@ private:
     void strikePointers();
     bool leadsNowhere(std::size_t record, const GedcomLine& line) const;
     bool leadsNowhere(std::size_t record) const;
-    EditedRecord& edit(std::size_t record);
     void writeNewPersons();
     void renameForSeven();
 

@@ -1,16 +1,20 @@
 #include "gedcom_export_pictures.h"
 
-#include "import_texts.h"
-
-#include <zip.h>
+#include "archive_names.h"
+#include "media_files.h"
+#include "picture_lines.h"
 
 #include <algorithm>
 #include <array>
-#include <memory>
+#include <set>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace lineara {
 namespace {
+
+using Line = EditedRecord::Line;
 
 struct PictureKind
 {
@@ -35,154 +39,301 @@ const PictureKind& kindOf(const QByteArray& bytes)
     return known == pictureKinds.end() ? unknown : *known;
 }
 
-/// Names that lead out of an archive, or into the web, name nothing in it.
-bool isWithinArchive(const std::string& name)
+/// A picture that a person has now.
+struct HeldPicture
 {
-    const bool isPlain = name.find_first_of(":\\%?#*\n\r") == std::string::npos;
-    return !name.empty() && isPlain && name.front() != '/' && name.back() != '/' && name.front() != '.' &&
-           name.find("/.") == std::string::npos && name != "gedcom.ged";
-}
+    ExportPerson person;
+    RecordId id;
+    const QByteArray* bytes;
+};
 
-class PictureCollector
+/// One that the person's record speaks of.
+struct NamedPicture
+{
+    HeldPicture held;
+    PictureLine line;
+};
+
+/// What became of the pictures since their records were imported.
+struct PictureFates
+{
+    std::vector<NamedPicture> named; ///< the same as then
+    std::vector<HeldPicture> added;
+};
+
+/// Tells the fates, and strikes the lines about pictures that persons have no more.
+class PictureComparison
 {
 public:
-    PictureCollector(const FamilyContent& family, const KeptRecords& kept, GedcomChanges& changes)
+    PictureComparison(const FamilyContent& family, const KeptRecords& kept, GedcomChanges& changes)
         : family_(family), kept_(kept), changes_(changes)
     {}
 
-    ArchiveFiles collect()
+    PictureFates compare(const Progress& progress)
     {
-        const ExportGraph& graph = changes_.graph();
-        for (const auto& pic : family_.pics()) {
-            const auto person = pic.person && pic.data && !pic.data->isEmpty() ? graph.of(*pic.person) : std::nullopt;
-            if (person)
-                add(*person, pic.id, *pic.data);
+        const auto& persons = family_.persons();
+        for (ExportPerson person = 0; person < persons.size() && !progress.isStopped(); ++person)
+            compare(person);
+        strikeUnnamedObjects();
+        return std::move(fates_);
+    }
+
+    /// Leaves out every line by which the record of a person speaks of this file.
+    void strike(std::size_t record, const QString& file)
+    {
+        for (const PictureLine& line : pictureLines(kept_, record)) {
+            if (line.name != file)
+                continue;
+            EditedRecord& lines = changes_.edit(record);
+            const bool isOneOfSeveral = line.record == record && lines.children(line.object, "FILE").size() > 1;
+            lines.strike(isOneOfSeveral ? line.file : line.object);
+            if (line.record != record)
+                struckObjects_.insert(line.record);
         }
-        return std::move(files_);
     }
 
 private:
-    void add(ExportPerson person, RecordId id, const QByteArray& bytes)
+    void compare(ExportPerson person)
     {
-        const auto names = namesFor(person);
-        if (!names.empty() && isWithinArchive(names.front())) {
-            const auto [file, isNew] = files_.try_emplace(names.front(), bytes);
-            if (isNew || file->second == bytes)
-                return;
+        const HeldPicture held = pictureOf(person);
+        const auto record = kept_.recordOf(person);
+        const TakenPicture* const taken = record ? family_.sources()[*record].takenPicture.get() : nullptr;
+        if (!held.bytes && (!taken || taken->file.isEmpty()))
+            return;
+        if (const auto line = held.bytes && record ? lineOf(*record, taken, *held.bytes) : std::nullopt) {
+            fates_.named.push_back({held, *line});
+            return;
         }
-        const PictureKind& kind = kindOf(bytes);
-        std::string name("pictures/");
-        name += numberedXref('p', id.number);
-        name += '.';
-        name += kind.ending;
-        while (!files_.try_emplace(name, bytes).second)
-            name.insert(name.begin() + 9, 'x');
-        const std::string xref = changes_.takeXref(numberedXref('O', id.number));
-        changes_.addRecord(gedcomRecord(xref, "OBJE") +
-                           gedcomLines(1, "FILE", QString::fromStdString(name), GedcomDialect::Seven) +
-                           gedcomLines(2, "FORM", QString::fromLatin1(kind.mediaType), GedcomDialect::Seven));
-        changes_.addToPerson(person, gedcomPointer(1, "OBJE", xref) + (names.empty() ? "" : "2 _PRIM Y\n"));
+        if (taken && !taken->file.isEmpty())
+            strike(*record, taken->file);
+        if (held.bytes)
+            fates_.added.push_back(held);
     }
 
-    /// The files that the person's record names, in order.
-    std::vector<std::string> namesFor(ExportPerson person) const
+    HeldPicture pictureOf(ExportPerson person) const
     {
-        std::vector<std::string> names;
-        const auto at = kept_.recordOf(person);
-        if (!at)
-            return names;
-        const EditedRecord record = kept_.edited(*at);
-        for (const auto line : record.children(0)) {
-            if (record[line].tag != "OBJE" && record[line].tag != "_PHOTO")
-                continue;
-            const auto object = record[line].isPointer ? kept_.target(record[line].value) : std::nullopt;
-            if (object)
-                addNames(kept_.edited(*object), 0, names);
-            else
-                addNames(record, line, names);
-        }
-        return names;
+        const auto id = family_.persons()[person].pic;
+        const auto& pics = family_.pics();
+        const auto numberOf = [](const FamilyContent::PicPart& pic) { return pic.id.number; };
+        const auto found = id ? std::ranges::lower_bound(pics, id->number, {}, numberOf) : pics.end();
+        const bool hasBytes = found != pics.end() && found->id == *id && found->data && !found->data->isEmpty();
+        return {person, id.value_or(RecordId{}), hasBytes ? &*found->data : nullptr};
     }
 
-    static void addNames(const EditedRecord& record, EditedRecord::Line object, std::vector<std::string>& names)
+    /// The line that speaks of the picture. What was taken is not known of records that older versions kept; then it is
+    /// believed to be the first that a record names.
+    std::optional<PictureLine> lineOf(std::size_t record, const TakenPicture* taken, const QByteArray& bytes) const
     {
-        for (const auto file : record.children(object, "FILE"))
-            names.push_back(record.text(file).trimmed().toStdString());
+        if (taken && (taken->file.isEmpty() || (!taken->hash.isEmpty() && taken->hash != hashOf(bytes))))
+            return std::nullopt;
+        const auto lines = pictureLines(kept_, record);
+        const auto found = std::ranges::find_if(
+            lines, [&](const PictureLine& line) { return taken ? line.name == taken->file : line.mayBePicture; });
+        return found == lines.end() ? std::nullopt : std::optional(*found);
+    }
+
+    /// An object that says nothing but the name of its file goes with the last line that pointed at it.
+    void strikeUnnamedObjects()
+    {
+        std::unordered_set<std::string_view> unnamed;
+        for (const std::size_t object : struckObjects_) {
+            if (saysOnlyItsFile(object))
+                unnamed.insert(kept_[object].xref);
+        }
+        for (std::size_t record = 0; record < kept_.size() && !unnamed.empty(); ++record)
+            eraseNamed(record, unnamed);
+        for (const std::string_view xref : unnamed)
+            changes_.edit(*kept_.target(xref)).strike(0);
+    }
+
+    bool saysOnlyItsFile(std::size_t object) const
+    {
+        static constexpr std::array<std::string_view, 10> silent = {"FILE", "FORM", "TYPE", "MEDI", "CHAN",
+                                                                    "DATE", "TIME", "RIN",  "UID",  "_UID"};
+        const EditedRecord lines = kept_.edited(object);
+        for (Line line = 1; line < lines.size(); ++line) {
+            if (!lines[line].level || std::ranges::find(silent, lines[line].tag) == silent.end())
+                return false;
+        }
+        return true;
+    }
+
+    void eraseNamed(std::size_t record, std::unordered_set<std::string_view>& unnamed)
+    {
+        if (kept_[record].isLeftOut || kept_[record].text.find('@') == std::string_view::npos)
+            return;
+        const EditedRecord lines = kept_.edited(record);
+        for (Line line = 1; line < lines.size(); ++line) {
+            const bool isPointer = lines[line].isPointer && unnamed.contains(lines[line].value);
+            if (isPointer && !changes_.edit(record).isStruck(line))
+                unnamed.erase(lines[line].value);
+        }
     }
 
     const FamilyContent& family_;
     const KeptRecords& kept_;
     GedcomChanges& changes_;
+    PictureFates fates_;
+    std::set<std::size_t> struckObjects_;
+};
+
+/// Finds a name in an archive for each picture.
+class PictureNaming
+{
+public:
+    PictureNaming(const KeptRecords& kept, GedcomChanges& changes, PictureComparison& comparison)
+        : kept_(kept), changes_(changes), comparison_(comparison)
+    {}
+
+    ArchiveFiles files(const PictureFates& fates)
+    {
+        // First those that want a certain name, so that no other has it.
+        std::vector<const NamedPicture*> nameless;
+        for (const NamedPicture& picture : fates.named) {
+            if (!keepsName(picture))
+                nameless.push_back(&picture);
+        }
+        for (const NamedPicture* const picture : nameless)
+            rename(*picture);
+        for (const HeldPicture& picture : fates.added)
+            add(picture);
+        return std::move(files_);
+    }
+
+private:
+    using FileLine = std::pair<std::size_t, Line>;
+
+    bool keepsName(const NamedPicture& picture)
+    {
+        const auto place = plainPlace(picture.line.name);
+        const bool keeps = place && puts(*place, *picture.held.bytes);
+        if (keeps)
+            places_.emplace(FileLine{picture.line.record, picture.line.file}, *place);
+        return keeps;
+    }
+
+    /// False if another picture is there.
+    bool puts(const QString& place, const QByteArray& bytes)
+    {
+        const auto [file, isNew] = files_.try_emplace(place.toStdString(), bytes);
+        return isNew || file->second == bytes;
+    }
+
+    /// A line that others share can be changed once, for the same picture of all.
+    void rename(const NamedPicture& picture)
+    {
+        const FileLine line{picture.line.record, picture.line.file};
+        if (const auto known = places_.find(line); known != places_.end()) {
+            if (puts(known->second, *picture.held.bytes))
+                return;
+            comparison_.strike(*kept_.recordOf(picture.held.person), picture.line.name);
+            add(picture.held);
+            return;
+        }
+        auto place = nearestPlace(picture.line.name);
+        if (!place || !puts(*place, *picture.held.bytes))
+            place = newPlace(picture.held);
+        EditedRecord& record = changes_.edit(line.first);
+        const int level = record[line.second].level.value_or(1);
+        record.replace(line.second, gedcomLines(level, "FILE", addressOfPlace(*place), record.dialect()));
+        places_.emplace(line, *place);
+    }
+
+    void add(const HeldPicture& picture)
+    {
+        const QString place = newPlace(picture);
+        const std::string xref = changes_.takeXref(numberedXref('O', picture.id.number));
+        const auto mediaType = QString::fromLatin1(kindOf(*picture.bytes).mediaType);
+        changes_.addRecord(gedcomRecord(xref, "OBJE") + gedcomLines(1, "FILE", place, GedcomDialect::Seven) +
+                           gedcomLines(2, "FORM", mediaType, GedcomDialect::Seven));
+        addLine(picture.person, gedcomPointer(1, "OBJE", xref));
+    }
+
+    /// Ahead of all other pictures, so that it is the one that counts.
+    void addLine(ExportPerson person, std::string line)
+    {
+        const auto record = kept_.recordOf(person);
+        const auto objects = record ? pictureLines(kept_, *record) : std::vector<PictureLine>();
+        if (objects.empty()) {
+            changes_.addToPerson(person, line);
+            return;
+        }
+        EditedRecord& lines = changes_.edit(*record);
+        const auto isMarked = [&](const PictureLine& other) {
+            return other.isPrimary && !lines.isStruck(other.object) &&
+                   (other.record != *record || !lines.isStruck(other.file));
+        };
+        if (std::ranges::any_of(objects, isMarked))
+            line += "2 _PRIM Y\n";
+        lines.insert(std::ranges::min(objects, {}, &PictureLine::object).object, line);
+    }
+
+    /// A name that nothing has and no line means.
+    QString newPlace(const HeldPicture& picture)
+    {
+        if (!meant_)
+            meant_ = meantPlaces();
+        QString number = QString::fromStdString(numberedXref('p', picture.id.number));
+        const QString ending = QString::fromLatin1(kindOf(*picture.bytes).ending);
+        QString place;
+        do {
+            place = QStringLiteral("pictures/%1.%2").arg(number, ending);
+            number.prepend(u'x');
+        } while (meant_->contains(place) || !files_.try_emplace(place.toStdString(), *picture.bytes).second);
+        return place;
+    }
+
+    std::set<QString> meantPlaces() const
+    {
+        std::set<QString> meant;
+        for (std::size_t record = 0; record < kept_.size(); ++record) {
+            for (const QString& name : filesNamedIn(kept_[record].text, kept_.dialect())) {
+                const QStringList places = placesInArchive(name);
+                meant.insert(places.begin(), places.end());
+            }
+        }
+        return meant;
+    }
+
+    const KeptRecords& kept_;
+    GedcomChanges& changes_;
+    PictureComparison& comparison_;
+    std::map<FileLine, QString> places_; ///< of lines that were settled
+    std::optional<std::set<QString>> meant_;
     ArchiveFiles files_;
 };
 
-struct ArchiveDiscard
-{
-    void operator()(zip_t* archive) const { zip_discard(archive); }
-};
-struct SourceFree
-{
-    void operator()(zip_source_t* source) const { zip_source_free(source); }
-};
-using Archive = std::unique_ptr<zip_t, ArchiveDiscard>;
-using Source = std::unique_ptr<zip_source_t, SourceFree>;
-
-bool addFile(zip_t* archive, const std::string& name, const QByteArray& bytes, bool isText)
-{
-    // The first day that archives know: any other would make the bytes depend on the clock.
-    constexpr zip_uint16_t firstDay = (1 << 5) | 1;
-    zip_source_t* const source =
-        zip_source_buffer(archive, bytes.constData(), static_cast<zip_uint64_t>(bytes.size()), 0);
-    if (!source)
-        return false;
-    const zip_int64_t index = zip_file_add(archive, name.c_str(), source, ZIP_FL_ENC_UTF_8);
-    if (index < 0) {
-        zip_source_free(source);
-        return false;
-    }
-    const auto place = static_cast<zip_uint64_t>(index);
-    return zip_set_file_compression(archive, place, isText ? ZIP_CM_DEFLATE : ZIP_CM_STORE, 0) == 0 &&
-           zip_file_set_dostime(archive, place, 0, firstDay, 0) == 0;
-}
-
-QByteArray bytesOf(zip_source_t* source)
-{
-    zip_stat_t stat;
-    zip_stat_init(&stat);
-    if (zip_source_stat(source, &stat) != 0 || zip_source_open(source) != 0)
-        return {};
-    QByteArray bytes(static_cast<qsizetype>(stat.size), Qt::Uninitialized);
-    const zip_int64_t read = zip_source_read(source, bytes.data(), stat.size);
-    zip_source_close(source);
-    return read == bytes.size() ? bytes : QByteArray();
-}
-
 } // namespace
 
-ArchiveFiles exportPictures(const FamilyContent& family, const KeptRecords& kept, GedcomChanges& changes)
+ExportedPictures exportPictures(const FamilyContent& family, const KeptRecords& kept, GedcomChanges& changes,
+                                const Progress& progress)
 {
-    return PictureCollector(family, kept, changes).collect();
+    PictureComparison comparison(family, kept, changes);
+    const PictureFates fates = comparison.compare(progress);
+    return {PictureNaming(kept, changes, comparison).files(fates), 0};
 }
 
-Outcome<QByteArray> gedzipOf(const QByteArray& genealogy, const ArchiveFiles& files)
+ExportedPictures leavePictures(const FamilyContent& family, const KeptRecords& kept, GedcomChanges& changes,
+                               const IsFileThere& isThere, const Progress& progress)
 {
-    const Failure failure{ImportTexts::tr("The archive can't be made: there is not enough memory.")};
-    const Source source(zip_source_buffer_create(nullptr, 0, 0, nullptr));
-    if (!source)
-        return failure;
-    Archive archive(zip_open_from_source(source.get(), ZIP_TRUNCATE, nullptr));
-    if (!archive)
-        return failure;
-    // One hold is the archive's, which it gives up when it is closed.
-    zip_source_keep(source.get());
-    bool isAdded = addFile(archive.get(), "gedcom.ged", genealogy, true);
-    for (const auto& [name, bytes] : files)
-        isAdded = isAdded && addFile(archive.get(), name, bytes, false);
-    if (!isAdded || zip_close(archive.get()) != 0)
-        return failure;
-    static_cast<void>(archive.release());
-    QByteArray bytes = bytesOf(source.get());
-    return bytes.isEmpty() ? Outcome<QByteArray>(failure) : Outcome<QByteArray>(std::move(bytes));
+    const PictureFates fates = PictureComparison(family, kept, changes).compare(progress);
+    const auto isLeftOut = [&](const NamedPicture& picture) { return !isThere(picture.line.name); };
+    return {{}, fates.added.size() + static_cast<std::size_t>(std::ranges::count_if(fates.named, isLeftOut))};
+}
+
+QStringList missingFiles(const KeptRecords& kept, const GedcomChanges& changes, const IsFileThere& isThere,
+                         const Progress& progress)
+{
+    QStringList missing;
+    std::unordered_set<QString> seen;
+    for (std::size_t record = 0; record < kept.size() && progress.goesOn(record, kept.size()); ++record) {
+        for (const QString& name : filesNamedIn(changes.textOf(record), kept.dialect())) {
+            const bool isNew = !name.isEmpty() && !isOnTheWeb(name) && seen.insert(name).second;
+            if (isNew && !isThere(name))
+                missing << name;
+        }
+    }
+    return missing;
 }
 
 } // namespace lineara

@@ -81,7 +81,7 @@ public:
     }
 
     const GedcomPersons& persons() const { return persons_; }
-    std::size_t pictures() const { return pictures_.taken(); }
+    const PersonPictures& pictures() const { return pictures_; }
 
 private:
     void open(RecordIndex index)
@@ -121,15 +121,19 @@ Outcome<ImportedFamily> importText(const GedcomText& text, const ImportFrame& fr
 
     ImportedFamily family;
     families.rankOffspring();
-    assembly.addPartners(families.wishes());
-    family.report.offspringLinks = assembly.addOffspring(families.wishes(), import.persons(), records, notes);
+    assembly.addPartners(families.wishes(), progress.stage(0.7, 0.72));
+    family.report.offspringLinks =
+        assembly.addOffspring(families.wishes(), import.persons(), records, notes, progress.stage(0.72, 0.75));
+    if (progress.isStopped())
+        return stoppedImport(frame.name);
     if (frame.keepsRecords)
         assembly.keep(records, import.persons(), frame.name, progress.stage(0.75, 0.95));
     family.context = std::move(assembly).finish();
     family.report.persons = import.persons().size();
     family.report.families = families.count();
     family.report.partnerLinks = families.wishes().partners.size();
-    family.report.pictures = import.pictures();
+    family.report.pictures = import.pictures().taken();
+    family.report.leftFiles = import.pictures().leftFiles();
     family.report.records = records.size();
     family.report.charset = text.charset;
     family.report.declaredCharset = text.declared;
@@ -151,7 +155,7 @@ Outcome<ImportedFamily> importRead(Outcome<GenealogyFile> file, const QString& n
     if (progress.isStopped())
         return stoppedImport(name);
     ImportNotes notes;
-    const auto text = gedcomText(std::move(bytes), name, notes);
+    const auto text = gedcomText(std::move(bytes), name, notes, progress.stage(0.1, 0.15));
     if (text.failed())
         return text.failure();
     return importText(text.value(), {uuid, name, *media, keepsRecords}, notes, progress.stage(0.15, 1));

@@ -27,6 +27,16 @@ Failure brokenArchive(const QString& name)
     return importFailure(name, ImportTexts::tr("it is a ZIP archive that can't be read."));
 }
 
+zip_uint64_t countIn(zip_t* archive)
+{
+    return static_cast<zip_uint64_t>(std::max<zip_int64_t>(0, zip_get_num_entries(archive, 0)));
+}
+
+QString nameIn(zip_t* archive, zip_uint64_t index)
+{
+    return QString::fromUtf8(zip_get_name(archive, index, asWritten));
+}
+
 /// Position of the genealogy among the files of the archive.
 std::optional<zip_uint64_t> genealogyIn(zip_t* archive)
 {
@@ -34,9 +44,8 @@ std::optional<zip_uint64_t> genealogyIn(zip_t* archive)
     if (exact >= 0)
         return static_cast<zip_uint64_t>(exact);
     std::optional<zip_uint64_t> found;
-    const auto count = static_cast<zip_uint64_t>(std::max<zip_int64_t>(0, zip_get_num_entries(archive, 0)));
-    for (zip_uint64_t index = 0; index < count; ++index) {
-        const QString name = QString::fromUtf8(zip_get_name(archive, index, asWritten));
+    for (zip_uint64_t index = 0; index < countIn(archive); ++index) {
+        const QString name = nameIn(archive, index);
         if (!name.endsWith(QStringLiteral(".ged"), Qt::CaseInsensitive))
             continue;
         if (found)
@@ -119,27 +128,39 @@ Outcome<QByteArray> Gedzip::genealogy(const Progress& progress) const
     }
 }
 
-Outcome<QByteArray> Gedzip::read(const QString& name) const
+Outcome<MediaFile> Gedzip::read(const QString& name) const
 {
-    for (const QString& place : placesOf(name)) {
+    for (const QString& place : placesInArchive(name)) {
         const zip_int64_t index = zip_name_locate(archive_, place.toUtf8().constData(), asWritten);
         if (index < 0)
             continue;
         const Entry entry(zip_fopen_index(archive_, static_cast<zip_uint64_t>(index), 0));
         if (!entry)
             break;
-        QByteArray bytes;
-        while (bytes.size() <= mostBytes) {
+        MediaFile file{{}, place};
+        while (file.bytes.size() <= mostBytes) {
             const auto piece = pieceOf(entry.get(), qsizetype{256} * 1024);
             if (!piece)
                 return Failure{ImportTexts::tr("the archive is broken there")};
             if (piece->isEmpty())
-                return bytes;
-            bytes += *piece;
+                return file;
+            file.bytes += *piece;
         }
         return mediaTooLarge();
     }
     return mediaNotThere();
+}
+
+QStringList Gedzip::ownFiles() const
+{
+    QStringList files;
+    const auto genealogy = genealogyIn(archive_);
+    for (zip_uint64_t index = 0; index < countIn(archive_); ++index) {
+        const QString name = nameIn(archive_, index);
+        if (index != genealogy && !name.endsWith(u'/'))
+            files << name;
+    }
+    return files;
 }
 
 } // namespace lineara

@@ -28,7 +28,10 @@ public:
     /// The genealogy: "gedcom.ged", in whatever case, or else the only file that ends so.
     Outcome<QByteArray> genealogy(const Progress& progress) const;
 
-    Outcome<QByteArray> read(const QString& name) const override;
+    Outcome<MediaFile> read(const QString& name) const override;
+
+    /// Everything but the genealogy, in the order of the archive.
+    QStringList ownFiles() const override;
 
 private:
     Gedzip(QByteArray bytes, QString name) : bytes_(std::move(bytes)), name_(std::move(name)) {}

@@ -22,11 +22,16 @@ QString inQuotes(std::string_view utf8)
     text.truncate(qsizetype{longestQuote});
     if (!text.isEmpty() && text.back().isHighSurrogate())
         text.chop(1);
+    return u'"' % printable(text) % (isCut ? u"…\"" : u"\"");
+}
+
+QString printable(QString text)
+{
     for (QChar& unit : text) {
         if (!unit.isPrint() && !unit.isSurrogate())
             unit = QChar::ReplacementCharacter;
     }
-    return u'"' % text % (isCut ? u"…\"" : u"\"");
+    return text;
 }
 
 void ImportNotes::unreadable(std::uint32_t line, const QString& what)

@@ -14,6 +14,9 @@ namespace lineara {
 /// A piece of the file fit to stand in a sentence: quoted, shortened, without anything that can't be printed.
 QString inQuotes(std::string_view utf8);
 
+/// The text without anything that can't be printed.
+QString printable(QString text);
+
 /// Collects what has to be told about an import, line by line, and counts it.
 class ImportNotes
 {

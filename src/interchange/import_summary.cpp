@@ -1,5 +1,6 @@
 #include "interchange/import_report.h"
 
+#include "import_notes.h"
 #include "import_texts.h"
 
 #include <QStringBuilder>
@@ -47,6 +48,19 @@ QString whatWasKept(const ImportReport& report)
     return text;
 }
 
+/// What only an archive can lose: files beside a genealogy stay where they are.
+QString whatWasLeft(const ImportReport& report)
+{
+    if (report.leftFiles.isEmpty())
+        return {};
+    QString text = heading(ImportTexts::tr("What stays in the archive alone")) %
+                   counted(ImportTexts::tr("Files that Lineara does not keep, and does not export"),
+                           static_cast<std::size_t>(report.leftFiles.size()));
+    for (const QString& file : report.leftFiles)
+        text += u"  " % printable(file) % u'\n';
+    return text;
+}
+
 QString whatWasRefused(const ImportReport& report)
 {
     QString text = heading(ImportTexts::tr("What was refused")) %
@@ -61,7 +75,8 @@ QString whatWasRefused(const ImportReport& report)
 
 QString importSummary(const ImportReport& report)
 {
-    QString text = fileLine(report) % whatCameIn(report) % whatWasKept(report) % whatWasRefused(report);
+    QString text =
+        fileLine(report) % whatCameIn(report) % whatWasKept(report) % whatWasLeft(report) % whatWasRefused(report);
     if (!report.notes.isEmpty())
         text += heading(ImportTexts::tr("Line by line")) % report.notes.join(u'\n') % u'\n';
     return text;

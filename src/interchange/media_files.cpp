@@ -2,21 +2,17 @@
 
 #include "import_texts.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QUrl>
 
 namespace lineara {
 namespace {
 
 constexpr qsizetype deepestPlace = 16;
-
-bool isOnTheWeb(const QString& name)
-{
-    const auto scheme = name.indexOf(QStringLiteral("://"));
-    return scheme > 1 && !name.startsWith(QStringLiteral("file:"), Qt::CaseInsensitive);
-}
 
 /// The steps of a path that can lie below a folder: those after the last one that climbs out of one.
 QStringList stepsOf(QString name)
@@ -35,21 +31,50 @@ QStringList stepsOf(QString name)
     return steps.mid(std::max<qsizetype>(0, steps.size() - deepestPlace));
 }
 
-} // namespace
-
-QStringList placesOf(const QString& name)
+QStringList placesOfAny(const QStringList& names)
 {
     QStringList places;
-    if (isOnTheWeb(name))
-        return places;
-    // Version 7 writes names as addresses, in which %20 is a blank; older ones mean what they write.
-    for (const QString& written : {name, QUrl::fromPercentEncoding(name.toUtf8())}) {
+    for (const QString& written : names) {
         const QStringList steps = stepsOf(written);
         for (qsizetype first = 0; first < steps.size(); ++first)
             places << steps.mid(first).join(u'/');
     }
     places.removeDuplicates();
     return places;
+}
+
+} // namespace
+
+QString decodedAddress(const QString& name)
+{
+    // Where a % is none of an address, nobody meant one.
+    static const QRegularExpression stray(QStringLiteral("%(?![0-9A-Fa-f]{2})"));
+    if (name.contains(stray))
+        return name;
+    const QString decoded = QUrl::fromPercentEncoding(name.toUtf8());
+    return decoded.contains(QChar::ReplacementCharacter) ? name : decoded;
+}
+
+bool isOnTheWeb(const QString& name)
+{
+    const auto scheme = name.indexOf(QStringLiteral("://"));
+    return scheme > 1 && !name.startsWith(QStringLiteral("file:"), Qt::CaseInsensitive);
+}
+
+QStringList placesOf(const QString& name)
+{
+    // Version 7 writes names as addresses, in which %20 is a blank; older ones mean what they write.
+    return isOnTheWeb(name) ? QStringList() : placesOfAny({name, decodedAddress(name)});
+}
+
+QStringList placesInArchive(const QString& name)
+{
+    return isOnTheWeb(name) ? QStringList() : placesOfAny({decodedAddress(name), name});
+}
+
+QByteArray hashOf(const QByteArray& bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
 }
 
 Failure mediaNotThere()
@@ -62,31 +87,40 @@ Failure mediaTooLarge()
     return {ImportTexts::tr("the file has more than 64 MB")};
 }
 
-Outcome<QByteArray> NoMediaFiles::read(const QString&) const
+Outcome<MediaFile> NoMediaFiles::read(const QString&) const
 {
     return mediaNotThere();
 }
 
 FolderMediaFiles::FolderMediaFiles(const QString& folder) : folder_(QFileInfo(folder).canonicalFilePath()) {}
 
-Outcome<QByteArray> FolderMediaFiles::read(const QString& name) const
+QString FolderMediaFiles::find(const QString& name) const
 {
-    if (isOnTheWeb(name))
-        return Failure{ImportTexts::tr("it is on the web")};
+    if (folder_.isEmpty())
+        return {};
     for (const QString& place : placesOf(name)) {
         const QString path = QFileInfo(QDir(folder_).filePath(place)).canonicalFilePath();
         const bool isBelow = path.startsWith(folder_.endsWith(u'/') ? folder_ : QString(folder_ + u'/'));
-        if (path.isEmpty() || !isBelow || !QFileInfo(path).isFile())
-            continue;
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
-            return Failure{file.errorString()};
-        QByteArray bytes = file.read(mostBytes + 1);
-        if (bytes.size() > mostBytes)
-            return mediaTooLarge();
-        return bytes;
+        if (!path.isEmpty() && isBelow && QFileInfo(path).isFile())
+            return place;
     }
-    return mediaNotThere();
+    return {};
+}
+
+Outcome<MediaFile> FolderMediaFiles::read(const QString& name) const
+{
+    if (isOnTheWeb(name))
+        return Failure{ImportTexts::tr("it is on the web")};
+    const QString place = find(name);
+    if (place.isEmpty())
+        return mediaNotThere();
+    QFile file(QDir(folder_).filePath(place));
+    if (!file.open(QIODevice::ReadOnly))
+        return Failure{file.errorString()};
+    QByteArray bytes = file.read(mostBytes + 1);
+    if (bytes.size() > mostBytes)
+        return mediaTooLarge();
+    return MediaFile{std::move(bytes), place};
 }
 
 } // namespace lineara

@@ -8,6 +8,13 @@
 
 namespace lineara {
 
+/// A file that was found by a name.
+struct MediaFile
+{
+    QByteArray bytes;
+    QString place; ///< below the folder, or in the archive
+};
+
 /// Where the pictures of a genealogy are looked for.
 class MediaFiles
 {
@@ -20,15 +27,18 @@ public:
     MediaFiles& operator=(const MediaFiles&) = delete;
     virtual ~MediaFiles() = default;
 
-    /// The bytes of a file by the name that a genealogy gives it. The failure is a reason that follows a colon.
-    virtual Outcome<QByteArray> read(const QString& name) const = 0;
+    /// The file that a genealogy names so. The failure is a reason that follows a colon.
+    virtual Outcome<MediaFile> read(const QString& name) const = 0;
+
+    /// The places of the files that come with the genealogy and are nowhere else, as those of an archive are.
+    virtual QStringList ownFiles() const { return {}; }
 };
 
 /// No files at all, for a genealogy that comes from memory.
 class NoMediaFiles : public MediaFiles
 {
 public:
-    Outcome<QByteArray> read(const QString& name) const override;
+    Outcome<MediaFile> read(const QString& name) const override;
 };
 
 /// Files in the folder of a genealogy and below it.
@@ -41,15 +51,33 @@ class FolderMediaFiles : public MediaFiles
 {
 public:
     explicit FolderMediaFiles(const QString& folder);
-    Outcome<QByteArray> read(const QString& name) const override;
+    Outcome<MediaFile> read(const QString& name) const override;
+
+    /// Whether read() would find a file of that name.
+    bool has(const QString& name) const { return !find(name).isEmpty(); }
 
 private:
+    /// The place of the file; empty if it is not there.
+    QString find(const QString& name) const;
+
     QString folder_; // canonical
 };
 
 /// The places below a folder at which a file of that name may be, the most exact one first. Empty for an address on the
 /// web.
 QStringList placesOf(const QString& name);
+
+/// The same in an archive, where names are addresses ("%20" is a blank) before they are anything else.
+QStringList placesInArchive(const QString& name);
+
+/// The name with "%20" as a blank, and so on; as it stands if it is no address in UTF-8.
+QString decodedAddress(const QString& name);
+
+/// Whether the name is the address of something that only a network has.
+bool isOnTheWeb(const QString& name);
+
+/// Finds the same bytes again: their SHA-256 in hexadecimal digits.
+QByteArray hashOf(const QByteArray& bytes);
 
 Failure mediaNotThere();
 Failure mediaTooLarge();

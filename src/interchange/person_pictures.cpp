@@ -25,18 +25,6 @@ bool isPicture(const QByteArray& bytes)
            std::any_of(starts.begin(), starts.end(), [&](const QByteArray& start) { return bytes.startsWith(start); });
 }
 
-/// Whether a file that is called so can be a picture. Recordings and documents are no pictures, and are not missed.
-bool mayBePicture(const QString& form, const QString& name)
-{
-    static const QStringList endings = {QStringLiteral("jpg"),  QStringLiteral("jpeg"), QStringLiteral("png"),
-                                        QStringLiteral("gif"),  QStringLiteral("bmp"),  QStringLiteral("tif"),
-                                        QStringLiteral("tiff"), QStringLiteral("webp"), QStringLiteral("photo")};
-    const QString kind = form.trimmed().toLower();
-    if (kind.startsWith(QStringLiteral("image/")) || endings.contains(kind))
-        return true;
-    return endings.contains(QFileInfo(name).suffix().toLower());
-}
-
 bool isMarkedPrimary(const GedcomTree& tree, NodeIndex object)
 {
     for (const std::string_view tag : {"_PRIM", "_PRIMARY"}) {
@@ -70,6 +58,17 @@ std::vector<std::pair<NodeIndex, QString>> pictureFiles(const GedcomTree& tree, 
 }
 
 } // namespace
+
+bool mayBePicture(const QString& form, const QString& name)
+{
+    static const QStringList endings = {QStringLiteral("jpg"),  QStringLiteral("jpeg"), QStringLiteral("png"),
+                                        QStringLiteral("gif"),  QStringLiteral("bmp"),  QStringLiteral("tif"),
+                                        QStringLiteral("tiff"), QStringLiteral("webp"), QStringLiteral("photo")};
+    const QString kind = form.trimmed().toLower();
+    if (kind.startsWith(QStringLiteral("image/")) || endings.contains(kind))
+        return true;
+    return endings.contains(QFileInfo(name).suffix().toLower());
+}
 
 const std::vector<PersonPictures::Candidate>& PersonPictures::filesOf(RecordIndex object)
 {
@@ -108,18 +107,20 @@ std::vector<PersonPictures::Candidate> PersonPictures::candidates(const GedcomTr
 
 PersonPictures::Found PersonPictures::readFile(const QString& name)
 {
+    const auto refusal = [](const QString& reason) { return Found{{}, reason, {}, {}}; };
     if (read_ >= mostBytes)
-        return {{}, ImportTexts::tr("the pictures are too large in all")};
-    const auto bytes = files_.read(name);
-    if (bytes.failed()) {
+        return refusal(ImportTexts::tr("the pictures are too large in all"));
+    const auto file = files_.read(name);
+    if (file.failed()) {
         // A file that is too large was read all the same, as far as it might have been taken.
-        read_ += bytes.failure().message == mediaTooLarge().message ? MediaFiles::mostBytes : 0;
-        return {{}, bytes.failure().message};
+        read_ += file.failure().message == mediaTooLarge().message ? MediaFiles::mostBytes : 0;
+        return refusal(file.failure().message);
     }
-    read_ += bytes.value().size();
-    if (!isPicture(bytes.value()))
-        return {{}, ImportTexts::tr("the file is no picture of a known kind")};
-    return {bytes.value(), {}};
+    const auto& [bytes, place] = file.value();
+    read_ += bytes.size();
+    if (!isPicture(bytes))
+        return refusal(ImportTexts::tr("the file is no picture of a known kind"));
+    return {bytes, {}, place, std::make_shared<TakenPicture>(TakenPicture{name, hashOf(bytes)})};
 }
 
 const PersonPictures::Found& PersonPictures::find(const QString& name)
@@ -130,9 +131,10 @@ const PersonPictures::Found& PersonPictures::find(const QString& name)
     return known->second;
 }
 
-QByteArray PersonPictures::read(const GedcomTree& tree, NodeLedger& ledger, const std::vector<NodeIndex>& lines)
+PictureReading PersonPictures::read(const GedcomTree& tree, NodeLedger& ledger, const std::vector<NodeIndex>& lines)
 {
-    for (const Candidate& candidate : candidates(tree, ledger, lines)) {
+    const auto named = candidates(tree, ledger, lines);
+    for (const Candidate& candidate : named) {
         const Found& found = find(candidate.name);
         const bool isTooMuch = found.bytes.size() > mostBytes - handedOut_;
         if (found.reason.isEmpty() && !isTooMuch) {
@@ -140,14 +142,27 @@ QByteArray PersonPictures::read(const GedcomTree& tree, NodeLedger& ledger, cons
             ledger.take(candidate.told);
             handedOut_ += found.bytes.size();
             ++taken_;
-            return found.bytes;
+            takenPlaces_.insert(found.place);
+            return {found.bytes, found.taken};
         }
         const QString why = isTooMuch ? ImportTexts::tr("the pictures are too large in all") : found.reason;
         ledger.reject(
             candidate.told,
             ImportTexts::tr("the picture %1 can't be taken, as %2").arg(inQuotes(candidate.name.toStdString()), why));
     }
-    return {};
+    return {{}, named.empty() ? nullptr : noneThere_};
+}
+
+QStringList PersonPictures::leftFiles() const
+{
+    QStringList left;
+    auto taken = takenPlaces_;
+    for (const QString& file : files_.ownFiles()) {
+        // Of two files of one name only the first is ever found.
+        if (taken.erase(file) == 0)
+            left << file;
+    }
+    return left;
 }
 
 } // namespace lineara

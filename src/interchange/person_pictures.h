@@ -1,19 +1,32 @@
 #pragma once
 
 #include "gedcom_tree.h"
+#include "model/source_record.h"
 #include "person_reading.h"
 
 #include <QByteArray>
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace lineara {
 
 class MediaFiles;
 class NodeLedger;
+
+/// Whether a file of that format and name can be a picture. Recordings and documents are none, and are not missed.
+bool mayBePicture(const QString& form, const QString& name);
+
+/// The picture of a person, as far as there is one.
+struct PictureReading
+{
+    QByteArray bytes;                          ///< null if none was taken
+    std::shared_ptr<const TakenPicture> taken; ///< null if the record names none
+};
 
 /// Finds the one picture of a person that a family keeps: the one marked as primary, or else the first that is there.
 class PersonPictures
@@ -27,10 +40,13 @@ public:
 
     PersonPictures(const GedcomRecords& records, const MediaFiles& files) : records_(records), files_(files) {}
 
-    /// The bytes of the picture of the person in the tree, or null. What could not be read on the way is told.
-    QByteArray read(const GedcomTree& tree, NodeLedger& ledger, const std::vector<NodeIndex>& lines);
+    /// The picture of the person in the tree. What could not be read on the way is told.
+    PictureReading read(const GedcomTree& tree, NodeLedger& ledger, const std::vector<NodeIndex>& lines);
 
     std::size_t taken() const { return taken_; }
+
+    /// Of the files that come with the genealogy alone, those that nobody's picture was taken from.
+    QStringList leftFiles() const;
 
 private:
     struct Candidate
@@ -46,6 +62,8 @@ private:
     {
         QByteArray bytes;
         QString reason;
+        QString place;
+        std::shared_ptr<const TakenPicture> taken;
     };
 
     std::vector<Candidate> candidates(const GedcomTree& tree, NodeLedger& ledger, const std::vector<NodeIndex>& lines);
@@ -58,6 +76,8 @@ private:
     // Each record and each file is read once, however many persons name it.
     std::unordered_map<RecordIndex, std::vector<Candidate>> objects_;
     std::unordered_map<QString, Found> found_;
+    std::unordered_set<QString> takenPlaces_;
+    const std::shared_ptr<const TakenPicture> noneThere_ = std::make_shared<TakenPicture>();
     std::size_t taken_ = 0;
     qint64 read_ = 0;
     qint64 handedOut_ = 0;

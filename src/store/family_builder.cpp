@@ -106,9 +106,11 @@ private:
     {
         std::vector<SourceRecord*> sources;
         sources.reserve(raw_.sources.size());
-        for (auto& source : raw_.sources)
+        for (auto& source : raw_.sources) {
             sources.push_back(
                 &loader_.addSource(RecordId{source.number}, std::move(source.origin), std::move(source.text)));
+            sources.back()->setTakenPicture(std::move(source.takenPicture));
+        }
         for (std::size_t i = 0; i < sourceOf.size(); ++i) {
             if (sourceOf[i] != 0)
                 loader_.setSource(*persons_[i], *sources[sourceOf[i] - 1]);

@@ -169,7 +169,8 @@ void FamilyContent::add(const Pic& pic)
 
 void FamilyContent::add(const SourceRecord& source)
 {
-    sources_.push_back({source.recordId(), source.origin(), source.text(), idOf(source.person()), source.unknown()});
+    sources_.push_back({source.recordId(), source.origin(), source.text(), idOf(source.person()), source.unknown(),
+                        source.takenPicture()});
 }
 
 void FamilyContent::setValues(RecordId person, const PersonValues& values)

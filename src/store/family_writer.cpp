@@ -281,6 +281,11 @@ private:
         object.utf8("text", source.text);
         if (!source.origin.dangling.isNull())
             object.utf8("dangling", source.origin.dangling);
+        if (source.takenPicture) {
+            object.text("picture", source.takenPicture->file);
+            if (!source.takenPicture->hash.isEmpty())
+                object.utf8("pictureHash", source.takenPicture->hash);
+        }
         object.toOne("person", personEntity, source.person);
     }
 

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <utility>
 #include <vector>
@@ -76,6 +77,7 @@ struct RawSource
     SourceOrigin origin;
     QByteArray text;
     Number person = 0;
+    std::shared_ptr<TakenPicture> takenPicture;
 };
 
 /// What a family file says, before anybody asked whether it makes sense. Records in the order of the file.

@@ -13,6 +13,8 @@ enum SourceSlot : std::size_t
     LineSlot,
     TextSlot,
     DanglingSlot,
+    PictureSlot,
+    PictureHashSlot,
     OwnerSlot,
     SourceSlotCount
 };
@@ -21,8 +23,12 @@ enum SourceSlot : std::size_t
 const std::array<std::string, SourceSlotCount>& writtenSourceTags()
 {
     static const std::array<std::string, SourceSlotCount> tags{
-        parsedTag(R"(attribute name="origin" type="string">)"), parsedTag(R"(attribute name="line" type="int32">)"),
-        parsedTag(R"(attribute name="text" type="string">)"), parsedTag(R"(attribute name="dangling" type="string">)"),
+        parsedTag(R"(attribute name="origin" type="string">)"),
+        parsedTag(R"(attribute name="line" type="int32">)"),
+        parsedTag(R"(attribute name="text" type="string">)"),
+        parsedTag(R"(attribute name="dangling" type="string">)"),
+        parsedTag(R"(attribute name="picture" type="string">)"),
+        parsedTag(R"(attribute name="pictureHash" type="string">)"),
         parsedTag(R"(relationship name="person" type="0/1" destination="PERSON" idrefs=")")};
     return tags;
 }
@@ -57,6 +63,12 @@ bool SourceSink::takeWritten(std::size_t slot, std::string_view rest)
         return takeWrittenUtf8(source_.text, rest);
     case DanglingSlot:
         return takeWrittenUtf8(source_.origin.dangling, rest);
+    case PictureSlot:
+        if (takeWrittenText(file, rest))
+            takenPicture().file = *file;
+        return file.has_value();
+    case PictureHashSlot:
+        return takeWrittenUtf8(takenPicture().hash, rest);
     default:
         return takeWrittenReference(source_.person, rest);
     }
@@ -65,6 +77,13 @@ bool SourceSink::takeWritten(std::size_t slot, std::string_view rest)
 void SourceSink::setOrigin(const QString& file)
 {
     source_.origin.file = file == lastOrigin_ ? lastOrigin_ : file;
+}
+
+TakenPicture& SourceSink::takenPicture()
+{
+    if (!source_.takenPicture)
+        source_.takenPicture = std::make_shared<TakenPicture>();
+    return *source_.takenPicture;
 }
 
 MemberSink::Verdict SourceSink::attribute(const Member& member)
@@ -87,6 +106,12 @@ MemberSink::Verdict SourceSink::attribute(const Member& member)
         // None is not the same as nobody knows.
         source_.origin.dangling = pointers->isEmpty() ? QByteArray("") : pointers->toUtf8();
         return Verdict::Taken;
+    }
+    if (member.name == "picture")
+        return once_.admit(PictureSlot, member) ? store(members_.text(member), takenPicture().file) : Verdict::Failed;
+    if (member.name == "pictureHash") {
+        const auto admitted = once_.admit(PictureHashSlot, member);
+        return admitted ? store(utf8Of(members_.text(member)), takenPicture().hash) : Verdict::Failed;
     }
     return Verdict::Unknown;
 }

@@ -20,6 +20,8 @@ public:
 private:
     bool takeWritten(std::size_t slot, std::string_view rest);
     void setOrigin(const QString& file);
+    /// Most records have none.
+    TakenPicture& takenPicture();
 
     ObjectMembers& members_;
     RawSource& source_;

@@ -203,6 +203,26 @@ TEST(Gedzips, AreImportedWithTheirPictures)
     EXPECT_EQ(family.context->storeUuid(), imported(text).context->storeUuid());
 }
 
+TEST(Gedzips, EveryFileIsTakenOrTold)
+{
+    const QByteArray text = "0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @I1@ INDI\n1 OBJE\n2 FILE a/Ann.jpg\n1 OBJE\n"
+                            "2 FILE b.png\n1 OBJE\n2 FILE voice.mp3\n2 FORM audio/mpeg\n0 TRLR\n";
+    const auto family = imported(zipped({{"voice.mp3", "la"},
+                                         {"gedcom.ged", text},
+                                         {"b.png", tomsPicture},
+                                         {"a/Ann.jpg", annsPicture},
+                                         {"unnamed.txt", "x"},
+                                         {"other.ged", text}}));
+    const QStringList left = {QStringLiteral("voice.mp3"), QStringLiteral("b.png"), QStringLiteral("unnamed.txt"),
+                              QStringLiteral("other.ged")};
+    EXPECT_EQ(family.report.leftFiles, left);
+    EXPECT_THAT(
+        importSummary(family.report).toStdString(),
+        HasSubstr("\nWhat stays in the archive alone\nFiles that Lineara does not keep, and does not export: 4\n"
+                  "  voice.mp3\n  b.png\n  unnamed.txt\n  other.ged\n"));
+    EXPECT_EQ(imported(zipped({{"gedcom.ged", text}})).report.leftFiles, QStringList());
+}
+
 TEST(Gedzips, FindTheGenealogyUnderOtherNames)
 {
     const QByteArray text = "0 HEAD\n0 @I1@ INDI\n";

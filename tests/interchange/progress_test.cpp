@@ -56,6 +56,24 @@ TEST_F(ImportWithProgress, PartsAscendToOne)
     heard.expectPartsAscendToOne();
 }
 
+// In every character set, and while links are made.
+TEST(ImportProgress, EveryStageIsHeardOf)
+{
+    const QByteArray family = longFile().replace("Person", "P\xE9rson").repeated(16'000 / manyFamilies);
+    const QString text = QString::fromLatin1(family);
+    const QByteArray utf16(reinterpret_cast<const char*>(text.utf16()), text.size() * 2);
+    for (const QByteArray& bytes : {utf16, family}) {
+        std::vector<double> parts;
+        ASSERT_TRUE(
+            importGedcom(bytes, QStringLiteral("a.ged"), Progress([&](double part) { parts.push_back(part); })));
+        const auto heard = [&](double begin, double end) {
+            return std::ranges::count_if(parts, [&](double part) { return part > begin && part < end; });
+        };
+        EXPECT_GE(heard(0.195, 0.22), 1) << "decoding";
+        EXPECT_GE(heard(0.78, 0.806), 1) << "links";
+    }
+}
+
 TEST_F(ImportWithProgress, EndsAtTheReportThatIsAnsweredByAStop)
 {
     expectEndAtAnyStop([this](const Progress& progress) { return importGedcomFile(path_, progress); },

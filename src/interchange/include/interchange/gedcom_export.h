@@ -1,5 +1,6 @@
 #pragma once
 
+#include "interchange/export_report.h"
 #include "platform/outcome.h"
 #include "platform/progress.h"
 
@@ -24,9 +25,9 @@ enum class GedcomFormat : std::uint8_t
 /// is stopped, or if the family is too large for the format. Any thread.
 Outcome<QByteArray> gedcomOf(const FamilyContent& family, GedcomFormat format, const Progress& progress = {});
 
-/// Puts gedcomOf() in the place of the file at `path`, or leaves that as it was. The failure names the file. Any
-/// thread.
-Outcome<Done> exportGedcomFile(const FamilyContent& family, const QString& path, GedcomFormat format,
-                               const Progress& progress = {});
+/// Puts gedcomOf() in the place of the file at `path`, or leaves that as it was, and tells what could not go along. The
+/// failure names the file. A stop is heard until the moment in which the file takes its place. Any thread.
+Outcome<ExportReport> exportGedcomFile(const FamilyContent& family, const QString& path, GedcomFormat format,
+                                       const Progress& progress = {});
 
 } // namespace lineara

@@ -35,6 +35,7 @@ struct ImportReport
     std::size_t refusedLinks = 0;   ///< links that the rules refuse (third parent, cycle, a person to itself)
     std::size_t pictures = 0;       ///< taken as persons' pictures
     std::size_t records = 0;        ///< kept whole
+    QStringList leftFiles;          ///< of the archive, which the family does not keep: recordings, further pictures
 
     std::size_t lines = 0;           ///< that are not blank: the sum of the next four
     std::size_t takenLines = 0;      ///< what they say is in the family

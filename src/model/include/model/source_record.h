@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace lineara {
@@ -24,6 +25,14 @@ struct SourceOrigin
     friend bool operator==(const SourceOrigin&, const SourceOrigin&) = default;
 };
 
+/// Which picture an import took for the person of a record, so that an export can tell what became of it.
+struct TakenPicture
+{
+    QString file;    ///< the name of its file as the record gives it; empty if none of those that it names was there
+    QByteArray hash; ///< SHA-256 of its bytes in hexadecimal digits; empty if it is not known
+    friend bool operator==(const TakenPicture&, const TakenPicture&) = default;
+};
+
 /// A record of an imported genealogy, kept as it stood, so that it can be read and given back. Never changes.
 class SourceRecord : public Record
 {
@@ -38,6 +47,12 @@ public:
     /// The person that was made of it; nullptr for records of another kind (families, sources, the header). Looks only.
     Person* person() const { return person_; }
 
+    /// Null for records that name no picture of a person, and for those kept by versions that did not note it. Records
+    /// may share it.
+    const std::shared_ptr<const TakenPicture>& takenPicture() const { return takenPicture_; }
+    /// For whoever makes the record: part of what it is from the beginning, and no change that could be undone.
+    void setTakenPicture(std::shared_ptr<const TakenPicture> picture) { takenPicture_ = std::move(picture); }
+
     const std::vector<UnknownElement>& unknown() const;
 
 private:
@@ -50,6 +65,7 @@ private:
     QByteArray text_;
     SourceOrigin origin_;
     Person* person_ = nullptr;
+    std::shared_ptr<const TakenPicture> takenPicture_;
     std::unique_ptr<std::vector<UnknownElement>> unknown_;
 };
 

@@ -10,6 +10,7 @@
 #include <bitset>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <utility>
@@ -76,6 +77,7 @@ public:
         QByteArray text;
         std::optional<RecordId> person;
         std::vector<UnknownElement> unknown;
+        std::shared_ptr<const TakenPicture> takenPicture;
     };
 
     struct Links
