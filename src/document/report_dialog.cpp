@@ -41,7 +41,8 @@ void save(QWidget& owner, const QString& path, const QString& text)
 
 void chooseAndSave(QWidget& owner, const QString& text)
 {
-    auto* const chooser = new QFileDialog(&owner, ReportDialogTexts::tr("Save the Report"), QDir::homePath(),
+    auto* const chooser = new QFileDialog(&owner, ReportDialogTexts::tr("Save the Report"),
+                                          QDir::home().filePath(ReportDialogTexts::tr("Report.txt")),
                                           ReportDialogTexts::tr("Texts (*.txt)"));
     chooser->setAttribute(Qt::WA_DeleteOnClose);
     chooser->setAcceptMode(QFileDialog::AcceptSave);

@@ -2,6 +2,7 @@
 
 #include "import_notes.h"
 #include "import_texts.h"
+#include "tag_labels.h"
 
 #include <QStringBuilder>
 
@@ -38,13 +39,25 @@ QString whatCameIn(const ImportReport& report)
            counted(ImportTexts::tr("Lines taken into the family, of %1").arg(report.lines), report.takenLines);
 }
 
+/// "Person: Occupation (INDI.OCCU)"; the tags alone where none of them has a name.
+QString called(const QString& path)
+{
+    QStringList labels;
+    bool isKnown = false;
+    for (const QString& tag : path.split(u'.')) {
+        labels << tagLabel(tag.toStdString());
+        isKnown = isKnown || labels.back() != tag;
+    }
+    return isKnown ? labels.join(QStringLiteral(": ")) % u" (" % path % u')' : path;
+}
+
 QString whatWasKept(const ImportReport& report)
 {
     QString text = heading(ImportTexts::tr("What was kept beside the family")) %
                    counted(ImportTexts::tr("Records, each as it stands in the file"), report.records) %
                    counted(ImportTexts::tr("Lines that a person has no field for"), report.keptLines);
     for (const auto& [path, lines, firstLine] : report.kept)
-        text += ImportTexts::tr("  %1: %2, the first in line %3").arg(path).arg(lines).arg(firstLine) % u'\n';
+        text += ImportTexts::tr("  %1: %2, the first in line %3").arg(called(path)).arg(lines).arg(firstLine) % u'\n';
     return text;
 }
 

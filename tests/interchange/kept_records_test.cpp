@@ -153,7 +153,7 @@ TEST(ImportSummary, TellsNumbersAndLines)
         "\nWhat came in\nPersons: 1\nFamilies: 1\nLinks between partners: 0\nLinks between parents and children: 0\n"
         "Pictures: 0\nLines taken into the family, of 11: 10\n"
         "\nWhat was kept beside the family\nRecords, each as it stands in the file: 4\n"
-        "Lines that a person has no field for: 1\n  INDI.OCCU: 1, the first in line 7\n"
+        "Lines that a person has no field for: 1\n  Person: Occupation (INDI.OCCU): 1, the first in line 7\n"
         "\nWhat was refused\nLinks that no family can have: 1\n  partners of themselves: 1\n"
         "Lines that say nothing that could be taken: 0\nLines that can't be read: 0\n"
         "\nLine by line\n"
