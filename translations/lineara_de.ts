@@ -1063,6 +1063,22 @@
         <source>The archive can&apos;t be made: there is not enough memory.</source>
         <translation>Das Archiv kann nicht erzeugt werden: Der Speicher reicht nicht aus.</translation>
     </message>
+    <message>
+        <source>Pictures that only an export with pictures (.gdz) takes along: %1</source>
+        <translation>Bilder, die nur ein Export mit Bildern (.gdz) mitnimmt: %1</translation>
+    </message>
+    <message>
+        <source>Files that the genealogy names and that are not there: %1</source>
+        <translation>Dateien, die die Genealogie nennt und die nicht da sind: %1</translation>
+    </message>
+    <message>
+        <source>What stays in the archive alone</source>
+        <translation>Was nur im Archiv bleibt</translation>
+    </message>
+    <message>
+        <source>Files that Lineara does not keep, and does not export</source>
+        <translation>Dateien, die Lineara nicht aufbewahrt und nicht exportiert</translation>
+    </message>
 </context>
 <context>
     <name>KinWords</name>
@@ -2174,6 +2190,10 @@
         <source>&amp;Save…</source>
         <translation>&amp;Speichern…</translation>
     </message>
+    <message>
+        <source>Report.txt</source>
+        <translation>Bericht.txt</translation>
+    </message>
 </context>
 <context>
     <name>ReportTexts</name>
@@ -2199,6 +2219,10 @@
     <message>
         <source>Lines that can&apos;t be read: %1.</source>
         <translation>Unlesbare Zeilen: %1.</translation>
+    </message>
+    <message>
+        <source>Files of the archive that are not kept: %1.</source>
+        <translation>Dateien des Archivs, die nicht aufbewahrt werden: %1.</translation>
     </message>
 </context>
 <context>
@@ -3078,6 +3102,18 @@
     <message>
         <source>Web page</source>
         <translation>Webseite</translation>
+    </message>
+    <message>
+        <source>Family</source>
+        <translation>Familie</translation>
+    </message>
+    <message>
+        <source>Header</source>
+        <translation>Dateikopf</translation>
+    </message>
+    <message>
+        <source>Person</source>
+        <translation>Person</translation>
     </message>
 </context>
 <context>
