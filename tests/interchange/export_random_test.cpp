@@ -104,9 +104,10 @@ private:
         return below(9) == 0 ? -found : found;
     }
 
-    /// No multiple names are cleared: the next one of the record would take the place.
     std::optional<QString> name()
     {
+        if (below(12) == 0)
+            return std::nullopt;
         static const QStringList words = {QStringLiteral("Ada"), QStringLiteral("Zoë"),       QStringLiteral("a/b"),
                                           QStringLiteral("@x@"), QStringLiteral("O'Oak"),     QStringLiteral("\"Bo\""),
                                           QStringLiteral("//"),  QStringLiteral("\U0001F333")};

@@ -40,6 +40,20 @@ TEST(KeptRecords, StandInFileOrderAndBelongToTheirPersons)
     EXPECT_FALSE(family.context->journal().canUndo());
 }
 
+TEST(KeptRecords, RememberWhatTheirPointersNamedInVain)
+{
+    const auto family =
+        imported("0 HEAD\n1 SUBM @U1@\n0 @I1@ INDI\n1 NAME A @x@ B\n1 SOUR @S9@\n2 PAGE 3\n1 FAMS @F1@\n"
+                 "1 ASSO @I9@\n1 NOTE @VOID@\n1 NOTE a\n2 CONT @N8@\n9 SOUR @S8@ \n1 SOUR @S9@\n"
+                 "0 @F1@ FAM\n1 HUSB @I1@\n0 @U1@ SUBM\n0 TRLR\n");
+    const auto sources = family.context->allSources();
+    ASSERT_EQ(sources.size(), 5u);
+    EXPECT_FALSE(sources[0]->origin().dangling.isNull());
+    EXPECT_EQ(sources[0]->origin().dangling, "");
+    EXPECT_EQ(sources[1]->origin().dangling, "@I9@S8@S9@");
+    EXPECT_TRUE(sources[2]->origin().dangling.isNull());
+}
+
 /// Of every line of levels 1 and 2 that a reader of its own finds: by the tags that lead to it, how often.
 std::map<std::string, std::size_t> countedPaths(const QByteArray& text)
 {
