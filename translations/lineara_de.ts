@@ -518,6 +518,30 @@
         <source>Export the Family</source>
         <translation>Familie exportieren</translation>
     </message>
+    <message>
+        <source>This is not in the exported file.</source>
+        <translation>Das ist nicht in der exportierten Datei.</translation>
+    </message>
+    <message>
+        <source>“%1” was exported, but not everything is in it.</source>
+        <translation>„%1“ wurde exportiert, aber nicht alles ist darin.</translation>
+    </message>
+    <message>
+        <source>Details…</source>
+        <translation>Einzelheiten…</translation>
+    </message>
+    <message>
+        <source>“%1” was exported.</source>
+        <translation>„%1“ wurde exportiert.</translation>
+    </message>
+    <message>
+        <source>Show Folder</source>
+        <translation>Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>“%1” is a name for a family file. Choose one that ends in .ged or .gdz.</source>
+        <translation>„%1“ ist der Name einer Familiendatei. Wählen Sie einen, der auf .ged oder .gdz endet.</translation>
+    </message>
 </context>
 <context>
     <name>FamilyInsight</name>
@@ -2004,6 +2028,10 @@
     <message>
         <source>“%1” can’t print: it took not all pages. Is it switched on and connected?</source>
         <translation>„%1“ kann nicht drucken: Nicht alle Seiten wurden angenommen. Ist der Drucker eingeschaltet und verbunden?</translation>
+    </message>
+    <message>
+        <source>“%1” can’t be written. Is there such a folder, with room and permission for a file?</source>
+        <translation>„%1“ kann nicht geschrieben werden. Gibt es diesen Ordner, mit Platz und Erlaubnis für eine Datei?</translation>
     </message>
 </context>
 <context>

@@ -138,7 +138,7 @@ void DocumentController::keepUnsaved(std::function<void()> kept)
         document->whenSettled([last] {});
     }
     for (const auto& document : leaving_)
-        document->whenSettled([last] {});
+        document->whenExported([last] {});
 }
 
 } // namespace lineara

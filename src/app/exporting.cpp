@@ -8,15 +8,18 @@
 
 #include <QCoreApplication>
 #include <QDate>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QMessageBox>
+#include <QUrl>
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <utility>
 
 namespace lineara {
@@ -113,6 +116,33 @@ void tell(Document& document, const QString& failure)
     box->open();
 }
 
+void showLeftOut(Document& document, const QString& what)
+{
+    auto* const box = new QMessageBox(QMessageBox::Information, QGuiApplication::applicationDisplayName(),
+                                      ExportingTexts::tr("This is not in the exported file."), QMessageBox::Close,
+                                      &document.window());
+    box->setObjectName(QStringLiteral("leftOut"));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setInformativeText(what.section(u'\n', 0, 0));
+    box->setDetailedText(what);
+    box->open();
+}
+
+/// Says above the family that its export is done, and offers what there is to know about it.
+void offerExported(Document& document, const QString& path, const QString& leftOut)
+{
+    const QFileInfo file(path);
+    if (!leftOut.isEmpty()) {
+        document.window().offer(
+            ExportingTexts::tr("“%1” was exported, but not everything is in it.").arg(file.fileName()),
+            ExportingTexts::tr("Details…"), [&document, leftOut] { showLeftOut(document, leftOut); });
+        return;
+    }
+    document.window().offer(ExportingTexts::tr("“%1” was exported.").arg(file.fileName()),
+                            ExportingTexts::tr("Show Folder"),
+                            [folder = file.absolutePath()] { QDesktopServices::openUrl(QUrl::fromLocalFile(folder)); });
+}
+
 void exportTo(Document& document, const QString& path, GedcomFormat format)
 {
     const QFileInfo file(path);
@@ -123,14 +153,20 @@ void exportTo(Document& document, const QString& path, GedcomFormat format)
                            .arg(reached.fileName()));
         return;
     }
-    const auto write = [path, format](const FamilyContent& family, const Progress& progress) -> Outcome<Done> {
+    const auto report = std::make_shared<ExportReport>();
+    const auto write = [path, format, report](const FamilyContent& family, const Progress& progress) -> Outcome<Done> {
         const auto exported = exportGedcomFile(family, path, format, progress);
-        return exported.failed() ? Outcome<Done>(exported.failure()) : Done{};
+        if (exported.failed())
+            return exported.failure();
+        *report = exported.value();
+        return Done{};
     };
     document.exportFamily(ExportingTexts::tr("Exporting “%1”…").arg(file.fileName()), write,
-                          [&document](const Outcome<Done>& written) {
+                          [&document, path, report](const Outcome<Done>& written) {
                               if (written.failed())
                                   tell(document, written.failure().message);
+                              else
+                                  offerExported(document, path, exportSummary(*report));
                           });
 }
 

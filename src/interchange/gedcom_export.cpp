@@ -46,6 +46,19 @@ std::string newHeader(GedcomDialect dialect)
     return "0 HEAD\n" + formatLines(dialect) + "1 SOUR LINEARA\n2 NAME Lineara\n" + submitter + charsetLine(dialect);
 }
 
+/// Leaves out how the file was written. Lines that can't be read, or stand there by mistake, are no part of that.
+void withdrawForm(EditedRecord& header, EditedRecord::Line form)
+{
+    header.strikeAlone(form);
+    for (const EditedRecord::Line line : header.children(form)) {
+        if (header[line].tag != "VERS" && header[line].tag != "FORM")
+            continue;
+        if (const auto version = header.child(line, "VERS"))
+            header.strikeAlone(*version);
+        header.strikeAlone(line);
+    }
+}
+
 /// The kept header says what it said, but for how the file is written now.
 std::string changedHeader(EditedRecord header, GedcomDialect dialect)
 {
@@ -55,7 +68,7 @@ std::string changedHeader(EditedRecord header, GedcomDialect dialect)
     header.insert(charset.value_or(header.size()), charsetLine(dialect));
     for (const auto& line : {format, charset}) {
         if (line)
-            header.strike(*line);
+            withdrawForm(header, *line);
     }
     return header.result();
 }

@@ -74,6 +74,12 @@ void EditedRecord::strike(Line line)
         lines_[at].isStruck = true;
 }
 
+void EditedRecord::strikeAlone(Line line)
+{
+    isChanged_ = true;
+    lines_[line].isStruck = true;
+}
+
 void EditedRecord::strikeContinuations(Line line)
 {
     for (const Line child : children(line)) {

@@ -38,6 +38,8 @@ public:
 
     /// Leaves out the line and all below it.
     void strike(Line line);
+    /// Leaves out the line and stays with what stands below it.
+    void strikeAlone(Line line);
     /// Puts other lines in the place of this one and its continuations.
     void replace(Line line, std::string lines);
     /// Adds lines in front of this place; what is added twice at one place keeps the order of adding.

@@ -1,7 +1,5 @@
 #include "packing.h"
 
-#include "free_places.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -32,9 +30,8 @@ Packing::Packing(const std::vector<Generation>& rows, std::int32_t pitch)
     taken_.resize(used_.size());
 }
 
-void Packing::addFamily(const Chart& chart, Arrangement arrangement, bool asItStands)
+void Packing::addFamily(const Chart& chart, const Arrangement& arrangement, bool asItStands)
 {
-    leaveFreePlaces(chart, arrangement);
     const double origin = *std::ranges::min_element(arrangement.left);
     for (std::uint32_t row = 0; row < chart.rows; ++row)
         placeRow(chart, arrangement, row, origin);

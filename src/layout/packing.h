@@ -17,9 +17,9 @@ public:
     Packing(const std::vector<engine::Generation>& rows, std::int32_t pitch);
 
     /// Adds a family as far left as there is room for it between those before it, or beyond them: in every row that it
-    /// shares with them it stands half a place clear, as a whole. It gets free places where it is crowded, and may
-    /// stand mirrored where that saves room, unless it is to stay `asItStands`.
-    void addFamily(const Chart& chart, Arrangement arrangement, bool asItStands);
+    /// shares with them it stands half a place clear, as a whole. It may stand mirrored where that saves room, unless
+    /// it is to stay `asItStands`.
+    void addFamily(const Chart& chart, const Arrangement& arrangement, bool asItStands);
 
     /// Adds one person behind all others of its row.
     void addAlone(engine::PersonIndex person);

@@ -2,6 +2,7 @@
 
 #include "chart.h"
 #include "components.h"
+#include "free_places.h"
 #include "order.h"
 #include "packing.h"
 
@@ -97,6 +98,9 @@ std::optional<std::vector<std::int32_t>> tidy(const TidyTask& task, const TidyPr
         if (!arrangement)
             return std::nullopt;
         const bool isKept = keepOrder(chart, places, task.pitch, *arrangement);
+        // An order that is kept has them where its user left them.
+        if (!isKept)
+            leaveFreePlaces(chart, *arrangement);
         packing.addFamily(chart, *arrangement, isKept || chart.siblingPairs.items() > 0);
         for (const PersonIndex person : families[number])
             placed[person] = true;

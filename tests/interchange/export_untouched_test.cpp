@@ -44,6 +44,18 @@ TEST_P(Untouched, ComesBackLineByLine)
     EXPECT_THAT(changes, IsEmpty());
 }
 
+TEST(UntouchedHeader, KeepsWhatCanNotBeReadBelowItsForm)
+{
+    const QByteArray strays = "0\u00a0@I1@ INDI\n1\u00a0NAME A /B/\n";
+    const auto family = imported("0 HEAD\n1 GEDC\n2 VERS 5.5.1\n" + strays + "2 FORM LINEAGE-LINKED\n1 CHAR UTF-8\n" +
+                                 strays + "0 TRLR\n");
+    for (const auto format : {GedcomFormat::Gedcom551, GedcomFormat::Gedcom70}) {
+        const QByteArray text = exported(*family.context, format);
+        EXPECT_EQ(text.count(strays), 2);
+        EXPECT_EQ(exported(*imported(text).context, format), text);
+    }
+}
+
 TEST_P(Untouched, TellsTheSameWithoutItsRecordsBeingKept)
 {
     const auto told = familyToldBy(text, QStringLiteral("records"), {});
