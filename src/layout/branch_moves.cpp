@@ -19,15 +19,15 @@ BranchMoves::BranchMoves(const Chart& chart, const FamilyTree& tree, double cost
     placement_.easeBeyond(1);
 }
 
-void BranchMoves::goOver(Arrangement& arrangement, std::size_t largest, bool downwards)
+void BranchMoves::goOver(Arrangement& arrangement, const Scope& scope, bool downwards)
 {
     arrangement_ = &arrangement;
     drawn_.drawAll(arrangement);
     for (std::uint32_t row = 0; row < chart_.rows; ++row)
-        tryRow(downwards ? row : chart_.rows - 1 - row, largest);
+        tryRow(downwards ? row : chart_.rows - 1 - row, scope);
 }
 
-void BranchMoves::tryRow(std::uint32_t row, std::size_t largest)
+void BranchMoves::tryRow(std::uint32_t row, const Scope& scope)
 {
     const auto blocks = arrangement_->rows[row];
     standing_.clear();
@@ -36,9 +36,9 @@ void BranchMoves::tryRow(std::uint32_t row, std::size_t largest)
     std::ranges::sort(standing_);
     blocksOfRow_.assign(blocks.begin(), blocks.end());
     for (const BlockIndex block : blocksOfRow_) {
-        if (drawn_.of(block).empty())
+        if (block % scope.everyNth != 0 || drawn_.of(block).empty())
             continue;
-        chooseBranch(block, largest);
+        chooseBranch(block, scope.largest);
         tryBranch(block);
     }
     settleMovedRows();

@@ -21,9 +21,17 @@ public:
     /// crossing.
     BranchMoves(const Chart& chart, const FamilyTree& tree, double costOfDisorder);
 
-    /// Tries, row by row, for every block with its branch of the tree some places near its relatives and its
-    /// neighbours, and takes the best. A branch of more than `largest` blocks is left to move block by block.
-    void goOver(Arrangement& arrangement, std::size_t largest, bool downwards);
+    /// Which branches are tried: a branch of more than `largest` blocks is left to move block by block, and of the
+    /// blocks only every `everyNth` leads.
+    struct Scope
+    {
+        std::size_t largest = 1;
+        std::size_t everyNth = 1;
+    };
+
+    /// Tries, row by row, for the leading blocks with their branches of the tree some places near their relatives and
+    /// neighbours, and takes the best.
+    void goOver(Arrangement& arrangement, const Scope& scope, bool downwards);
 
 private:
     /// A move of the chosen branch: mirrored about the middle of its first block if wanted, then shifted.
@@ -33,7 +41,7 @@ private:
         bool mirror = false;
     };
 
-    void tryRow(std::uint32_t row, std::size_t largest);
+    void tryRow(std::uint32_t row, const Scope& scope);
     void tryBranch(BlockIndex block);
     void chooseBranch(BlockIndex block, std::size_t largest);
     void liftLines();

@@ -25,6 +25,27 @@ std::size_t startsFor(const Chart& chart)
     return std::min(chart.blocks(), std::clamp<std::size_t>(10'000 / (chart.blocks() + 1), 2, 12));
 }
 
+/// How often all branches are tried, or which part of them once.
+struct Effort
+{
+    std::size_t rounds = 1;
+    std::size_t everyNth = 1;
+};
+
+/// As often as comparisons of lines can be afforded, a certain number per block.
+Effort effortFor(const Chart& chart)
+{
+    constexpr double affordable = 2'000;
+    constexpr double affordableInOne = 6'000;
+    constexpr double most = 12;
+    double comparisons = 1;
+    for (std::uint32_t row = 0; row < chart.rows; ++row)
+        comparisons += std::pow(static_cast<double>(chart.linesBelow[row].size()), 2);
+    const double perBlock = comparisons / static_cast<double>(chart.blocks());
+    return {static_cast<std::size_t>(std::clamp(affordable / perBlock, 1.0, most)),
+            static_cast<std::size_t>(std::max(std::ceil(perBlock / affordableInOne), 1.0))};
+}
+
 /// Orders a chart step by step and remembers the best order met on the way.
 class Search
 {
@@ -70,18 +91,20 @@ public:
         }
     }
 
-    /// Moves branches while there is time for it.
-    bool moveBranches(int rounds, const Heard& heard)
+    /// Moves branches while there is time for it. Where it does not suffice for all rounds, the large branches are left
+    /// out, which cost most and save least.
+    bool moveBranches(const Effort& effort, const Heard& heard)
     {
         BranchMoves moves(chart_, tree_, costOfDisorder_);
-        constexpr std::array<std::size_t, 4> sizes{400, 100, 30, 10};
+        constexpr std::array<std::size_t, 8> sizes{400, 1, 100, 1, 30, 1, 10, 1};
         constexpr std::size_t usualSize = 40;
-        for (int round = 0; round < rounds; ++round) {
-            const auto turn = static_cast<std::size_t>(round);
-            const std::size_t size = turn / 2 < sizes.size() ? sizes[turn / 2] : usualSize;
-            moves.goOver(now_, turn % 2 == 0 ? size : 1, turn % 2 == 0);
+        const std::size_t skipped = sizes.size() - std::min(effort.rounds, sizes.size());
+        for (std::size_t round = 0; round < effort.rounds; ++round) {
+            const std::size_t turn = skipped + round;
+            const std::size_t size = turn < sizes.size() ? sizes[turn] : turn % 2 == 0 ? usualSize : 1;
+            moves.goOver(now_, {size, effort.everyNth}, turn % 2 == 0);
             compare();
-            if (heard && !heard(static_cast<double>(round + 1) / rounds))
+            if (heard && !heard(static_cast<double>(round + 1) / static_cast<double>(effort.rounds)))
                 return false;
         }
         return true;
@@ -165,17 +188,6 @@ std::uint64_t affordableFor(const Chart& chart, const Arrangement& arrangement)
 {
     constexpr double share = 0.03;
     return static_cast<std::uint64_t>(std::ceil(share * static_cast<double>(countCrossings(chart, arrangement))));
-}
-
-/// How often all branches are tried: as often as comparisons of lines can be afforded, a certain number per block.
-int roundsFor(const Chart& chart)
-{
-    constexpr double affordable = 2'000;
-    constexpr double most = 12;
-    double comparisons = 1;
-    for (std::uint32_t row = 0; row < chart.rows; ++row)
-        comparisons += std::pow(static_cast<double>(chart.linesBelow[row].size()), 2);
-    return static_cast<int>(std::clamp(affordable * static_cast<double>(chart.blocks()) / comparisons, 1.0, most));
 }
 
 /// A chart walked from some blocks far apart in it; the best comes first.
@@ -351,7 +363,7 @@ std::optional<Arrangement> orderFamilies(const Chart& chart, const Heard& heard)
         search->returnToBest();
         search->sift(2);
         search->returnToBest();
-        if (!search->moveBranches(roundsFor(chart), heardOfAll))
+        if (!search->moveBranches(effortFor(chart), heardOfAll))
             return std::nullopt;
         Arrangement found = search->best();
         sortSiblings(chart, search->tree(), found, affordableFor(chart, found));
