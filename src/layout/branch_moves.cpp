@@ -14,7 +14,7 @@ constexpr double costOfLength = 0.1;
 
 BranchMoves::BranchMoves(const Chart& chart, const FamilyTree& tree, double costOfDisorder)
     : chart_(chart), tree_(tree), costOfDisorder_(costOfDisorder), placement_(chart), drawn_(chart),
-      chosenIn_(chart.blocks(), 0), liftedIn_(chart.lines.size(), 0), hasMoved_(chart.rows, false)
+      chosenIn_(chart.blocks(), 0), hasMoved_(chart.rows, false)
 {
     placement_.easeBeyond(1);
 }
@@ -95,13 +95,7 @@ void BranchMoves::liftLines()
 {
     lines_.clear();
     for (const BlockIndex block : chosen_)
-        for (const std::uint32_t line : drawn_.of(block)) {
-            if (liftedIn_[line] == choice_)
-                continue;
-            liftedIn_[line] = choice_;
-            lines_.push_back(line);
-            drawn_.lift(line);
-        }
+        drawn_.liftAt(block, lines_);
 }
 
 void BranchMoves::lowerLines()

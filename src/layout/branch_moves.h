@@ -66,7 +66,6 @@ private:
     std::vector<std::uint32_t> lines_;
     std::uint32_t choice_ = 0;
     std::vector<std::uint32_t> chosenIn_;
-    std::vector<std::uint32_t> liftedIn_;
     double leadersMiddle_ = 0;
     /// The blocks of the row from left to right, by their middles.
     std::vector<std::pair<double, BlockIndex>> standing_;

@@ -41,7 +41,8 @@ std::int64_t crossed(std::span<const float> upper, std::span<const float> lower,
 
 } // namespace
 
-DrawnLines::DrawnLines(const Chart& chart) : chart_(chart), linesOf_(linesOfBlocks(chart))
+DrawnLines::DrawnLines(const Chart& chart)
+    : chart_(chart), linesOf_(linesOfBlocks(chart)), isLifted_(chart.lines.size(), true)
 {
     std::vector<bool> counts(chart_.lines.size(), false);
     for (std::uint32_t row = 0; row < chart_.rows; ++row)
@@ -68,6 +69,7 @@ DrawnLines::DrawnLines(const Chart& chart) : chart_(chart), linesOf_(linesOfBloc
 
 void DrawnLines::draw(const Arrangement& arrangement, std::uint32_t line)
 {
+    isLifted_[line] = false;
     const Pieces& pieces = pieces_[line];
     const StraightLine drawn(chart_, arrangement, chart_.lines[line]);
     for (std::uint32_t row = pieces.top; row < pieces.bottom; ++row) {
@@ -85,9 +87,31 @@ void DrawnLines::drawAll(const Arrangement& arrangement)
 
 void DrawnLines::lift(std::uint32_t line)
 {
+    isLifted_[line] = true;
     const Pieces& pieces = pieces_[line];
     for (std::uint32_t piece = 0; piece < pieces.bottom - pieces.top; ++piece)
         upper_[standsAt_[pieces.first + piece]] = std::numeric_limits<float>::quiet_NaN();
+}
+
+void DrawnLines::liftAt(BlockIndex block, std::vector<std::uint32_t>& lifted)
+{
+    for (const std::uint32_t line : linesOf_[block]) {
+        if (isLifted_[line])
+            continue;
+        lift(line);
+        lifted.push_back(line);
+    }
+}
+
+std::int64_t DrawnLines::lower(const Arrangement& arrangement, std::span<const std::uint32_t> lines)
+{
+    std::int64_t crossings = 0;
+    for (const std::uint32_t line : lines) {
+        const StraightLine drawn(chart_, arrangement, chart_.lines[line]);
+        crossings += crossingsOf(line, static_cast<float>(drawn.from), static_cast<float>(drawn.to));
+        draw(arrangement, line);
+    }
+    return crossings;
 }
 
 std::int64_t DrawnLines::crossingsOf(std::uint32_t line, float from, float to) const

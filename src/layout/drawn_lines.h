@@ -26,6 +26,12 @@ public:
     /// Takes a line out until it is drawn again.
     void lift(std::uint32_t line);
 
+    /// Takes the lines out that end at a block, and adds those to `lifted` that were drawn until now.
+    void liftAt(BlockIndex block, std::vector<std::uint32_t>& lifted);
+
+    /// Draws lifted lines, one after the other, and returns how many crossings they bring.
+    std::int64_t lower(const Arrangement& arrangement, std::span<const std::uint32_t> lines);
+
     /// How many drawn lines the given one would cross if it led from `from` in its upper row to `to` in its lower one.
     /// It must have been lifted. Takes time linear in the lines of the rows that it passes.
     std::int64_t crossingsOf(std::uint32_t line, float from, float to) const;
@@ -42,6 +48,7 @@ private:
     const Chart& chart_;
     Lists<std::uint32_t> linesOf_;
     std::vector<Pieces> pieces_;
+    std::vector<bool> isLifted_;
     /// Where the pieces stand in `upper_` and `lower_`, which hold all pieces of a row together; NaN while lifted.
     std::vector<std::uint32_t> standsAt_;
     std::vector<std::uint32_t> rowBegins_;

@@ -6,6 +6,7 @@
 #include "placement.h"
 #include "sibling_order.h"
 #include "sifting.h"
+#include "straightening.h"
 #include "sweep.h"
 
 #include <algorithm>
@@ -166,21 +167,22 @@ std::size_t triesFor(const Chart& chart)
     return std::clamp<std::size_t>(3'000 / (chart.blocks() + 1), 1, 12);
 }
 
-/// Lets the springs have their way as far as that does not cost crossings.
+/// Lets the springs have their way as far as that does not cost crossings: everywhere at once if that can be, and then
+/// where it can.
 void straighten(const Chart& chart, Arrangement& arrangement)
 {
-    const double tolerated = costOf(chart, arrangement);
-    const double mostCrossings = 1.01 * static_cast<double>(countCrossings(chart, arrangement));
-    for (const int rounds : {40, 8, 2, 1}) {
-        Arrangement pulled = arrangement;
-        Placement placement(chart);
-        placement.easeBeyond(2);
-        placement.pull(pulled, rounds);
-        if (costOf(chart, pulled) > tolerated || static_cast<double>(countCrossings(chart, pulled)) > mostCrossings)
-            continue;
-        arrangement = pulled;
-        return;
-    }
+    constexpr double easedBeyond = 2;
+    Arrangement pulled = arrangement;
+    Placement placement(chart);
+    placement.easeBeyond(easedBeyond);
+    placement.pull(pulled, 40);
+    if (costOf(chart, pulled) <= costOf(chart, arrangement) &&
+        countCrossings(chart, pulled) <= countCrossings(chart, arrangement))
+        arrangement = std::move(pulled);
+    Straightening straightening(chart, easedBeyond);
+    bool moved = true;
+    for (int times = passes(chart, 20, 1); moved && times > 0; --times)
+        moved = straightening.goOver(arrangement);
 }
 
 /// What siblings in their order may cost: less than a search leaves to chance.

@@ -43,7 +43,7 @@ std::int64_t disorderOf(std::span<const Sibling> siblings, const std::vector<std
 } // namespace
 
 SiblingOrder::SiblingOrder(const Chart& chart, const FamilyTree& tree)
-    : chart_(chart), tree_(tree), drawn_(chart), takenIn_(chart.blocks(), 0), liftedIn_(chart.lines.size(), 0),
+    : chart_(chart), tree_(tree), drawn_(chart), takenIn_(chart.blocks(), 0),
       affordableWork_(workPerBlock * static_cast<std::int64_t>(chart.blocks()))
 {}
 
@@ -187,9 +187,9 @@ bool SiblingOrder::tryOrder(const std::vector<std::uint32_t>& sequence)
     reassign(sequence);
     liftMoved();
     affordableWork_ -= static_cast<std::int64_t>(2 * lines_.size() * chart_.lines.size() / chart_.rows);
-    const std::int64_t before = drawMoved();
+    const std::int64_t before = drawn_.lower(*arrangement_, lines_);
     exchange();
-    const std::int64_t added = drawMoved() - before;
+    const std::int64_t added = drawn_.lower(*arrangement_, lines_) - before;
     if (won <= 0 || added > std::min(won * perPair_, affordable_)) {
         exchange();
         for (const std::uint32_t line : lines_)
@@ -245,27 +245,9 @@ void SiblingOrder::reassign(const std::vector<std::uint32_t>& sequence)
 
 void SiblingOrder::liftMoved()
 {
-    ++lifting_;
     lines_.clear();
     for (const MovedBlock& moved : moved_)
-        for (const std::uint32_t line : drawn_.of(moved.block)) {
-            if (liftedIn_[line] == lifting_)
-                continue;
-            liftedIn_[line] = lifting_;
-            lines_.push_back(line);
-            drawn_.lift(line);
-        }
-}
-
-std::int64_t SiblingOrder::drawMoved()
-{
-    std::int64_t crossings = 0;
-    for (const std::uint32_t line : lines_) {
-        const StraightLine drawn(chart_, *arrangement_, chart_.lines[line]);
-        crossings += drawn_.crossingsOf(line, static_cast<float>(drawn.from), static_cast<float>(drawn.to));
-        drawn_.draw(*arrangement_, line);
-    }
-    return crossings;
+        drawn_.liftAt(moved.block, lines_);
 }
 
 void SiblingOrder::settleRows()

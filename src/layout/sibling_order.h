@@ -58,7 +58,6 @@ private:
     bool exchangeNeighbours();
     bool tryOrder(const std::vector<std::uint32_t>& sequence);
     void reassign(const std::vector<std::uint32_t>& sequence);
-    std::int64_t drawMoved();
     void liftMoved();
     void exchange();
     void settleRows();
@@ -78,8 +77,6 @@ private:
     std::vector<Entry> entries_;
     std::vector<MovedBlock> moved_;
     std::vector<std::uint32_t> lines_;
-    std::vector<std::uint32_t> liftedIn_;
-    std::uint32_t lifting_ = 0;
     /// So that the time taken stays in proportion to the family; sibships that come later are left as they are.
     std::int64_t affordableWork_ = 0;
 };
