@@ -19,12 +19,14 @@ BranchMoves::BranchMoves(const Chart& chart, const FamilyTree& tree, double cost
     placement_.easeBeyond(1);
 }
 
-void BranchMoves::goOver(Arrangement& arrangement, const Scope& scope, bool downwards)
+void BranchMoves::goOver(Arrangement& arrangement, const Scope& scope, const Heard& heard)
 {
     arrangement_ = &arrangement;
     drawn_.drawAll(arrangement);
-    for (std::uint32_t row = 0; row < chart_.rows; ++row)
-        tryRow(downwards ? row : chart_.rows - 1 - row, scope);
+    Hearing hearing(heard);
+    hearing.nextPart(1);
+    for (std::uint32_t row = 0; row < chart_.rows && hearing.goesOn(static_cast<double>(row) / chart_.rows); ++row)
+        tryRow(scope.downwards ? row : chart_.rows - 1 - row, scope);
 }
 
 void BranchMoves::tryRow(std::uint32_t row, const Scope& scope)

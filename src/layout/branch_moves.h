@@ -3,6 +3,7 @@
 #include "arrangement.h"
 #include "drawn_lines.h"
 #include "family_walk.h"
+#include "hearing.h"
 #include "placement.h"
 
 #include <cstdint>
@@ -22,16 +23,17 @@ public:
     BranchMoves(const Chart& chart, const FamilyTree& tree, double costOfDisorder);
 
     /// Which branches are tried: a branch of more than `largest` blocks is left to move block by block, and of the
-    /// blocks only every `everyNth` leads.
+    /// blocks only every `everyNth` leads. `downwards` is the sequence of the rows.
     struct Scope
     {
         std::size_t largest = 1;
         std::size_t everyNth = 1;
+        bool downwards = true;
     };
 
     /// Tries, row by row, for the leading blocks with their branches of the tree some places near their relatives and
-    /// neighbours, and takes the best.
-    void goOver(Arrangement& arrangement, const Scope& scope, bool downwards);
+    /// neighbours, and takes the best. Ends early if `heard` says so.
+    void goOver(Arrangement& arrangement, const Scope& scope, const Heard& heard = {});
 
 private:
     /// A move of the chosen branch: mirrored about the middle of its first block if wanted, then shifted.

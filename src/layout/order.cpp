@@ -1,16 +1,13 @@
 #include "order.h"
 
-#include "branch_moves.h"
 #include "crossings.h"
 #include "family_walk.h"
 #include "placement.h"
+#include "search.h"
 #include "sibling_order.h"
-#include "sifting.h"
 #include "straightening.h"
-#include "sweep.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 #include <memory>
@@ -26,141 +23,6 @@ std::size_t startsFor(const Chart& chart)
     return std::min(chart.blocks(), std::clamp<std::size_t>(10'000 / (chart.blocks() + 1), 2, 12));
 }
 
-/// How often all branches are tried, or which part of them once.
-struct Effort
-{
-    std::size_t rounds = 1;
-    std::size_t everyNth = 1;
-};
-
-/// As often as comparisons of lines can be afforded, a certain number per block.
-Effort effortFor(const Chart& chart)
-{
-    constexpr double affordable = 2'000;
-    constexpr double affordableInOne = 6'000;
-    constexpr double most = 12;
-    double comparisons = 1;
-    for (std::uint32_t row = 0; row < chart.rows; ++row)
-        comparisons += std::pow(static_cast<double>(chart.linesBelow[row].size()), 2);
-    const double perBlock = comparisons / static_cast<double>(chart.blocks());
-    return {static_cast<std::size_t>(std::clamp(affordable / perBlock, 1.0, most)),
-            static_cast<std::size_t>(std::max(std::ceil(perBlock / affordableInOne), 1.0))};
-}
-
-/// Orders a chart step by step and remembers the best order met on the way.
-class Search
-{
-public:
-    Search(const Chart& chart, FamilyTree tree, double costOfDisorder)
-        : chart_(chart), tree_(std::move(tree)), costOfDisorder_(costOfDisorder), placement_(chart), sweep_(chart),
-          sifting_(chart), now_(walkOrder(chart_, tree_))
-    {
-        setBounds(chart_, now_);
-        centreRows();
-        placement_.pull(now_, 6);
-        for (int time = 0; time < 3; ++time) {
-            for (std::uint32_t row = 0; row < chart_.rows; ++row)
-                sweep_.turnRow(now_, row);
-            placement_.pull(now_, 3);
-        }
-        best_ = now_;
-        least_ = costOf(chart_, best_, costOfDisorder_);
-    }
-
-    bool isPlane() const { return countCrossings(chart_, best_) == 0; }
-    const Arrangement& best() const { return best_; }
-    void returnToBest() { now_ = best_; }
-    const FamilyTree& tree() const { return tree_; }
-
-    /// Sorts all rows `times` times down and up, at the given share of the other side.
-    void sweep(int times, double share)
-    {
-        for (int time = 0; time < times; ++time) {
-            sweep_.down(now_, share);
-            sweep_.up(now_, share);
-            compare();
-        }
-    }
-
-    /// Moves single blocks, over all rows `times` times or until none moves.
-    void sift(int times)
-    {
-        for (bool moved = true; moved && times > 0; --times) {
-            moved = siftRows();
-            placement_.pull(now_, 2);
-            compare();
-        }
-    }
-
-    /// Moves branches while there is time for it. Where it does not suffice for all rounds, the large branches are left
-    /// out, which cost most and save least.
-    bool moveBranches(const Effort& effort, const Heard& heard)
-    {
-        BranchMoves moves(chart_, tree_, costOfDisorder_);
-        constexpr std::array<std::size_t, 8> sizes{400, 1, 100, 1, 30, 1, 10, 1};
-        constexpr std::size_t usualSize = 40;
-        const std::size_t skipped = sizes.size() - std::min(effort.rounds, sizes.size());
-        for (std::size_t round = 0; round < effort.rounds; ++round) {
-            const std::size_t turn = skipped + round;
-            const std::size_t size = turn < sizes.size() ? sizes[turn] : turn % 2 == 0 ? usualSize : 1;
-            moves.goOver(now_, {size, effort.everyNth}, turn % 2 == 0);
-            compare();
-            if (heard && !heard(static_cast<double>(round + 1) / static_cast<double>(effort.rounds)))
-                return false;
-        }
-        return true;
-    }
-
-private:
-    void centreRows()
-    {
-        for (std::uint32_t row = 0; row < chart_.rows; ++row) {
-            const BlockIndex last = now_.rows[row].back();
-            const double width = now_.left[last] + chart_.width(last);
-            for (const BlockIndex block : now_.rows[row])
-                now_.left[block] -= width / 2;
-        }
-    }
-
-    bool siftRows()
-    {
-        bool moved = false;
-        for (std::uint32_t row = 0; row < chart_.rows; ++row)
-            moved |= siftRow(row);
-        for (std::uint32_t row = chart_.rows; row-- > 0;)
-            moved |= siftRow(row);
-        return moved;
-    }
-
-    bool siftRow(std::uint32_t row)
-    {
-        sweep_.turnRow(now_, row);
-        const bool moved = sifting_.siftRow(now_, row);
-        if (moved)
-            placement_.pullRow(now_, row);
-        return moved;
-    }
-
-    void compare()
-    {
-        const double cost = costOf(chart_, now_, costOfDisorder_);
-        if (cost < least_) {
-            least_ = cost;
-            best_ = now_;
-        }
-    }
-
-    const Chart& chart_;
-    FamilyTree tree_;
-    double costOfDisorder_;
-    Placement placement_;
-    Sweep sweep_;
-    Sifting sifting_;
-    Arrangement now_;
-    Arrangement best_;
-    double least_ = 0;
-};
-
 /// Of how many starts the whole search is made.
 std::size_t triesFor(const Chart& chart)
 {
@@ -169,20 +31,25 @@ std::size_t triesFor(const Chart& chart)
 
 /// Lets the springs have their way as far as that does not cost crossings: everywhere at once if that can be, and then
 /// where it can.
-void straighten(const Chart& chart, Arrangement& arrangement)
+void straighten(const Chart& chart, Arrangement& arrangement, const Heard& heard)
 {
     constexpr double easedBeyond = 2;
+    Hearing hearing(heard);
+    hearing.nextPart(0.5);
     Arrangement pulled = arrangement;
     Placement placement(chart);
     placement.easeBeyond(easedBeyond);
-    placement.pull(pulled, 40);
+    placement.pull(pulled, 40, hearing.ofPart());
     if (costOf(chart, pulled) <= costOf(chart, arrangement) &&
         countCrossings(chart, pulled) <= countCrossings(chart, arrangement))
         arrangement = std::move(pulled);
     Straightening straightening(chart, easedBeyond);
+    const int most = passes(chart, 20, 1);
     bool moved = true;
-    for (int times = passes(chart, 20, 1); moved && times > 0; --times)
-        moved = straightening.goOver(arrangement);
+    for (int pass = 0; moved && pass < most && !hearing.isStopped(); ++pass) {
+        hearing.nextPart(0.5 / most);
+        moved = straightening.goOver(arrangement, hearing.ofPart());
+    }
 }
 
 /// What siblings in their order may cost: less than a search leaves to chance.
@@ -192,12 +59,16 @@ std::uint64_t affordableFor(const Chart& chart, const Arrangement& arrangement)
     return static_cast<std::uint64_t>(std::ceil(share * static_cast<double>(countCrossings(chart, arrangement))));
 }
 
-/// A chart walked from some blocks far apart in it; the best comes first.
-std::vector<std::unique_ptr<Search>> searchesOf(const Chart& chart)
+/// A chart walked from some blocks far apart in it; the best comes first. Fewer after a stop.
+std::vector<std::unique_ptr<Search>> searchesOf(const Chart& chart, const Heard& heard)
 {
     const std::size_t starts = startsFor(chart);
+    Hearing hearing(heard);
     std::vector<std::unique_ptr<Search>> searches;
     for (std::size_t start = 0; start < starts; ++start) {
+        hearing.nextPart(1.0 / static_cast<double>(starts));
+        if (!hearing.goesOn(0))
+            break;
         const auto root = static_cast<BlockIndex>(chart.blocks() * start / starts);
         searches.push_back(std::make_unique<Search>(chart, spanFrom(chart, root), chart.costOfDisorder));
         // Left to itself for once, the search may find more, and siblings are sorted afterwards in any case.
@@ -207,6 +78,22 @@ std::vector<std::unique_ptr<Search>> searchesOf(const Chart& chart)
     std::ranges::stable_sort(searches, {}, [&](const auto& search) { return costOf(chart, search->best()); });
     searches.resize(std::min(searches.size(), triesFor(chart)));
     return searches;
+}
+
+/// Untangles what the search has found so far.
+void untangle(const Chart& chart, Search& search, const Heard& heard)
+{
+    Hearing hearing(heard);
+    hearing.nextPart(0.1);
+    search.sweep(passes(chart, 6, 2), 0, hearing.ofPart());
+    hearing.nextPart(0.1);
+    search.sweep(passes(chart, 8, 3), 0.2, hearing.ofPart());
+    search.returnToBest();
+    hearing.nextPart(0.1);
+    search.sift(2, hearing.ofPart());
+    search.returnToBest();
+    hearing.nextPart(0.7);
+    search.moveBranches(hearing.ofPart());
 }
 
 /// Brings everybody to where they would stand in the picture, the family about place 0, so that the same comes out when
@@ -317,7 +204,8 @@ bool isSameOrder(const Chart& chart, const Arrangement& one, const Arrangement& 
     return true;
 }
 
-Arrangement keptOrder(const Chart& chart, Arrangement arrangement, std::int32_t pitch)
+std::optional<Arrangement> keptOrder(const Chart& chart, Arrangement arrangement, std::int32_t pitch,
+                                     const Heard& heard)
 {
     constexpr int mostRounds = 30;
     setBounds(chart, arrangement);
@@ -329,10 +217,15 @@ Arrangement keptOrder(const Chart& chart, Arrangement arrangement, std::int32_t 
     }
     toWholePoints(chart, arrangement, pitch);
     const FamilyTree tree = spanFrom(chart, 0);
+    Hearing hearing(heard);
     for (int round = 0; round < mostRounds; ++round) {
         Arrangement next = arrangement;
-        const bool isSorted = !sortSiblings(chart, tree, next, 0);
-        straighten(chart, next);
+        hearing.nextPart(0.5 / mostRounds);
+        const bool isSorted = !sortSiblings(chart, tree, next, 0, hearing.ofPart());
+        hearing.nextPart(0.5 / mostRounds);
+        straighten(chart, next, hearing.ofPart());
+        if (!hearing.goesOn(1))
+            return std::nullopt;
         toWholePoints(chart, next, pitch);
         if (isSorted && !isWorthMoving(chart, arrangement, next))
             break;
@@ -343,39 +236,32 @@ Arrangement keptOrder(const Chart& chart, Arrangement arrangement, std::int32_t 
 
 std::optional<Arrangement> orderFamilies(const Chart& chart, const Heard& heard)
 {
-    const auto searches = searchesOf(chart);
+    Hearing hearing(heard);
+    hearing.nextPart(0.1);
+    const auto searches = searchesOf(chart, hearing.ofPart());
+    const double share = 0.9 / static_cast<double>(std::max<std::size_t>(searches.size(), 1));
     std::optional<Arrangement> best;
     double least = std::numeric_limits<double>::infinity();
-    double done = 0;
-    const auto heardOfAll = [&](double share) {
-        return !heard || heard((done + share) / static_cast<double>(searches.size()));
-    };
     for (const auto& search : searches) {
-        if (!heardOfAll(0))
-            return std::nullopt;
-        if (search->isPlane()) {
-            // Nothing is left to be untangled; the other starts could only do as well.
-            best = search->best();
-            sortSiblings(chart, search->tree(), *best, 0);
-            straighten(chart, *best);
-            return best;
-        }
-        search->sweep(passes(chart, 6, 2), 0);
-        search->sweep(passes(chart, 8, 3), 0.2);
-        search->returnToBest();
-        search->sift(2);
-        search->returnToBest();
-        if (!search->moveBranches(effortFor(chart), heardOfAll))
-            return std::nullopt;
+        // Where nothing is left to be untangled the other starts could only do as well.
+        const bool isPlane = search->isPlane();
+        hearing.nextPart(0.6 * share);
+        if (!isPlane)
+            untangle(chart, *search, hearing.ofPart());
         Arrangement found = search->best();
-        sortSiblings(chart, search->tree(), found, affordableFor(chart, found));
-        straighten(chart, found);
+        hearing.nextPart(0.2 * share);
+        sortSiblings(chart, search->tree(), found, isPlane ? 0 : affordableFor(chart, found), hearing.ofPart());
+        hearing.nextPart(0.2 * share);
+        straighten(chart, found, hearing.ofPart());
+        if (!hearing.goesOn(1))
+            return std::nullopt;
+        if (isPlane)
+            return found;
         const double cost = costOf(chart, found);
         if (cost < least) {
             best = std::move(found);
             least = cost;
         }
-        done += 1;
     }
     return best;
 }

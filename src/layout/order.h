@@ -1,16 +1,13 @@
 #pragma once
 
 #include "arrangement.h"
+#include "hearing.h"
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <span>
 
 namespace lineara::layout {
-
-/// Hears what share of a piece of work is done, from 0 to 1; says whether to go on.
-using Heard = std::function<bool(double)>;
 
 /// How good an arrangement is, less being better: its crossings, siblings in the wrong order, and a little for the
 /// length of its child lines.
@@ -30,8 +27,10 @@ Arrangement orderAt(const Chart& chart, std::span<const double> places);
 bool isSameOrder(const Chart& chart, const Arrangement& one, const Arrangement& other);
 
 /// Tidies up what stands in an order already, in whole points of which a place has `pitch`. Only siblings change their
-/// order, and only where that adds no crossing. Who stands well enough stays: what comes out is its own answer.
-Arrangement keptOrder(const Chart& chart, Arrangement arrangement, std::int32_t pitch);
+/// order, and only where that adds no crossing. Who stands well enough stays: what comes out is its own answer. Nothing
+/// if `heard` says so.
+std::optional<Arrangement> keptOrder(const Chart& chart, Arrangement arrangement, std::int32_t pitch,
+                                     const Heard& heard);
 
 /// Orders the rows of a chart so that families stay together and few child lines cross, and gives places. Nothing if
 /// `heard` says so.

@@ -100,12 +100,14 @@ void Placement::addPulls(Pull& pull, const Arrangement& arrangement, BlockIndex 
     }
 }
 
-void Placement::pull(Arrangement& arrangement, int rounds)
+void Placement::pull(Arrangement& arrangement, int rounds, const Heard& heard)
 {
     constexpr double longStride = 1.6;
     constexpr int calmRounds = 4;
     constexpr double noticeable = 0.0001;
-    for (int round = 0; round < rounds; ++round) {
+    Hearing hearing(heard);
+    hearing.nextPart(1);
+    for (int round = 0; round < rounds && hearing.goesOn(static_cast<double>(round) / rounds); ++round) {
         const double stride = round + calmRounds < rounds ? longStride : 1;
         double farthest = 0;
         for (std::uint32_t row = 0; row < chart_.rows; ++row)

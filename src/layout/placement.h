@@ -1,6 +1,7 @@
 #pragma once
 
 #include "arrangement.h"
+#include "hearing.h"
 
 #include <span>
 
@@ -38,8 +39,9 @@ public:
     /// by that factor, which reaches the balance of all rows sooner. Returns the farthest move of a block.
     double pullRow(Arrangement& arrangement, std::uint32_t row, double stride = 1);
 
-    /// Pulls every row in turn, downwards and back upwards, `rounds` times or until nothing moves any more.
-    void pull(Arrangement& arrangement, int rounds);
+    /// Pulls every row in turn, downwards and back upwards, `rounds` times, or until nothing moves any more or `heard`
+    /// says so.
+    void pull(Arrangement& arrangement, int rounds, const Heard& heard = {});
 
 private:
     void addPulls(Pull& pull, const Arrangement& arrangement, BlockIndex block, std::span<const Spring> springs) const;

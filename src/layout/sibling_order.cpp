@@ -4,6 +4,7 @@
 #include "placement.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <numeric>
 #include <tuple>
@@ -17,6 +18,8 @@ constexpr std::size_t mostBlocks = 3'000;
 /// What all sibships together may cost for each block, in comparisons of lines, and what a block of a branch costs.
 constexpr std::int64_t workPerBlock = 20'000;
 constexpr std::int64_t workPerEntry = 100;
+/// After how many sibships is asked whether to go on: most are in order and take no time.
+constexpr std::size_t askedEvery = 64;
 /// Brothers and sisters who are tried in pairs at most.
 constexpr std::size_t mostExchanged = 100;
 
@@ -47,14 +50,20 @@ SiblingOrder::SiblingOrder(const Chart& chart, const FamilyTree& tree)
       affordableWork_(workPerBlock * static_cast<std::int64_t>(chart.blocks()))
 {}
 
-bool SiblingOrder::goOver(Arrangement& arrangement, std::int64_t perPair, std::int64_t inAll)
+bool SiblingOrder::goOver(Arrangement& arrangement, std::int64_t perPair, std::int64_t inAll, const Heard& heard)
 {
     arrangement_ = &arrangement;
     perPair_ = perPair;
     affordable_ = inAll;
     drawn_.drawAll(arrangement);
     bool moved = false;
-    for (std::size_t sibship = 0; sibship < chart_.sibships.lists(); ++sibship)
+    Hearing hearing(heard);
+    hearing.nextPart(1);
+    const std::size_t sibships = chart_.sibships.lists();
+    const auto goesOn = [&](std::size_t sibship) {
+        return hearing.goesOn(static_cast<double>(sibship) / static_cast<double>(sibships));
+    };
+    for (std::size_t sibship = 0; sibship < sibships && (sibship % askedEvery != 0 || goesOn(sibship)); ++sibship)
         moved |= sortSibship(chart_.sibships[sibship]);
     return moved;
 }
@@ -288,21 +297,25 @@ std::int64_t disorderOf(const Chart& chart, const Arrangement& arrangement)
     return disorder;
 }
 
-bool sortSiblings(const Chart& chart, const FamilyTree& tree, Arrangement& arrangement, std::uint64_t mostAdded)
+bool sortSiblings(const Chart& chart, const FamilyTree& tree, Arrangement& arrangement, std::uint64_t mostAdded,
+                  const Heard& heard)
 {
     if (chart.sibships.lists() == 0)
         return false;
     const std::uint64_t most = countCrossings(chart, arrangement) + mostAdded;
     SiblingOrder siblings(chart, tree);
+    Hearing hearing(heard);
     bool moved = false;
     // The cheapest come first. What more was paid than is allowed, because others had to step aside, is taken back, and
     // so is what brought others out of order.
-    for (const std::int64_t perPair : {0, 0, 1, 2, 4, 8, 0}) {
-        if (perPair > 0 && mostAdded == 0)
+    constexpr std::array<std::int64_t, 7> perPair{0, 0, 1, 2, 4, 8, 0};
+    for (const std::int64_t price : perPair) {
+        if ((price > 0 && mostAdded == 0) || hearing.isStopped())
             break;
+        hearing.nextPart(1.0 / perPair.size());
         Arrangement sorted = arrangement;
         const auto affordable = static_cast<std::int64_t>(most - countCrossings(chart, arrangement));
-        if (!siblings.goOver(sorted, perPair, affordable) || countCrossings(chart, sorted) > most ||
+        if (!siblings.goOver(sorted, price, affordable, hearing.ofPart()) || countCrossings(chart, sorted) > most ||
             disorderOf(chart, sorted) >= disorderOf(chart, arrangement))
             continue;
         arrangement = std::move(sorted);

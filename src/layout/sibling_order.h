@@ -3,6 +3,7 @@
 #include "arrangement.h"
 #include "drawn_lines.h"
 #include "family_walk.h"
+#include "hearing.h"
 
 #include <cstdint>
 #include <span>
@@ -21,8 +22,9 @@ public:
 
     /// Goes over all sibships that are not in order. Exchanges that add up to `perPair`
     /// crossings for each pair of neighbours that they bring into order are carried out as long as all of them together
-    /// add no more than `inAll`, as far as lines keep their places otherwise. Returns whether anybody moved.
-    bool goOver(Arrangement& arrangement, std::int64_t perPair, std::int64_t inAll);
+    /// add no more than `inAll`, as far as lines keep their places otherwise. Ends early if `heard` says so.
+    /// Returns whether anybody moved.
+    bool goOver(Arrangement& arrangement, std::int64_t perPair, std::int64_t inAll, const Heard& heard = {});
 
 private:
     /// A block of one of the branches and where its middle stands.
@@ -85,7 +87,8 @@ private:
 std::int64_t disorderOf(const Chart& chart, const Arrangement& arrangement);
 
 /// Brings siblings into order wherever that adds no crossing, and further ones up to `mostAdded` crossings more than
-/// there are. Returns whether anybody moved.
-bool sortSiblings(const Chart& chart, const FamilyTree& tree, Arrangement& arrangement, std::uint64_t mostAdded);
+/// there are. Ends early if `heard` says so. Returns whether anybody moved.
+bool sortSiblings(const Chart& chart, const FamilyTree& tree, Arrangement& arrangement, std::uint64_t mostAdded,
+                  const Heard& heard = {});
 
 } // namespace lineara::layout

@@ -18,15 +18,19 @@ Straightening::Straightening(const Chart& chart, double easedBeyond)
     placement_.easeBeyond(easedBeyond);
 }
 
-bool Straightening::goOver(Arrangement& arrangement)
+bool Straightening::goOver(Arrangement& arrangement, const Heard& heard)
 {
     arrangement_ = &arrangement;
     drawn_.drawAll(arrangement);
+    Hearing hearing(heard);
+    const auto goesOn = [&](std::uint32_t row) { return hearing.goesOn(static_cast<double>(row) / chart_.rows); };
     bool moved = false;
-    for (std::uint32_t row = 0; row < chart_.rows; ++row)
+    hearing.nextPart(0.5);
+    for (std::uint32_t row = 0; row < chart_.rows && goesOn(row); ++row)
         moved |= pullRow(row);
-    for (std::uint32_t row = chart_.rows; row-- > 0;)
-        moved |= pullRow(row);
+    hearing.nextPart(0.5);
+    for (std::uint32_t row = 0; row < chart_.rows && goesOn(row); ++row)
+        moved |= pullRow(chart_.rows - 1 - row);
     return moved;
 }
 

@@ -2,6 +2,7 @@
 
 #include "arrangement.h"
 #include "drawn_lines.h"
+#include "hearing.h"
 #include "placement.h"
 
 #include <cstddef>
@@ -19,8 +20,9 @@ public:
     /// The chart must outlive this. Springs beyond `easedBeyond` places pull no harder than one of that length.
     Straightening(const Chart& chart, double easedBeyond);
 
-    /// Pulls every row in turn, downwards and back upwards. Returns whether anybody moved noticeably.
-    bool goOver(Arrangement& arrangement);
+    /// Pulls every row in turn, downwards and back upwards, unless `heard` says not to go on. Returns whether anybody
+    /// moved noticeably.
+    bool goOver(Arrangement& arrangement, const Heard& heard = {});
 
 private:
     bool pullRow(std::uint32_t row);

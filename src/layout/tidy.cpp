@@ -58,8 +58,9 @@ Arrangement mirrored(const Chart& chart, Arrangement order)
 
 /// The order that there is stays unless the one that was found is clearly better: who tidies up again after an edit
 /// wants to find everybody again. Only the order counts, not how far apart all stand, so that who is tidy already
-/// comes out as before to the point. Returns whether it stays.
-bool keepOrder(const Chart& chart, std::span<const double> places, std::int32_t pitch, Arrangement& found)
+/// comes out as before to the point. Returns whether it stays, and nothing if `heard` says not to go on.
+std::optional<bool> keepOrder(const Chart& chart, std::span<const double> places, std::int32_t pitch,
+                              Arrangement& found, const Heard& heard)
 {
     constexpr double clearly = 1.2;
     if (places.empty())
@@ -70,10 +71,12 @@ bool keepOrder(const Chart& chart, std::span<const double> places, std::int32_t 
     const Arrangement present = orderAt(chart, places);
     if (isFound(present))
         return false;
-    Arrangement kept = keptOrder(chart, present, pitch);
-    if (isFound(kept) || costOf(chart, kept) > clearly * costOf(chart, found) + 1)
+    std::optional<Arrangement> kept = keptOrder(chart, present, pitch, heard);
+    if (!kept)
+        return std::nullopt;
+    if (isFound(*kept) || costOf(chart, *kept) > clearly * costOf(chart, found) + 1)
         return false;
-    found = std::move(kept);
+    found = std::move(*kept);
     return true;
 }
 
@@ -91,17 +94,22 @@ std::optional<std::vector<std::int32_t>> tidy(const TidyTask& task, const TidyPr
     for (const std::size_t number : largestFirst(families)) {
         const auto persons = static_cast<double>(families[number].size());
         const Chart chart = builder.build(families[number]);
-        const auto heard = [&](double share) {
+        const Heard heard = [&](double share) {
             return !progress || progress((done + share * persons) / static_cast<double>(families.items()));
         };
-        std::optional<Arrangement> arrangement = orderFamilies(chart, heard);
+        Hearing hearing(heard);
+        hearing.nextPart(places.empty() ? 0.95 : 0.6);
+        std::optional<Arrangement> arrangement = orderFamilies(chart, hearing.ofPart());
         if (!arrangement)
             return std::nullopt;
-        const bool isKept = keepOrder(chart, places, task.pitch, *arrangement);
-        // An order that is kept has them where its user left them.
+        hearing.nextPart(places.empty() ? 0 : 0.35);
+        const std::optional<bool> isKept = keepOrder(chart, places, task.pitch, *arrangement, hearing.ofPart());
         if (!isKept)
+            return std::nullopt;
+        // An order that is kept has them where its user left them.
+        if (!*isKept)
             leaveFreePlaces(chart, *arrangement);
-        packing.addFamily(chart, *arrangement, isKept || chart.siblingPairs.items() > 0);
+        packing.addFamily(chart, *arrangement, *isKept || chart.siblingPairs.items() > 0);
         for (const PersonIndex person : families[number])
             placed[person] = true;
         done += persons;

@@ -41,7 +41,7 @@ struct CrossedPair
     std::uint64_t crossingsAfter(const BranchMoves::Scope& scope)
     {
         const FamilyTree tree = spanFrom(chart, 0);
-        BranchMoves(chart, tree, 0).goOver(arrangement, scope, true);
+        BranchMoves(chart, tree, 0).goOver(arrangement, scope);
         return countCrossings(chart, arrangement);
     }
 

@@ -5,12 +5,22 @@
 #include <gmock/gmock.h>
 
 #include <cstdlib>
+#include <limits>
+#include <utility>
+#include <vector>
 
 namespace lineara::layout {
 namespace {
 
 using namespace sketch;
 using testing::ElementsAre;
+
+/// So many that not all branches can be tried even twice.
+#ifdef LINEARA_SANITIZED
+constexpr std::uint32_t personsInRow = 300;
+#else
+constexpr std::uint32_t personsInRow = 3'000;
+#endif
 
 TEST(Tidy, EmptyFamilyHasNoPlaces)
 {
@@ -164,6 +174,58 @@ TEST(Tidy, OneSidedAndSelfLinksDoNoHarm)
             links->endPerson();
         }
     EXPECT_THAT(tidied(family, {1, 1, 1}, 0), testing::UnorderedElementsAre(0, pitch, 2 * pitch + 0));
+}
+
+/// What is told until it is said not to go on, at the call with the given number.
+std::vector<double> toldUntil(const TidyTask& task, std::size_t stop)
+{
+    std::vector<double> told;
+    const auto places = tidy(task, [&](double share) {
+        told.push_back(share);
+        return told.size() <= stop;
+    });
+    EXPECT_EQ(places.has_value(), told.size() <= stop);
+    return told;
+}
+
+/// Steps may be wide where there is nothing to do, but what there is to do has many.
+void expectManyStepsAndStops(const TidyTask& task)
+{
+    constexpr double widestStep = 0.4;
+    constexpr std::size_t fewestSteps = 50;
+    constexpr std::size_t stops = 8;
+    const std::vector<double> told = toldUntil(task, std::numeric_limits<std::size_t>::max());
+    ASSERT_GT(told.size(), fewestSteps);
+    EXPECT_LE(told.front(), widestStep);
+    EXPECT_LE(told.back(), 1);
+    for (std::size_t at = 1; at < told.size(); ++at) {
+        ASSERT_LE(told[at - 1], told[at]);
+        ASSERT_LE(told[at] - told[at - 1], widestStep);
+    }
+    for (std::size_t stop = 0; stop < stops; ++stop) {
+        const std::size_t at = told.size() * stop / stops;
+        EXPECT_EQ(toldUntil(task, at).size(), at + 1);
+    }
+}
+
+TEST(Tidy, TellsHowFarALargeFamilyIsAndStopsAtAnyMoment)
+{
+    Random random(33);
+    const Sketch family = largeFamily(random, 5, personsInRow);
+    const FamilyGraph graph = family.graph();
+    expectManyStepsAndStops({graph, family.generations()});
+}
+
+TEST(Tidy, TellsHowFarItIsWhereAnOrderIsThereAlready)
+{
+    Random random(34);
+    const Sketch family = largeFamily(random, 8, 60);
+    const FamilyGraph graph = family.graph();
+    std::vector<std::int32_t> present = order(family);
+    std::swap(present[10], present[40]);
+    TidyTask task{graph, family.generations()};
+    task.present = present;
+    expectManyStepsAndStops(task);
 }
 
 TEST(Tidy, StopsWhenNotToGoOn)
