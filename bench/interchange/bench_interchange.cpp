@@ -5,6 +5,7 @@
 #include "canvas/tidying.h"
 #include "interchange/gedcom_export.h"
 #include "interchange/gedcom_import.h"
+#include "platform/log.h"
 #include "store/family_content.h"
 
 #include <QCoreApplication>
@@ -67,7 +68,7 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     // Figures stand alone, without every generation that the engine had to refuse.
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    const lineara::LogCapture refusals;
     for (int at = 1; at < argc; ++at)
         lineara::bench::measure(QString::fromLocal8Bit(argv[at]));
 }

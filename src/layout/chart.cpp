@@ -160,7 +160,7 @@ void ChartBuilder::numberRows(Chart& chart) const
 
 void ChartBuilder::noteBirths(Chart& chart) const
 {
-    chart.bornIn.assign(chart.members.lists(), unknownYear);
+    chart.bornIn.assign(chart.members.lists(), unknownBirthYear);
     if (birthYears_.empty())
         return;
     for (BlockIndex block = 0; block < chart.members.lists(); ++block) {
@@ -265,7 +265,8 @@ void ChartBuilder::addSibship(Chart& chart, std::span<const PersonIndex> childre
     const auto blockOf = [](const Sibling& sibling) { return sibling.place.block; };
     std::ranges::stable_sort(sibship, {}, blockOf);
     sibship.erase(std::ranges::unique(sibship, {}, blockOf).begin(), sibship.end());
-    const auto known = std::ranges::count_if(sibship, [](const Sibling& one) { return one.bornIn != unknownYear; });
+    const auto known =
+        std::ranges::count_if(sibship, [](const Sibling& one) { return one.bornIn != unknownBirthYear; });
     if (known < 2)
         return;
     for (const Sibling& sibling : sibship)
@@ -284,7 +285,7 @@ void ChartBuilder::pairSiblings(Chart& chart) const
     for (std::size_t sibship = 0; sibship < chart.sibships.lists(); ++sibship) {
         const auto siblings = chart.sibships[sibship];
         byYear.assign(siblings.begin(), siblings.end());
-        std::erase_if(byYear, [](const Sibling& sibling) { return sibling.bornIn == unknownYear; });
+        std::erase_if(byYear, [](const Sibling& sibling) { return sibling.bornIn == unknownBirthYear; });
         std::ranges::stable_sort(byYear, {}, &Sibling::bornIn);
         for (const Sibling& sibling : byYear) {
             const auto sameYear = std::ranges::equal_range(byYear, sibling.bornIn, {}, &Sibling::bornIn);

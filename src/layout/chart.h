@@ -2,6 +2,7 @@
 
 #include "engine/family_graph.h"
 #include "engine/process.h"
+#include "layout/tidy.h"
 #include "lists.h"
 #include "partner_rows.h"
 
@@ -12,9 +13,6 @@
 #include <vector>
 
 namespace lineara::layout {
-
-/// The birth year of who has none: later than all others, so that they stand last.
-inline constexpr std::int32_t unknownYear = std::numeric_limits<std::int32_t>::max();
 
 /// Index of a block within its Chart.
 using BlockIndex = std::uint32_t;
@@ -49,8 +47,8 @@ struct ChildLine
 struct Sibling
 {
     Anchor place;
-    /// `unknownYear` where it is not known.
-    std::int32_t bornIn = unknownYear;
+    /// `unknownBirthYear` where it is not known.
+    std::int32_t bornIn = unknownBirthYear;
 };
 
 /// Two brothers or sisters born in different years, between which nobody else of theirs was born.
@@ -70,7 +68,8 @@ struct Chart
     Lists<engine::PersonIndex> members;
     std::vector<std::uint32_t> rowOf;
     std::uint32_t rows = 0;
-    /// The birth year of the first member whose parents are in the family, of each block; `unknownYear` without one.
+    /// The birth year of the first member whose parents are in the family, of each block; `unknownBirthYear` without
+    /// one.
     std::vector<std::int32_t> bornIn;
     /// The blocks that hold the children of each block's members, and those that hold their parents, in link order.
     Lists<BlockIndex> childBlocks;

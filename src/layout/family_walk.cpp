@@ -119,11 +119,11 @@ Lists<BirthRank> ranksOf(const Chart& chart)
         const auto siblings = chart.sibships[sibship];
         std::vector<std::int32_t> years;
         for (const Sibling& sibling : siblings)
-            if (sibling.bornIn != unknownYear)
+            if (sibling.bornIn != unknownBirthYear)
                 years.push_back(sibling.bornIn);
         std::ranges::sort(years);
         for (const auto& [place, bornIn] : siblings) {
-            if (bornIn == unknownYear)
+            if (bornIn == unknownBirthYear)
                 continue;
             const auto [from, to] = std::ranges::equal_range(years, bornIn);
             for (const Spring& spring : chart.springsUp[place.block])

@@ -25,7 +25,7 @@ constexpr std::size_t mostExchanged = 100;
 
 bool isKnown(const Sibling& sibling)
 {
-    return sibling.bornIn != unknownYear;
+    return sibling.bornIn != unknownBirthYear;
 }
 
 /// How many neighbours, of those whose years are known, stand in the wrong order.

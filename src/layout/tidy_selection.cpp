@@ -1,11 +1,12 @@
 #include "layout/row_solver.h"
 #include "layout/tidy.h"
+#include "selected_part.h"
 #include "shared_gaps.h"
 
 #include <algorithm>
 #include <limits>
 #include <map>
-#include <numeric>
+#include <optional>
 
 namespace lineara::layout {
 
@@ -13,47 +14,6 @@ using engine::Generation;
 using engine::PersonIndex;
 
 namespace {
-
-constexpr PersonIndex notChosen = ~PersonIndex{0};
-
-/// The family of the selected persons alone.
-struct PartOfFamily
-{
-    engine::FamilyGraph family;
-    std::vector<Generation> generations;
-    std::vector<std::int32_t> birthYears;
-};
-
-engine::Adjacency linksAmong(const engine::Adjacency& links, std::span<const PersonIndex> chosen,
-                             const std::vector<PersonIndex>& indexOf)
-{
-    engine::Adjacency among;
-    for (const PersonIndex person : chosen) {
-        for (const PersonIndex other : links[person])
-            if (indexOf[other] != notChosen)
-                among.add(indexOf[other]);
-        among.endPerson();
-    }
-    return among;
-}
-
-PartOfFamily partOf(const TidyTask& task, std::span<const PersonIndex> chosen)
-{
-    std::vector<PersonIndex> indexOf(task.family.persons(), notChosen);
-    PartOfFamily part;
-    for (const PersonIndex person : chosen) {
-        indexOf[person] = static_cast<PersonIndex>(part.generations.size());
-        part.family.numbers.push_back(task.family.numbers[person]);
-        part.generations.push_back(task.generations[person]);
-        if (!task.birthYears.empty())
-            part.birthYears.push_back(task.birthYears[person]);
-    }
-    part.family.members = part.family.persons();
-    part.family.parents = linksAmong(task.family.parents, chosen, indexOf);
-    part.family.children = linksAmong(task.family.children, chosen, indexOf);
-    part.family.partners = linksAmong(task.family.partners, chosen, indexOf);
-    return part;
-}
 
 /// Selected persons who stand shoulder to shoulder with their partners and stay so.
 struct Group
@@ -93,14 +53,30 @@ private:
     void formGroups()
     {
         std::ranges::sort(chosen_);
+        std::map<PersonIndex, std::size_t> groupOf;
         for (const auto& [wish, person] : chosen_) {
-            const bool joins = !groups_.empty() &&
-                               wish - groups_.back().wish == offset(groups_.back().persons.size()) &&
-                               std::ranges::count(task_.family.partners[person], groups_.back().persons.back()) > 0;
-            if (!joins)
+            const auto joined = groupBeside(person, wish, groupOf).value_or(groups_.size());
+            if (joined == groups_.size())
                 groups_.push_back({{}, wish, wish, 0});
-            groups_.back().persons.push_back(person);
+            groups_[joined].persons.push_back(person);
+            groupOf[person] = joined;
         }
+    }
+
+    /// The group that ends with a partner of somebody, right beside where that one wishes to stand. Families may wish
+    /// for the same places, so others may wish to stand between.
+    std::optional<std::size_t> groupBeside(PersonIndex person, std::int64_t wish,
+                                           const std::map<PersonIndex, std::size_t>& groupOf) const
+    {
+        for (const PersonIndex partner : task_.family.partners[person]) {
+            const auto found = groupOf.find(partner);
+            if (found == groupOf.end())
+                continue;
+            const Group& group = groups_[found->second];
+            if (group.persons.back() == partner && wish - group.wish == offset(group.persons.size()))
+                return found->second;
+        }
+        return std::nullopt;
     }
 
     void measureGaps(const std::vector<std::int32_t>& places)
@@ -166,33 +142,11 @@ private:
     std::vector<Gap> gaps_;
 };
 
-/// How far the selected persons' new places are to be shifted so that they move as little as may be in total.
-std::int64_t shiftOf(const TidyTask& task, std::span<const PersonIndex> chosen, const std::vector<std::int32_t>& tidied)
-{
-    std::vector<std::int64_t> shifts;
-    for (std::size_t index = 0; index < chosen.size(); ++index)
-        shifts.push_back(std::int64_t{task.present[chosen[index]]} - tidied[index]);
-    const auto middle = shifts.begin() + static_cast<std::ptrdiff_t>(shifts.size() / 2);
-    std::ranges::nth_element(shifts, middle);
-    return *middle;
-}
-
-} // namespace
-
-std::optional<std::vector<std::int32_t>> tidySelection(const TidyTask& task, std::span<const PersonIndex> selected,
-                                                       const TidyProgress& progress)
+/// Everybody's place when the selected stand as near to their wishes as the others let them.
+std::vector<std::int32_t> placesFor(const TidyTask& task, std::span<const PersonIndex> selected,
+                                    const std::vector<std::int64_t>& wishes)
 {
     std::vector<std::int32_t> places(task.present.begin(), task.present.end());
-    if (selected.empty())
-        return places;
-    const PartOfFamily part = partOf(task, selected);
-    TidyTask partTask{part.family, part.generations};
-    partTask.birthYears = part.birthYears;
-    partTask.pitch = task.pitch;
-    const auto tidied = tidy(partTask, progress);
-    if (!tidied)
-        return std::nullopt;
-    const std::int64_t shift = shiftOf(task, selected, *tidied);
     std::vector<bool> isSelected(task.family.persons(), false);
     std::map<Generation, SharedRow> rows;
     const std::int64_t rightmost = *std::ranges::max_element(places);
@@ -201,13 +155,29 @@ std::optional<std::vector<std::int32_t>> tidySelection(const TidyTask& task, std
     };
     for (std::size_t index = 0; index < selected.size(); ++index) {
         isSelected[selected[index]] = true;
-        rowOf(selected[index]).addChosen(selected[index], (*tidied)[index] + shift);
+        rowOf(selected[index]).addChosen(selected[index], wishes[index]);
     }
     for (PersonIndex person = 0; person < task.family.persons(); ++person)
         if (!isSelected[person])
             rowOf(person).addOther(person);
     for (auto& [generation, row] : rows)
         row.settle(places);
+    return places;
+}
+
+} // namespace
+
+std::optional<std::vector<std::int32_t>> tidySelection(const TidyTask& task, std::span<const PersonIndex> selected,
+                                                       const TidyProgress& progress)
+{
+    if (selected.empty())
+        return std::vector<std::int32_t>(task.present.begin(), task.present.end());
+    SelectedPart part(task, selected);
+    if (!part.tidyUp(progress))
+        return std::nullopt;
+    std::vector<std::int32_t> places = placesFor(task, selected, part.wishes());
+    while (part.giveUpInVain(places))
+        places = placesFor(task, selected, part.wishes());
     return places;
 }
 

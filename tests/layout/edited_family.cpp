@@ -103,15 +103,26 @@ PersonIndex EditedFamily::addBeside(PersonIndex relative, bool isLeft, Generatio
     return links_.person(generation);
 }
 
-void EditedFamily::tidyUp()
+TidyTask EditedFamily::task(const FamilyGraph& family) const
 {
-    const FamilyGraph family = graph();
     TidyTask task{family, generations_};
     task.birthYears = birthYears_;
     task.present = places_;
     task.pitch = pitch;
     task.margin = programMargin;
-    places_ = tidy(task).value();
+    return task;
+}
+
+void EditedFamily::tidyUp()
+{
+    const FamilyGraph family = graph();
+    places_ = tidy(task(family)).value();
+}
+
+void EditedFamily::tidyUp(const std::vector<PersonIndex>& selected)
+{
+    const FamilyGraph family = graph();
+    places_ = tidySelection(task(family), selected).value();
 }
 
 FamilyGraph EditedFamily::graph() const

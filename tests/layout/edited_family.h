@@ -2,6 +2,8 @@
 
 #include "family_sketch.h"
 
+#include "layout/tidy.h"
+
 #include <cstdint>
 #include <map>
 #include <vector>
@@ -32,10 +34,12 @@ public:
     /// A child of two, which comes to stand beside the first.
     PersonIndex addChild(PersonIndex first, PersonIndex second, bool isLeft);
     void tidyUp();
+    void tidyUp(const std::vector<PersonIndex>& selected);
 
 private:
     PersonIndex addBeside(PersonIndex relative, bool isLeft, Generation generation);
     FamilyGraph graph() const;
+    TidyTask task(const FamilyGraph& family) const;
     void runEngine();
     void space();
     void spaceRow(const std::vector<PersonIndex>& row);

@@ -65,6 +65,67 @@ TEST(TidySelection, NobodyElseMovesWhereThereIsRoom)
     }
 }
 
+std::vector<PersonIndex> lineOf(const std::vector<std::vector<PersonIndex>>& next, PersonIndex person)
+{
+    std::vector<PersonIndex> line{person};
+    for (std::size_t at = 0; at < line.size(); ++at)
+        for (const PersonIndex other : next[line[at]])
+            if (std::ranges::count(line, other) == 0)
+                line.push_back(other);
+    line.erase(line.begin());
+    return line;
+}
+
+std::vector<PersonIndex> withPartners(const Sketch& sketch, std::vector<PersonIndex> persons, PersonIndex without)
+{
+    const std::size_t descendants = persons.size();
+    for (std::size_t at = 0; at < descendants; ++at)
+        for (const PersonIndex partner : sketch.partners[persons[at]])
+            if (partner != without && std::ranges::count(persons, partner) == 0)
+                persons.push_back(partner);
+    return persons;
+}
+
+TEST(TidySelection, NobodyMovesInAFamilyThatIsTidy)
+{
+    Random random(41);
+    for (int round = 0; round < selections; ++round) {
+        SCOPED_TRACE(round);
+        const Sketch family = randomDescendants(random, 5, 4);
+        const FamilyGraph graph = family.graph();
+        const LeftEdges x = order(family);
+        TidyTask task{graph, family.generations()};
+        task.present = x;
+        task.margin = margin;
+        const PersonIndex person = pick(random, 0, static_cast<std::uint32_t>(family.persons() - 1));
+        EXPECT_EQ(tidySelection(task, withPartners(family, lineOf(family.children, person), person)), x);
+        EXPECT_EQ(tidySelection(task, lineOf(family.parents, person)), x);
+    }
+}
+
+TEST(TidySelection, ChildrenWhoWentAstrayComeBackBeneathTheirParents)
+{
+    Sketch sketch;
+    const PersonIndex father = sketch.person(2);
+    const PersonIndex mother = sketch.person(2);
+    sketch.marry(father, mother);
+    std::vector<PersonIndex> children;
+    for (int child = 0; child < 4; ++child) {
+        children.push_back(sketch.person(1));
+        sketch.bear(children.back(), {father, mother});
+    }
+    const FamilyGraph graph = sketch.graph();
+    const LeftEdges x{3'000, 3'000 + pitch, margin, 9'000, margin + pitch, 7'000};
+    TidyTask task{graph, sketch.generations()};
+    task.present = x;
+    task.margin = margin;
+    const std::vector<std::int32_t> years{1900, 1900, 1930, 1932, 1934, 1936};
+    task.birthYears = years;
+    const LeftEdges places = tidySelection(task, children).value();
+    const std::int32_t first = 3'000 - pitch;
+    EXPECT_EQ(places, (LeftEdges{3'000, 3'000 + pitch, first, first + pitch, first + 2 * pitch, first + 3 * pitch}));
+}
+
 TEST(TidySelection, OthersMoveApartInTheirOrderWhereThereIsNone)
 {
     Sketch sketch;

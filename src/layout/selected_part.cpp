@@ -1,0 +1,169 @@
+#include "selected_part.h"
+
+#include "components.h"
+#include "order.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace lineara::layout {
+
+using engine::Generation;
+using engine::PersonIndex;
+
+namespace {
+
+constexpr PersonIndex nobody = ~PersonIndex{0};
+
+engine::Adjacency linksAmong(const engine::Adjacency& links, std::span<const PersonIndex> persons,
+                             const std::vector<PersonIndex>& indexOf)
+{
+    engine::Adjacency among;
+    for (const PersonIndex person : persons) {
+        for (const PersonIndex other : links[person])
+            if (indexOf[other] != nobody)
+                among.add(indexOf[other]);
+        among.endPerson();
+    }
+    return among;
+}
+
+} // namespace
+
+SelectedPart::SelectedPart(const TidyTask& task, std::span<const PersonIndex> selected)
+    : task_(task), persons_(selected.begin(), selected.end()), selected_(selected.size()),
+      indexOf_(task.family.persons(), nobody)
+{
+    const auto take = [&](PersonIndex index) { indexOf_[persons_[index]] = index; };
+    for (PersonIndex index = 0; index < selected_; ++index)
+        take(index);
+    for (PersonIndex index = 0; index < selected_; ++index)
+        for (const engine::Adjacency* links : {&task.family.parents, &task.family.children, &task.family.partners})
+            for (const PersonIndex other : (*links)[persons_[index]])
+                if (indexOf_[other] == nobody) {
+                    persons_.push_back(other);
+                    take(static_cast<PersonIndex>(persons_.size() - 1));
+                }
+    copyLinks();
+    ChartBuilder builder(links_, rows_, birthYears_);
+    const Lists<PersonIndex> families = connectedFamilies(links_);
+    for (std::size_t number = 0; number < families.lists(); ++number)
+        families_.push_back({builder.build(families[number]), {families[number].begin(), families[number].end()}});
+    for (std::size_t index = 0; index < selected_; ++index)
+        wishes_.push_back(present_[index]);
+}
+
+void SelectedPart::copyLinks()
+{
+    for (const PersonIndex person : persons_) {
+        links_.numbers.push_back(task_.family.numbers[person]);
+        rows_.push_back(std::max(task_.generations[person], 0));
+        present_.push_back(task_.present[person]);
+        if (!task_.birthYears.empty())
+            birthYears_.push_back(task_.birthYears[person]);
+    }
+    links_.members = links_.persons();
+    links_.parents = linksAmong(task_.family.parents, persons_, indexOf_);
+    links_.children = linksAmong(task_.family.children, persons_, indexOf_);
+    links_.partners = linksAmong(task_.family.partners, persons_, indexOf_);
+}
+
+bool SelectedPart::tidyUp(const TidyProgress& progress)
+{
+    TidyTask task{links_, rows_};
+    task.birthYears = birthYears_;
+    task.present = present_;
+    task.pitch = task_.pitch;
+    const auto tidied = tidy(task, progress);
+    if (!tidied)
+        return false;
+    for (Family& family : families_)
+        wishFor(family, *tidied);
+    return true;
+}
+
+/// Takes the tidied places or their mirror image, whichever is better beside the companions.
+void SelectedPart::wishFor(Family& family, std::span<const std::int32_t> tidied)
+{
+    std::vector<double> places;
+    for (const std::int32_t left : present_)
+        places.push_back(static_cast<double>(left) / task_.pitch);
+    Standing best = standingOf(family, places);
+    // Springs never come to rest altogether, and who stands well wants to stay.
+    constexpr double clearly = 1.2;
+    constexpr double least = 0.1;
+    best.cost = best.cost / clearly - least;
+    for (const std::int64_t direction : {1, -1}) {
+        const auto better = betterPlaces(family, tidied, direction, best);
+        if (!better)
+            continue;
+        family.isToMove = true;
+        for (const PersonIndex person : family.persons)
+            if (isSelected(person))
+                wishes_[person] = std::llround((*better)[person] * task_.pitch);
+    }
+}
+
+/// The selected as tidied, as near to where their companions stand as may be; without companions, to where they stood.
+std::optional<std::vector<double>> SelectedPart::betterPlaces(const Family& family,
+                                                              std::span<const std::int32_t> tidied,
+                                                              std::int64_t direction, Standing& best) const
+{
+    const bool hasCompanions =
+        std::ranges::any_of(family.persons, [&](PersonIndex person) { return !isSelected(person); });
+    std::vector<std::int64_t> shifts;
+    for (const PersonIndex person : family.persons)
+        if (!hasCompanions || !isSelected(person))
+            shifts.push_back(present_[person] - direction * tidied[person]);
+    const auto middle = shifts.begin() + static_cast<std::ptrdiff_t>(shifts.size() / 2);
+    std::ranges::nth_element(shifts, middle);
+    std::vector<double> places(persons_.size(), 0);
+    for (const PersonIndex person : family.persons) {
+        const std::int64_t left = isSelected(person) ? direction * tidied[person] + *middle : present_[person];
+        places[person] = static_cast<double>(left) / task_.pitch;
+    }
+    const Standing standing = standingOf(family, places);
+    if (std::pair(standing.apart, standing.cost) >= std::pair(best.apart, best.cost))
+        return std::nullopt;
+    best = standing;
+    return places;
+}
+
+SelectedPart::Standing SelectedPart::standingOf(const Family& family, const std::vector<double>& places) const
+{
+    constexpr double rounding = 0.01;
+    Standing standing{0, costOf(family.chart, orderAt(family.chart, places))};
+    for (const PersonIndex person : family.persons)
+        for (const PersonIndex partner : links_.partners[person])
+            if (rows_[person] == rows_[partner] && (isSelected(person) || isSelected(partner)))
+                standing.apart += std::abs(places[person] - places[partner]) > 1 + rounding ? 1 : 0;
+    return standing;
+}
+
+bool SelectedPart::giveUpInVain(const std::vector<std::int32_t>& places)
+{
+    std::vector<double> before;
+    std::vector<double> after;
+    for (PersonIndex index = 0; index < persons_.size(); ++index) {
+        before.push_back(static_cast<double>(present_[index]) / task_.pitch);
+        after.push_back(static_cast<double>(places[persons_[index]]) / task_.pitch);
+    }
+    bool inVain = false;
+    for (Family& family : families_) {
+        if (!family.isToMove)
+            continue;
+        const Standing was = standingOf(family, before);
+        const Standing is = standingOf(family, after);
+        if (std::pair(is.apart, is.cost) < std::pair(was.apart, was.cost))
+            continue;
+        inVain = true;
+        family.isToMove = false;
+        for (const PersonIndex person : family.persons)
+            if (isSelected(person))
+                wishes_[person] = present_[person];
+    }
+    return inVain;
+}
+
+} // namespace lineara::layout

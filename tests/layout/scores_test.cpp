@@ -1,0 +1,133 @@
+// How well real families are arranged, against what a general program for graphs makes of them with a point for each
+// couple: the figures of Graphviz dot are written down here.
+
+#include "edited_family.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <map>
+#include <vector>
+
+namespace lineara::layout {
+namespace {
+
+using namespace sketch;
+
+/// A piece of a child line between one row and the next, in places.
+struct Piece
+{
+    double upper = 0;
+    double lower = 0;
+};
+
+/// Lengths in places; rows count downwards.
+class Scores
+{
+public:
+    /// The family must outlive this.
+    explicit Scores(const EditedFamily& family) : family_(family), rowOf_(family.persons())
+    {
+        for (const auto& [generation, row] : family.rows())
+            for (const PersonIndex person : row)
+                rowOf_[person] = -generation;
+        for (PersonIndex child = 0; child < family.persons(); ++child)
+            addLine(child);
+        for (const auto& [row, pieces] : pieces_)
+            crossings_ += crossingsAmong(pieces);
+        addCouples();
+    }
+
+    std::size_t crossings() const { return crossings_; }
+    double ink() const { return ink_; }
+    std::size_t couplesApart() const { return couplesApart_; }
+    double width() const
+    {
+        const auto [first, last] = std::ranges::minmax_element(family_.places());
+        return static_cast<double>(*last - *first) / pitch + 1;
+    }
+
+private:
+    double placeOf(PersonIndex person) const { return static_cast<double>(family_.places()[person]) / pitch; }
+
+    void addLine(PersonIndex child)
+    {
+        const auto& parents = family_.links().parents[child];
+        if (parents.empty())
+            return;
+        std::int32_t top = std::numeric_limits<std::int32_t>::min();
+        double from = 0;
+        for (const PersonIndex parent : parents) {
+            top = std::max(top, rowOf_[parent]);
+            from += placeOf(parent) / static_cast<double>(parents.size());
+        }
+        const double rise = placeOf(child) - from;
+        const std::int32_t rows = rowOf_[child] - top;
+        ink_ += std::abs(rise);
+        for (std::int32_t row = 0; row < rows; ++row)
+            pieces_[top + row].push_back({from + rise * row / rows, from + rise * (row + 1) / rows});
+    }
+
+    static std::size_t crossingsAmong(const std::vector<Piece>& pieces)
+    {
+        constexpr double touching = 1e-4;
+        std::size_t crossings = 0;
+        for (std::size_t one = 0; one < pieces.size(); ++one)
+            for (std::size_t other = 0; other < one; ++other) {
+                const double above = pieces[one].upper - pieces[other].upper;
+                const double below = pieces[one].lower - pieces[other].lower;
+                const bool isApart = std::abs(above) > touching && std::abs(below) > touching;
+                crossings += isApart && (above < 0) != (below < 0) ? 1U : 0U;
+            }
+        return crossings;
+    }
+
+    void addCouples()
+    {
+        std::vector<std::size_t> position(family_.persons());
+        for (const auto& [generation, row] : family_.rows())
+            for (std::size_t at = 0; at < row.size(); ++at)
+                position[row[at]] = at;
+        for (PersonIndex one = 0; one < family_.persons(); ++one)
+            for (const PersonIndex other : family_.links().partners[one]) {
+                if (other < one)
+                    continue;
+                ink_ += std::abs(placeOf(one) - placeOf(other));
+                const std::size_t distance =
+                    std::max(position[one], position[other]) - std::min(position[one], position[other]);
+                couplesApart_ += rowOf_[one] == rowOf_[other] && distance != 1 ? 1U : 0U;
+            }
+    }
+
+    const EditedFamily& family_;
+    std::vector<std::int32_t> rowOf_;
+    std::map<std::int32_t, std::vector<Piece>> pieces_;
+    std::size_t crossings_ = 0;
+    std::size_t couplesApart_ = 0;
+    double ink_ = 0;
+};
+
+TEST(Scores, TheRoyalFamilyIsArrangedBetterThanAsAGraph)
+{
+    const EditedFamily family = EditedFamily::imported("royal92.ged");
+    const Scores scores(family);
+    EXPECT_LE(scores.crossings(), 3'453U);
+    EXPECT_LE(scores.ink(), 0.95 * 15'866.6);
+    EXPECT_LE(scores.width(), 242.4);
+    EXPECT_LE(scores.couplesApart(), 43U);
+}
+
+/// Both wives of one of the kings had their fathers there, and he stands between them.
+TEST(Scores, TheIrishKingsAreNarrowerAndCrossOnce)
+{
+    const EditedFamily family = EditedFamily::imported("irish-kings-cp1252.ged");
+    const Scores scores(family);
+    EXPECT_LE(scores.crossings(), 1U);
+    EXPECT_LE(scores.width(), 25.0);
+}
+
+} // namespace
+} // namespace lineara::layout
