@@ -16,12 +16,12 @@
         <translation>unbekannter Ordner</translation>
     </message>
     <message>
-        <source>Families (*.lineara *.ged *.GED *.gdz);;Family files (*.lineara);;GEDCOM files (*.ged *.GED *.gdz);;All files (*)</source>
-        <translation>Familien (*.lineara *.ged *.GED *.gdz);;Familiendateien (*.lineara);;GEDCOM-Dateien (*.ged *.GED *.gdz);;Alle Dateien (*)</translation>
+        <source>Families (*.lineara *.ged *.GED *.gdz *.GDZ);;Family files (*.lineara);;GEDCOM files (*.ged *.GED *.gdz *.GDZ);;All files (*)</source>
+        <translation>Familien (*.lineara *.ged *.GED *.gdz *.GDZ);;Familiendateien (*.lineara);;GEDCOM-Dateien (*.ged *.GED *.gdz *.GDZ);;Alle Dateien (*)</translation>
     </message>
     <message>
-        <source>GEDCOM files (*.ged *.GED *.gdz);;All files (*)</source>
-        <translation>GEDCOM-Dateien (*.ged *.GED *.gdz);;Alle Dateien (*)</translation>
+        <source>GEDCOM files (*.ged *.GED *.gdz *.GDZ);;All files (*)</source>
+        <translation>GEDCOM-Dateien (*.ged *.GED *.gdz *.GDZ);;Alle Dateien (*)</translation>
     </message>
 </context>
 <context>
@@ -255,6 +255,14 @@
     <message>
         <source>Unsaved changes of “%1” were kept on %2.</source>
         <translation>Nicht gespeicherte Änderungen von „%1“ wurden am %2 aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>Can&apos;t Import the Family</source>
+        <translation>Die Familie lässt sich nicht importieren</translation>
+    </message>
+    <message>
+        <source>The file stays as it is. Families come in from GEDCOM files (.ged, .gdz), which the program that has the family can export.</source>
+        <translation>Die Datei bleibt, wie sie ist. Familien kommen aus GEDCOM-Dateien (.ged, .gdz) herein, die das Programm, das die Familie hat, exportieren kann.</translation>
     </message>
 </context>
 <context>
@@ -924,10 +932,6 @@
         <translation>Sie ist ein ZIP-Archiv, das nicht gelesen werden kann.</translation>
     </message>
     <message>
-        <source>it is a ZIP archive without a GEDCOM file in it.</source>
-        <translation>Sie ist ein ZIP-Archiv, in dem keine GEDCOM-Datei ist.</translation>
-    </message>
-    <message>
         <source>the archive is broken there</source>
         <translation>das Archiv dort beschädigt ist</translation>
     </message>
@@ -1102,6 +1106,14 @@
     <message>
         <source>Files that Lineara does not keep, and does not export</source>
         <translation>Dateien, die Lineara nicht aufbewahrt und nicht exportiert</translation>
+    </message>
+    <message>
+        <source>this archive holds no family: there is no gedcom.ged in it.</source>
+        <translation>Dieses Archiv enthält keine Familie: In ihm liegt keine Datei gedcom.ged.</translation>
+    </message>
+    <message>
+        <source>this archive holds several GEDCOM files, none of which is called gedcom.ged; unpack it and import them one by one.</source>
+        <translation>Dieses Archiv enthält mehrere GEDCOM-Dateien, von denen keine gedcom.ged heißt; entpacken Sie es und importieren Sie sie einzeln.</translation>
     </message>
 </context>
 <context>

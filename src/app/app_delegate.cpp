@@ -154,16 +154,15 @@ void AppDelegate::recover(const QString& id)
 
 void AppDelegate::chooseAndOpen()
 {
-    open(choosePaths(
-        AppDelegateTexts::tr("Open a Family"),
-        AppDelegateTexts::tr("Families (*.lineara *.ged *.GED *.gdz);;Family files (*.lineara);;GEDCOM files (*.ged "
-                             "*.GED *.gdz);;All files (*)")));
+    open(choosePaths(AppDelegateTexts::tr("Open a Family"),
+                     AppDelegateTexts::tr("Families (*.lineara *.ged *.GED *.gdz *.GDZ);;Family files (*.lineara);;"
+                                          "GEDCOM files (*.ged *.GED *.gdz *.GDZ);;All files (*)")));
 }
 
 void AppDelegate::chooseAndImport()
 {
     open(choosePaths(AppDelegateTexts::tr("Import a Family"),
-                     AppDelegateTexts::tr("GEDCOM files (*.ged *.GED *.gdz);;All files (*)")));
+                     AppDelegateTexts::tr("GEDCOM files (*.ged *.GED *.gdz *.GDZ);;All files (*)")));
 }
 
 void AppDelegate::showStartWindow()

@@ -98,7 +98,8 @@ void DocumentController::recover(const LeftWork& work)
     }
     auto copy = RecoveryCopy::adopt(work.id);
     if (!copy) {
-        tell(tr("The unsaved changes of “%1” are gone: they are open in another window, or were removed.")
+        tell(tr("Can't Open the Family"),
+             tr("The unsaved changes of “%1” are gone: they are open in another window, or were removed.")
                  .arg(work.name));
         return;
     }
@@ -280,10 +281,9 @@ bool DocumentController::isOnItsWay(const QString& path) const
     return std::ranges::any_of(openings_, [&](const auto& opening) { return opening.second->concerns(path); });
 }
 
-QMessageBox& DocumentController::tell(const QString& message)
+QMessageBox& DocumentController::tell(const QString& title, const QString& message)
 {
-    auto* const box =
-        new QMessageBox(QMessageBox::Warning, tr("Can't Open the Family"), message, QMessageBox::Ok, windowInFront());
+    auto* const box = new QMessageBox(QMessageBox::Warning, title, message, QMessageBox::Ok, windowInFront());
     box->setObjectName(QStringLiteral("openingFailed"));
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
@@ -292,7 +292,14 @@ QMessageBox& DocumentController::tell(const QString& message)
 
 void DocumentController::tellFailure(const Opening::Result& opened)
 {
-    QMessageBox& box = tell(opened.family.failure().message);
+    const QString& message = opened.family.failure().message;
+    if (!opened.path.isEmpty() && isToBeImported(opened.path)) {
+        tell(tr("Can't Import the Family"), message)
+            .setInformativeText(tr("The file stays as it is. Families come in from GEDCOM files (.ged, .gdz), which "
+                                   "the program that has the family can export."));
+        return;
+    }
+    QMessageBox& box = tell(tr("Can't Open the Family"), message);
     if (opened.path.isEmpty() || !isUpdateStuck(opened.path))
         return;
     box.setInformativeText(tr("A copy that is up to date can be opened. It is saved to a file of its own."));

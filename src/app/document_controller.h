@@ -112,7 +112,7 @@ private:
     void left(const Document& document, Unsaved unsaved);
     void offerBack(const LeftWork& work);
     void review(Reviewed reviewed, const std::function<void()>& closed);
-    QMessageBox& tell(const QString& message);
+    QMessageBox& tell(const QString& title, const QString& message);
     /// Offers a copy beside, where one can be had.
     void tellFailure(const Opening::Result& opened);
     void offerLeftWork(Document& document);

@@ -164,13 +164,13 @@ void StartWindow::closeEvent(QCloseEvent* event)
 
 void StartWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (commands_.openFiles && !droppedFiles(*event->mimeData()).isEmpty())
+    if (commands_.openFiles && !droppedFamilies(*event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
 void StartWindow::dropEvent(QDropEvent* event)
 {
-    const QStringList paths = droppedFiles(*event->mimeData());
+    const QStringList paths = droppedFamilies(*event->mimeData());
     if (!commands_.openFiles || paths.isEmpty())
         return;
     event->acceptProposedAction();

@@ -287,13 +287,13 @@ void DocumentWindow::changeEvent(QEvent* event)
 
 void DocumentWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (openFiles_ && !droppedFiles(*event->mimeData()).isEmpty())
+    if (openFiles_ && !droppedFamilies(*event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
 void DocumentWindow::dropEvent(QDropEvent* event)
 {
-    const QStringList paths = droppedFiles(*event->mimeData());
+    const QStringList paths = droppedFamilies(*event->mimeData());
     if (!openFiles_ || paths.isEmpty())
         return;
     event->acceptProposedAction();

@@ -11,12 +11,6 @@ namespace lineara {
 
 namespace {
 
-bool isNamedLikeGenealogy(const QFileInfo& file)
-{
-    const QString suffix = file.suffix().toLower();
-    return suffix == QStringLiteral("ged") || suffix == QStringLiteral("gdz");
-}
-
 /// A family file whatever its name. Opening a pipe would wait for its other end.
 bool isXml(const QString& path)
 {
@@ -24,12 +18,6 @@ bool isXml(const QString& path)
     QFile file(path);
     return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) &&
            file.read(longestBlank).trimmed().startsWith("<?xml");
-}
-
-/// What is neither, but is said to be a genealogy, is refused as such.
-bool isToBeImported(const QString& path)
-{
-    return isGenealogy(path) || (isNamedLikeGenealogy(QFileInfo(path)) && !isXml(path));
 }
 
 Outcome<OpenedFamily> importFamily(const QString& path, const Progress& progress)
@@ -73,6 +61,18 @@ Outcome<OpenedFamily> readOwnFamily(const QString& path, const Progress& progres
 }
 
 } // namespace
+
+bool isNamedLikeGenealogy(const QString& path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    return suffix == QStringLiteral("ged") || suffix == QStringLiteral("gdz");
+}
+
+/// What is neither, but is said to be a genealogy, is refused as such.
+bool isToBeImported(const QString& path)
+{
+    return isGenealogy(path) || (isNamedLikeGenealogy(path) && !isXml(path));
+}
 
 Outcome<OpenedFamily> openFamily(const QString& path, const Progress& progress)
 {

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <vector>
 
 namespace lineara {
 namespace {
@@ -37,20 +38,17 @@ QString nameIn(zip_t* archive, zip_uint64_t index)
     return QString::fromUtf8(zip_get_name(archive, index, asWritten));
 }
 
-/// Position of the genealogy among the files of the archive.
-std::optional<zip_uint64_t> genealogyIn(zip_t* archive)
+/// Positions of what may be the genealogy among the files of the archive. One that is called as it should be is the
+/// only one.
+std::vector<zip_uint64_t> genealogiesIn(zip_t* archive)
 {
     const zip_int64_t exact = zip_name_locate(archive, "gedcom.ged", asWritten | ZIP_FL_NOCASE);
     if (exact >= 0)
-        return static_cast<zip_uint64_t>(exact);
-    std::optional<zip_uint64_t> found;
+        return {static_cast<zip_uint64_t>(exact)};
+    std::vector<zip_uint64_t> found;
     for (zip_uint64_t index = 0; index < countIn(archive); ++index) {
-        const QString name = nameIn(archive, index);
-        if (!name.endsWith(QStringLiteral(".ged"), Qt::CaseInsensitive))
-            continue;
-        if (found)
-            return std::nullopt;
-        found = index;
+        if (nameIn(archive, index).endsWith(QStringLiteral(".ged"), Qt::CaseInsensitive))
+            found.push_back(index);
     }
     return found;
 }
@@ -101,10 +99,13 @@ Gedzip::~Gedzip()
 Outcome<QByteArray> Gedzip::genealogy(const Progress& progress) const
 {
     constexpr qsizetype pieceSize = 1024 * 1024;
-    const auto index = genealogyIn(archive_);
-    if (!index)
-        return importFailure(name_, ImportTexts::tr("it is a ZIP archive without a GEDCOM file in it."));
-    const Entry entry(zip_fopen_index(archive_, *index, 0));
+    const auto found = genealogiesIn(archive_);
+    if (found.empty())
+        return importFailure(name_, ImportTexts::tr("this archive holds no family: there is no gedcom.ged in it."));
+    if (found.size() > 1)
+        return importFailure(name_, ImportTexts::tr("this archive holds several GEDCOM files, none of which is called "
+                                                    "gedcom.ged; unpack it and import them one by one."));
+    const Entry entry(zip_fopen_index(archive_, found.front(), 0));
     if (!entry)
         return brokenArchive(name_);
     QByteArray bytes;
@@ -154,10 +155,11 @@ Outcome<MediaFile> Gedzip::read(const QString& name) const
 QStringList Gedzip::ownFiles() const
 {
     QStringList files;
-    const auto genealogy = genealogyIn(archive_);
+    const auto genealogies = genealogiesIn(archive_);
     for (zip_uint64_t index = 0; index < countIn(archive_); ++index) {
         const QString name = nameIn(archive_, index);
-        if (index != genealogy && !name.endsWith(u'/'))
+        const bool isGenealogy = genealogies.size() == 1 && genealogies.front() == index;
+        if (!isGenealogy && !name.endsWith(u'/'))
             files << name;
     }
     return files;

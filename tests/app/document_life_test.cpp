@@ -31,6 +31,16 @@ TEST_F(DocumentLife, ABrokenFileIsToldAndTheStartWindowStays)
     EXPECT_EQ(count(), 0);
 }
 
+TEST_F(DocumentLife, OfAFileThatCanNotBeImportedTheBoxSpeaksOfItsImport)
+{
+    open({files_.write(QStringLiteral("photo.ged"), "\xFF\xD8\xFF\xE0")});
+    ASSERT_TRUE(waitUntil([this] { return box(QStringLiteral("openingFailed")); }));
+    const QMessageBox* const told = box(QStringLiteral("openingFailed"));
+    EXPECT_EQ(told->windowTitle(), QStringLiteral("Can't Import the Family"));
+    EXPECT_EQ(told->text(), QStringLiteral("“photo.ged” can't be imported: it is a picture, not a GEDCOM file."));
+    EXPECT_TRUE(told->informativeText().contains(QStringLiteral(".gdz")));
+}
+
 TEST_F(DocumentLife, ABrokenFileLeavesTheFamilyInFrontAsItIs)
 {
     Document& before = opened(QStringLiteral("Lee.lineara"));

@@ -237,6 +237,24 @@ TEST_F(StartWindowTest, FilesDroppedOntoItAreOpened)
     EXPECT_EQ(log, QStringList{QStringLiteral("/a b.lineara")});
 }
 
+TEST_F(StartWindowTest, OfFilesDroppedOntoItThoseThatCanBeOpenedAre)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QStringLiteral("/anna.jpg"))});
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QApplication::sendEvent(&window, &enter);
+    EXPECT_FALSE(enter.isAccepted());
+
+    data.setUrls({QUrl::fromLocalFile(QStringLiteral("/anna.jpg")), QUrl::fromLocalFile(QStringLiteral("/A.LINEARA")),
+                  QUrl::fromLocalFile(QStringLiteral("/b.Ged")), QUrl::fromLocalFile(QStringLiteral("/C.GDZ"))});
+    QApplication::sendEvent(&window, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &drop);
+    EXPECT_EQ(log.join(u' '), QStringLiteral("/A.LINEARA /b.Ged /C.GDZ"));
+}
+
 TEST_F(StartWindowTest, StaysWhiteInADarkTheme)
 {
     QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30)));

@@ -175,6 +175,22 @@ TEST(DocumentWindow, FilesDroppedOntoItAreOpened)
     EXPECT_EQ(opened, QStringList{QStringLiteral("/somewhere/royal.ged")});
 }
 
+TEST(DocumentWindow, WhatIsNamedLikeNoFamilyIsNotAcceptedAtAll)
+{
+    DocumentWindow window;
+    window.setOpenFiles([](const QStringList&) { ADD_FAILURE(); });
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QStringLiteral("/somewhere/anna.jpg")),
+                  QUrl::fromLocalFile(QStringLiteral("/somewhere/ged")),
+                  QUrl::fromLocalFile(QStringLiteral("/somewhere/royal.ged.txt"))});
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QApplication::sendEvent(&window, &enter);
+    EXPECT_FALSE(enter.isAccepted());
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &drop);
+}
+
 TEST(DocumentWindow, TextsThatAreDroppedAreLeftToTheFields)
 {
     DocumentWindow window;

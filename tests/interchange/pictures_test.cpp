@@ -228,8 +228,9 @@ TEST(Gedzips, FindTheGenealogyUnderOtherNames)
     const QByteArray text = "0 HEAD\n0 @I1@ INDI\n";
     EXPECT_EQ(imported(zipped({{"GEDCOM.GED", text}})).report.persons, 1u);
     EXPECT_EQ(imported(zipped({{"../../Smith.ged", text}, {"Tom.jpg", tomsPicture}})).report.persons, 1u);
-    EXPECT_THAT(failureOf(zipped({{"a.ged", text}, {"b.ged", text}})), HasSubstr("without a GEDCOM file in it"));
-    EXPECT_THAT(failureOf(zipped({{"Tom.jpg", tomsPicture}})), HasSubstr("without a GEDCOM file in it"));
+    EXPECT_THAT(failureOf(zipped({{"a.ged", text}, {"b.ged", text}})), HasSubstr("holds several GEDCOM files"));
+    EXPECT_THAT(failureOf(zipped({{"Tom.jpg", tomsPicture}})),
+                HasSubstr("this archive holds no family: there is no gedcom.ged in it."));
 }
 
 TEST(Gedzips, BrokenAndEndlessOnesAreRefused)

@@ -32,6 +32,12 @@ struct OpenedFamily
     std::shared_ptr<RecoveryCopy> unsaved;
 };
 
+/// Whether the file is named like one of another program (.ged, .gdz, in any case of letters), whatever is in it.
+bool isNamedLikeGenealogy(const QString& path);
+
+/// Whether openFamily() imports the file rather than opening it, which its content and its name tell.
+bool isToBeImported(const QString& path);
+
 /// Reads a family file or a GEDCOM file, told apart by their content. Nothing of it is an undoable change. A file of an
 /// older version is brought up to date in its place; where that can't be done, this reads a copy that stands in for it.
 Outcome<OpenedFamily> openFamily(const QString& path, const Progress& progress = {});
