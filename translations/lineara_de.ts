@@ -1115,6 +1115,10 @@
         <source>this archive holds several GEDCOM files, none of which is called gedcom.ged; unpack it and import them one by one.</source>
         <translation>Dieses Archiv enthält mehrere GEDCOM-Dateien, von denen keine gedcom.ged heißt; entpacken Sie es und importieren Sie sie einzeln.</translation>
     </message>
+    <message>
+        <source>nothing can point at this record, because %1 stands for nobody</source>
+        <translation>auf diesen Datensatz kann nichts zeigen, weil %1 für niemanden steht</translation>
+    </message>
 </context>
 <context>
     <name>KinWords</name>

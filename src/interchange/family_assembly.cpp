@@ -77,15 +77,15 @@ std::size_t FamilyAssembly::addOffspring(const FamilyWishes& wishes, const Gedco
     std::vector<FamilyWishes::Offspring> granted;
     granted.reserve(verdicts.size());
     for (std::size_t i = 0; i < verdicts.size() && progress.goesOn(i, verdicts.size()); ++i) {
-        const auto& [parent, child, line, family] = wishes.offspring[i];
+        const FamilyWishes::Offspring& wish = wishes.offspring[i];
         if (verdicts[i] == engine::LinkVerdict::Allowed) {
-            granted.push_back(wishes.offspring[i]);
+            granted.push_back(wish);
             continue;
         }
-        const Refusal refusal = refusalOf(verdicts[i], persons.label(parent), persons.label(child));
-        const std::string pointer = '@' + std::string(records[persons.record(child)].xref) + '@';
+        const Refusal refusal = refusalOf(verdicts[i], persons.label(wish.parent), persons.label(wish.child));
+        const std::string pointer = '@' + std::string(records[persons.record(wish.child)].xref) + '@';
         notes.refused(
-            line, refusal.reason,
+            wish.line, refusal.reason,
             ImportTexts::tr("%1 was refused: %2").arg(QStringLiteral("FAM.CHIL ") + inQuotes(pointer), refusal.why));
     }
     // Children stand in the order of the file, whichever of their families counts first.

@@ -143,8 +143,11 @@ void GedcomChanges::applyFamilies(const FamilyPlan& plan)
         xrefs[at] = xrefs_.take(wish);
         addFamily(sheet, xrefs[at]);
     }
-    for (const auto& claim : plan.claims())
-        applyClaim(claim, xrefs[claim.family]);
+    for (const auto& claim : plan.claims()) {
+        // Claims that name a family as others do mean the first of these.
+        if (families[claim.family].canGrow)
+            applyClaim(claim, xrefs[claim.family]);
+    }
 }
 
 void GedcomChanges::changeFamily(const FamilySheet& sheet)
@@ -344,7 +347,9 @@ void GedcomChanges::renameForSeven()
         const std::string_view text = textOf(record);
         if (text.find('@') == std::string_view::npos)
             continue;
-        if (std::string renamed = xrefs_.inSeven(text); renamed != text)
+        const std::string_view xref = kept_[record].xref;
+        const bool isUnique = xref.empty() || kept_.target(xref) == record;
+        if (std::string renamed = xrefs_.inSeven(text, isUnique ? std::string_view() : xref); renamed != text)
             texts_[record] = std::move(renamed);
     }
     new_ = xrefs_.inSeven(new_);

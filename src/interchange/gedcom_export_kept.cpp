@@ -31,12 +31,15 @@ KeptRecords::KeptRecords(const FamilyContent& family, const ExportGraph& graph) 
         next = source.id.number + 1;
         KeptRecord record;
         record.text = viewOf(source.text);
-        if (!source.origin.dangling.isEmpty())
-            dangling_.emplace(records_.size(), parted(viewOf(source.origin.dangling)));
         knowsDangling_ = knowsDangling_ || !source.origin.dangling.isNull();
         if (const auto line = GedcomLineReader(record.text).next(); line && line->level == 0) {
             record.tag = line->tag;
             record.xref = line->xref;
+        }
+        if (!source.origin.dangling.isEmpty()) {
+            auto dangling = parted(viewOf(source.origin.dangling));
+            record.isDoubled = dangling.erase(record.xref) > 0;
+            dangling_.emplace(records_.size(), std::move(dangling));
         }
         if (record.tag == "INDI" && source.person)
             record.person = graph.of(*source.person);
@@ -44,7 +47,8 @@ KeptRecords::KeptRecords(const FamilyContent& family, const ExportGraph& graph) 
         hasGaps_ = hasGaps_ || record.isLeftOut;
         if (record.person)
             byPerson_[*record.person] = records_.size();
-        if (!record.xref.empty() && !record.isLeftOut)
+        const bool isReachable = !record.xref.empty() && record.xref != pointsAtNobody;
+        if (isReachable && !record.isLeftOut && !record.isDoubled)
             targets_.try_emplace(record.xref, records_.size());
         records_.push_back(record);
     }
@@ -108,6 +112,18 @@ QString KeptRecords::sharedNote(std::string_view xref) const
     return edited(*record).text(0);
 }
 
+/// A record that was doubled is not what pointers mean, even where the one that they mean is no more.
+void KeptRecords::appendTo(QByteArray& text, const KeptRecord& record) const
+{
+    std::string_view lines = record.text;
+    if (record.isDoubled && !target(record.xref)) {
+        const auto before = static_cast<std::size_t>(record.xref.data() - lines.data()) - 1;
+        text.append(lines.data(), static_cast<qsizetype>(before));
+        lines.remove_prefix(before + record.xref.size() + 2);
+    }
+    text.append(lines.data(), static_cast<qsizetype>(lines.size()));
+}
+
 Outcome<std::unique_ptr<ObjectContext>> KeptRecords::imported(const Progress& progress) const
 {
     // The records are UTF-8 by now, whatever the header says.
@@ -118,7 +134,7 @@ Outcome<std::unique_ptr<ObjectContext>> KeptRecords::imported(const Progress& pr
     for (const KeptRecord& record : records_) {
         if (record.isLeftOut || record.tag == "HEAD")
             continue;
-        text.append(record.text.data(), static_cast<qsizetype>(record.text.size()));
+        appendTo(text, record);
         persons += record.person ? 1U : 0U;
     }
     for (const std::string_view xref : missedMembers()) {

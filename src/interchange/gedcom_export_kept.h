@@ -28,6 +28,7 @@ struct KeptRecord
     std::string_view xref; ///< empty if it has none
     std::optional<ExportPerson> person;
     bool isLeftOut = false; ///< the record of a person that is no more
+    bool isDoubled = false; ///< pointers at its cross-reference don't mean it, even if what they meant is no more
 };
 
 /// The imported records of a family, and how they point at each other.
@@ -44,7 +45,7 @@ public:
     /// How they are written; 5.5.1 if nothing says so.
     GedcomDialect dialect() const { return dialect_; }
 
-    /// The record that pointers to `xref` mean: the first one that defines it.
+    /// The record that pointers to `xref` mean: the first one that defined it, unless that is no more.
     std::optional<std::size_t> target(std::string_view xref) const;
     std::optional<std::size_t> recordOf(ExportPerson person) const { return byPerson_[person]; }
 
@@ -61,6 +62,7 @@ public:
 
 private:
     void readVersion();
+    void appendTo(QByteArray& text, const KeptRecord& record) const;
     std::set<std::string_view> missedMembers() const;
 
     std::vector<KeptRecord> records_;

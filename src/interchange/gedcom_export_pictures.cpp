@@ -1,7 +1,9 @@
 #include "gedcom_export_pictures.h"
 
 #include "archive_names.h"
+#include "gedcom_pointer.h"
 #include "media_files.h"
+#include "person_pictures.h"
 #include "picture_lines.h"
 
 #include <algorithm>
@@ -59,7 +61,14 @@ struct PictureFates
 {
     std::vector<NamedPicture> named; ///< the same as then
     std::vector<HeldPicture> added;
+    std::vector<ExportPerson> parted; ///< persons without the picture that they had then, with another one or none
 };
+
+/// Whether the record says nothing of the file any more.
+bool isStruck(const EditedRecord& lines, std::size_t record, const PictureLine& picture)
+{
+    return lines.isStruck(picture.object) || (picture.record == record && lines.isStruck(picture.file));
+}
 
 /// Tells the fates, and strikes the lines about pictures that persons have no more.
 class PictureComparison
@@ -76,6 +85,20 @@ public:
             compare(person);
         strikeUnnamedObjects();
         return std::move(fates_);
+    }
+
+    /// Says in the person's record that none of the pictures that it still names is the person's, so that none is taken
+    /// for it. Nothing where that can't happen.
+    void refuseOthers(ExportPerson person)
+    {
+        const std::size_t record = *kept_.recordOf(person);
+        EditedRecord& lines = changes_.edit(record);
+        for (const PictureLine& line : pictureLines(kept_, record)) {
+            if (line.mayBePicture && !isStruck(lines, record, line)) {
+                lines.insert(line.object, gedcomPointer(1, "_PHOTO", pointsAtNobody));
+                return;
+            }
+        }
     }
 
     /// Leaves out every line by which the record of a person speaks of this file.
@@ -104,8 +127,10 @@ private:
             fates_.named.push_back({held, *line});
             return;
         }
-        if (taken && !taken->file.isEmpty())
+        if (taken && !taken->file.isEmpty()) {
             strike(*record, taken->file);
+            fates_.parted.push_back(person);
+        }
         if (held.bytes)
             fates_.added.push_back(held);
     }
@@ -259,9 +284,12 @@ private:
             return;
         }
         EditedRecord& lines = changes_.edit(*record);
+        for (const Line refusal : lines.children(0, "_PHOTO")) {
+            if (refusesPictures(lines[refusal]))
+                lines.strike(refusal);
+        }
         const auto isMarked = [&](const PictureLine& other) {
-            return other.isPrimary && !lines.isStruck(other.object) &&
-                   (other.record != *record || !lines.isStruck(other.file));
+            return other.isPrimary && !isStruck(lines, *record, other);
         };
         if (std::ranges::any_of(objects, isMarked))
             line += "2 _PRIM Y\n";
@@ -310,13 +338,22 @@ ExportedPictures exportPictures(const FamilyContent& family, const KeptRecords& 
 {
     PictureComparison comparison(family, kept, changes);
     const PictureFates fates = comparison.compare(progress);
+    for (const ExportPerson person : fates.parted) {
+        // Both are in the order of the persons.
+        if (!std::ranges::binary_search(fates.added, person, {}, &HeldPicture::person))
+            comparison.refuseOthers(person);
+    }
     return {PictureNaming(kept, changes, comparison).files(fates), 0};
 }
 
 ExportedPictures leavePictures(const FamilyContent& family, const KeptRecords& kept, GedcomChanges& changes,
                                const IsFileThere& isThere, const Progress& progress)
 {
-    const PictureFates fates = PictureComparison(family, kept, changes).compare(progress);
+    PictureComparison comparison(family, kept, changes);
+    const PictureFates fates = comparison.compare(progress);
+    // Nothing is written of the new ones that might stand in the place of the others.
+    for (const ExportPerson person : fates.parted)
+        comparison.refuseOthers(person);
     const auto isLeftOut = [&](const NamedPicture& picture) { return !isThere(picture.line.name); };
     return {{}, fates.added.size() + static_cast<std::size_t>(std::ranges::count_if(fates.named, isLeftOut))};
 }

@@ -58,7 +58,7 @@ void ExportXrefs::readUsed()
     }
 }
 
-std::string ExportXrefs::inSeven(std::string_view lines)
+std::string ExportXrefs::inSeven(std::string_view lines, std::string_view unreachable)
 {
     std::string out;
     while (!lines.empty()) {
@@ -68,10 +68,11 @@ std::string ExportXrefs::inSeven(std::string_view lines)
         const bool isPointer = line && line->isPointer && !isContinuation(line->tag);
         auto rest = raw;
         for (const auto xref : {line ? line->xref : std::string_view(), isPointer ? line->value : std::string_view()}) {
-            if (xref.empty() || std::ranges::all_of(xref, isAllowedInSeven))
+            const bool isUnreachable = line && xref.data() == line->xref.data() && xref == unreachable;
+            if (xref.empty() || (!isUnreachable && std::ranges::all_of(xref, isAllowedInSeven)))
                 continue;
             const auto at = static_cast<std::size_t>(xref.data() - rest.data());
-            out.append(rest.substr(0, at)).append(inSevenXref(xref));
+            out.append(rest.substr(0, at)).append(isUnreachable ? newInSeven(xref) : inSevenXref(xref));
             rest.remove_prefix(at + xref.size());
         }
         out.append(rest).append(1, '\n');
@@ -83,14 +84,19 @@ std::string ExportXrefs::inSeven(std::string_view lines)
 const std::string& ExportXrefs::inSevenXref(std::string_view xref)
 {
     const auto [found, isNew] = renamed_.try_emplace(std::string(xref));
-    if (!isNew)
-        return found->second;
+    if (isNew)
+        found->second = newInSeven(xref);
+    return found->second;
+}
+
+std::string ExportXrefs::newInSeven(std::string_view xref)
+{
     readUsed();
     const std::string wish = allowedInSeven(xref);
     std::string name = wish;
     for (std::uint64_t number = 2; name == pointsAtNobody || !used_.insert(name).second; ++number)
         name = wish + '_' + std::to_string(number);
-    return found->second = std::move(name);
+    return name;
 }
 
 } // namespace lineara

@@ -17,12 +17,14 @@ public:
     /// The wish, or its letter with the first number that is free.
     std::string take(const std::string& wish);
 
-    /// The records' lines with cross-references as 7.0 allows them: of upper case letters, digits and underscores.
-    std::string inSeven(std::string_view lines);
+    /// The records' lines with cross-references as 7.0 allows them: of upper case letters, digits and underscores. The
+    /// record that is called `unreachable`, which pointers by that name don't mean, gets a name of its own.
+    std::string inSeven(std::string_view lines, std::string_view unreachable = {});
 
 private:
     void readUsed();
     const std::string& inSevenXref(std::string_view xref);
+    std::string newInSeven(std::string_view xref);
 
     const KeptRecords& kept_;
     std::unordered_set<std::string> used_;

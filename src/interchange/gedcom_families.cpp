@@ -40,12 +40,36 @@ void dropRepeated(std::vector<Wish>& wishes, PairOf pairOf)
     wishes.resize(kept);
 }
 
-/// Unless the FAMC line says otherwise.
-bool isByBirth(const GedcomTree& tree, NodeIndex line)
+/// What the line with this tag below another one says: PEDI of both parents, _FREL of the father, _MREL of the mother.
+Descent descentBelow(const GedcomTree& tree, NodeIndex line, std::string_view tag)
 {
-    const auto pedigree = tree.child(line, "PEDI");
-    const QString word = pedigree ? tree.text(*pedigree).trimmed() : QString();
-    return word.isEmpty() || word.compare(QStringLiteral("birth"), Qt::CaseInsensitive) == 0;
+    static const QStringList births = {QStringLiteral("birth"), QStringLiteral("natural"),
+                                       QStringLiteral("biological")};
+    static const QStringList nothing = {QString(), QStringLiteral("unknown"), QStringLiteral("private")};
+    const auto said = tree.child(line, tag);
+    const QString word = said ? tree.text(*said).trimmed().toLower() : QString();
+    if (births.contains(word))
+        return Descent::ByBirth;
+    return nothing.contains(word) ? Descent::Unsaid : Descent::Otherwise;
+}
+
+Descent preferred(Descent said, Descent otherwise)
+{
+    return said == Descent::Unsaid ? otherwise : said;
+}
+
+/// What is said of a parent in a family into which the child was born.
+Descent afterBirth(Descent said)
+{
+    return said == Descent::Otherwise ? said : Descent::ByBirth;
+}
+
+/// The same in a family that adopted the child. Of a couple of which one alone did, the other one may be the parent.
+Descent afterAdoption(Descent said, bool isAdopter)
+{
+    if (isAdopter)
+        return Descent::Otherwise;
+    return said == Descent::Otherwise ? Descent::Unsaid : said;
 }
 
 } // namespace
@@ -72,7 +96,7 @@ public:
         tree_.read(records[family], records.isVersionSeven());
         ledger_.open();
         ledger_.take(0);
-        std::vector<PersonIndex> spouses;
+        Spouses spouses;
         for (const NodeIndex line : tree_.children(0)) {
             if (tree_[line].line.tag == "HUSB" || tree_[line].line.tag == "WIFE")
                 readSpouse(family, line, spouses);
@@ -85,18 +109,25 @@ public:
     }
 
 private:
+    struct Spouse
+    {
+        PersonIndex person;
+        bool isFather;
+    };
+    using Spouses = std::vector<Spouse>;
+
     std::optional<PersonIndex> personAt(NodeIndex line)
     {
         const auto record = followPointer(families_.records_, tree_, ledger_, line, {"INDI"});
         return record ? families_.persons_.of(*record) : std::nullopt;
     }
 
-    void readSpouse(RecordIndex family, NodeIndex line, std::vector<PersonIndex>& spouses)
+    void readSpouse(RecordIndex family, NodeIndex line, Spouses& spouses)
     {
         const auto person = personAt(line);
         if (!person)
             return;
-        if (std::find(spouses.begin(), spouses.end(), *person) != spouses.end()) {
+        if (std::ranges::find(spouses, *person, &Spouse::person) != spouses.end()) {
             ledger_.refuse(
                 line, ImportTexts::tr("partners of themselves"),
                 ImportTexts::tr("%1 can't be a partner of the same person").arg(families_.persons_.label(*person)));
@@ -107,13 +138,13 @@ private:
             return;
         }
         ledger_.take(line);
-        for (const PersonIndex other : spouses)
-            families_.wishes_.partners.push_back({other, *person});
-        spouses.push_back(*person);
+        for (const Spouse& other : spouses)
+            families_.wishes_.partners.push_back({other.person, *person});
+        spouses.push_back({*person, tree_[line].line.tag == "HUSB"});
         families_.spouses_.add(family, *person);
     }
 
-    void readChild(RecordIndex family, NodeIndex line, const std::vector<PersonIndex>& spouses)
+    void readChild(RecordIndex family, NodeIndex line, const Spouses& spouses)
     {
         const auto person = personAt(line);
         if (!person)
@@ -125,8 +156,11 @@ private:
             return;
         }
         ledger_.take(line);
-        for (const PersonIndex parent : spouses)
-            families_.wishes_.offspring.push_back({parent, *person, tree_[line].line.number, family});
+        for (const auto& [parent, isFather] : spouses) {
+            const Descent descent = descentBelow(tree_, line, isFather ? "_FREL" : "_MREL");
+            families_.wishes_.offspring.push_back(
+                {parent, *person, tree_[line].line.number, family, isFather, descent});
+        }
     }
 
     GedcomFamilies& families_;
@@ -180,10 +214,8 @@ void GedcomFamilies::rankOffspring()
     }
     std::ranges::sort(places);
     std::vector<Place> ranked = places;
-    for (auto& [child, rank, at] : ranked) {
-        const auto found = ranks_.find({child, wishes[at].family});
-        rank = found == ranks_.end() ? Rank{Descent::NotNamed, 0} : found->second;
-    }
+    for (auto& [child, rank, at] : ranked)
+        rank = rankOf(wishes[at]);
     std::ranges::sort(ranked);
     std::vector<FamilyWishes::Offspring> moved;
     moved.reserve(ranked.size());
@@ -194,12 +226,54 @@ void GedcomFamilies::rankOffspring()
     dropRepeated(wishes, [](const auto& wish) { return std::pair{wish.parent, wish.child}; });
 }
 
+GedcomFamilies::Rank GedcomFamilies::rankOf(const FamilyWishes::Offspring& wish) const
+{
+    const auto found = claims_.find({wish.child, wish.family});
+    if (found == claims_.end())
+        return {preferred(wish.descent, Descent::NotNamed), claims_.size()};
+    const Claim& claim = found->second;
+    return {preferred(wish.descent, wish.isFather ? claim.father : claim.mother), claim.order};
+}
+
 void GedcomFamilies::checkClaims(PersonIndex person, const GedcomTree& tree, NodeLedger& ledger)
 {
     for (const NodeIndex line : tree.children(0)) {
         const std::string_view tag = tree[line].line.tag;
         if (tag == "FAMS" || tag == "FAMC")
             checkClaim(person, tree, ledger, line, tag == "FAMS");
+    }
+    if (isOfSeveral_[person])
+        rememberEvents(person, tree);
+}
+
+void GedcomFamilies::rememberClaim(PersonIndex person, const GedcomTree& tree, NodeIndex line, RecordIndex family)
+{
+    const Descent both = descentBelow(tree, line, "PEDI");
+    claims_.try_emplace({person, family}, Claim{claims_.size(), preferred(descentBelow(tree, line, "_FREL"), both),
+                                                preferred(descentBelow(tree, line, "_MREL"), both)});
+}
+
+/// A birth or an adoption may name the family that it led to, and an adoption who of the two adopted.
+void GedcomFamilies::rememberEvents(PersonIndex person, const GedcomTree& tree)
+{
+    for (const NodeIndex event : tree.children(0)) {
+        const bool isBirth = tree[event].line.tag == "BIRT";
+        const auto line = isBirth || tree[event].line.tag == "ADOP" ? tree.child(event, "FAMC") : std::nullopt;
+        const auto family = line && tree[*line].line.isPointer ? records_.target(tree[*line].line.value) : std::nullopt;
+        if (!family)
+            continue;
+        Claim& claim =
+            claims_.try_emplace({person, *family}, Claim{claims_.size(), Descent::NotNamed, Descent::NotNamed})
+                .first->second;
+        if (isBirth) {
+            claim.father = afterBirth(claim.father);
+            claim.mother = afterBirth(claim.mother);
+            continue;
+        }
+        const auto adopter = tree.child(*line, "ADOP");
+        const QString who = adopter ? tree.text(*adopter).trimmed().toUpper() : QString();
+        claim.father = afterAdoption(claim.father, who != u"WIFE");
+        claim.mother = afterAdoption(claim.mother, who != u"HUSB");
     }
 }
 
@@ -211,10 +285,8 @@ void GedcomFamilies::checkClaim(PersonIndex person, const GedcomTree& tree, Node
         return;
     if ((isSpouse ? spouses_ : children_).contains(*family, person)) {
         ledger.take(line);
-        if (!isSpouse && isOfSeveral_[person]) {
-            const Descent descent = isByBirth(tree, line) ? Descent::ByBirth : Descent::Otherwise;
-            ranks_.try_emplace({person, *family}, descent, ranks_.size());
-        }
+        if (!isSpouse && isOfSeveral_[person])
+            rememberClaim(person, tree, line, *family);
         return;
     }
     const QString role = isSpouse ? ImportTexts::tr("spouse") : ImportTexts::tr("child");

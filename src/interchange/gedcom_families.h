@@ -16,6 +16,15 @@ class GedcomPersons;
 class ImportNotes;
 class NodeLedger;
 
+/// What a file says about how a child came to a parent, the earlier the more the parent counts.
+enum class Descent : std::uint8_t
+{
+    ByBirth,
+    Unsaid,
+    NotNamed, ///< nor does the child name the family
+    Otherwise ///< by adoption, for example
+};
+
 /// The links that the families of a file ask for, each pair once: in file order, but for children of several families.
 struct FamilyWishes
 {
@@ -30,6 +39,8 @@ struct FamilyWishes
         engine::PersonIndex child;
         std::uint32_t line; ///< of the CHIL that asks for it
         RecordIndex family;
+        bool isFather;   ///< named as a husband
+        Descent descent; ///< as the family says it, of this parent alone
     };
 
     std::vector<Partners> partners;
@@ -52,8 +63,9 @@ public:
     void checkClaims(engine::PersonIndex person, const GedcomTree& tree, NodeLedger& ledger);
 
     /// Afterwards: the wishes for a child of several families, who can have two parents only, in the order in which
-    /// they count. Families by birth come first, in the order in which the child names them, then those that it does
-    /// not name, then others (by adoption, for example).
+    /// they count. Parents by birth come first, then those of whom nothing is said, both in the order in which the
+    /// child names their families, then those of families that it does not name, then others (by adoption, for
+    /// example).
     void rankOffspring();
 
 private:
@@ -76,14 +88,19 @@ private:
                     bool isSpouse);
     void findChildrenOfSeveral();
 
-    enum class Descent : std::uint8_t
+    /// What a child of several families says about one of them.
+    struct Claim
     {
-        ByBirth,
-        NotNamed,
-        Otherwise
+        std::size_t order = 0;
+        Descent father = Descent::Unsaid;
+        Descent mother = Descent::Unsaid;
     };
     /// The smaller the earlier.
     using Rank = std::pair<Descent, std::size_t>;
+
+    void rememberClaim(engine::PersonIndex person, const GedcomTree& tree, NodeIndex line, RecordIndex family);
+    void rememberEvents(engine::PersonIndex person, const GedcomTree& tree);
+    Rank rankOf(const FamilyWishes::Offspring& wish) const;
 
     const GedcomRecords& records_;
     const GedcomPersons& persons_;
@@ -91,8 +108,8 @@ private:
     FamilyWishes wishes_;
     Membership spouses_;
     Membership children_;
-    std::vector<bool> isOfSeveral_;                                     ///< by person: several families name the child
-    std::map<std::pair<engine::PersonIndex, RecordIndex>, Rank> ranks_; ///< of those that such a child names
+    std::vector<bool> isOfSeveral_; ///< by person: several families name the child
+    std::map<std::pair<engine::PersonIndex, RecordIndex>, Claim> claims_;
 };
 
 } // namespace lineara

@@ -77,7 +77,7 @@ public:
                 ledger_.takeText(0);
             ledger_.close();
         }
-        records_.tellDoubled(notes_);
+        records_.tellUnreachable(notes_);
     }
 
     const GedcomPersons& persons() const { return persons_; }

@@ -20,6 +20,9 @@ QByteArray danglingPointers(const GedcomRecords& records, RecordIndex record)
         if (!records.target(line.value))
             dangling.insert(line.value);
     });
+    const GedcomRecord& own = records[record];
+    if (!own.xref.empty() && records.target(own.xref) != record)
+        dangling.insert(own.xref);
     QByteArray joined(dangling.empty() ? "" : "@");
     for (const std::string_view xref : dangling)
         joined.append(xref.data(), static_cast<qsizetype>(xref.size())).append('@');

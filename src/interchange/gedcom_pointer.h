@@ -14,9 +14,6 @@ namespace lineara {
 
 class NodeLedger;
 
-/// What a pointer names that is to lead nowhere.
-inline constexpr std::string_view pointsAtNobody = "VOID";
-
 /// Whether the line is to lead to a record. A continuation that looks like a pointer is text.
 bool leadsToARecord(const GedcomLine& line);
 
@@ -34,7 +31,8 @@ void forEachPointer(std::string_view text, See see)
     }
 }
 
-/// The cross-references that pointers of the record name and no record has, as SourceOrigin::dangling holds them.
+/// The cross-references that pointers of the record name and no record has, as SourceOrigin::dangling holds them; among
+/// them the record's own if pointers at that don't mean it.
 QByteArray danglingPointers(const GedcomRecords& records, RecordIndex record);
 
 /// Views of these.

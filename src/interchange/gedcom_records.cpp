@@ -115,13 +115,18 @@ void GedcomRecords::findVersion()
 
 std::optional<RecordIndex> GedcomRecords::target(std::string_view xref) const
 {
+    if (xref == pointsAtNobody)
+        return std::nullopt;
     return targets_.find(records_, xref);
 }
 
-void GedcomRecords::tellDoubled(ImportNotes& notes) const
+void GedcomRecords::tellUnreachable(ImportNotes& notes) const
 {
     for (RecordIndex index = 0; index < records_.size(); ++index) {
         const GedcomRecord& record = records_[index];
+        if (record.xref == pointsAtNobody)
+            notes.remark(record.line, ImportTexts::tr("nothing can point at this record, because %1 stands for nobody")
+                                          .arg(inQuotes(record.xref)));
         const auto first = record.xref.empty() ? std::nullopt : target(record.xref);
         if (!first || *first == index)
             continue;

@@ -11,6 +11,9 @@ namespace lineara {
 
 class ImportNotes;
 
+/// What a pointer names that is to lead nowhere.
+inline constexpr std::string_view pointsAtNobody = "VOID";
+
 /// Place of a record in a file, from 0.
 using RecordIndex = std::uint32_t;
 
@@ -56,15 +59,16 @@ public:
     std::size_t size() const { return records_.size(); }
     const GedcomRecord& operator[](RecordIndex index) const { return records_[index]; }
 
-    /// The record that pointers to `xref` mean: the first one that defines it.
+    /// The record that pointers to `xref` mean: the first one that defines it; no value for `pointsAtNobody`.
     std::optional<RecordIndex> target(std::string_view xref) const;
 
     /// The version that the header names; empty if none.
     std::string_view version() const { return version_; }
     bool isVersionSeven() const { return version_.starts_with('7'); }
 
-    /// Tells every record whose cross-reference is that of an earlier one.
-    void tellDoubled(ImportNotes& notes) const;
+    /// Tells every record that pointers can't mean: its cross-reference is that of an earlier one, or stands for
+    /// nobody.
+    void tellUnreachable(ImportNotes& notes) const;
 
 private:
     void add(std::string_view text, std::uint32_t line);

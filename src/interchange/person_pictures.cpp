@@ -70,6 +70,11 @@ bool mayBePicture(const QString& form, const QString& name)
     return endings.contains(QFileInfo(name).suffix().toLower());
 }
 
+bool refusesPictures(const GedcomLine& line)
+{
+    return line.tag == "_PHOTO" && line.isPointer && line.value == pointsAtNobody;
+}
+
 const std::vector<PersonPictures::Candidate>& PersonPictures::filesOf(RecordIndex object)
 {
     const auto [known, isNew] = objects_.try_emplace(object);
@@ -133,6 +138,11 @@ const PersonPictures::Found& PersonPictures::find(const QString& name)
 
 PictureReading PersonPictures::read(const GedcomTree& tree, NodeLedger& ledger, const std::vector<NodeIndex>& lines)
 {
+    const auto isRefusal = [&tree](NodeIndex line) { return refusesPictures(tree[line].line); };
+    if (const auto refusal = std::ranges::find_if(lines, isRefusal); refusal != lines.end()) {
+        ledger.take(*refusal);
+        return {{}, noneThere_};
+    }
     const auto named = candidates(tree, ledger, lines);
     for (const Candidate& candidate : named) {
         const Found& found = find(candidate.name);

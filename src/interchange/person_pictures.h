@@ -28,6 +28,9 @@ struct PictureReading
     std::shared_ptr<const TakenPicture> taken; ///< null if the record names none
 };
 
+/// Whether the line says that none of the pictures that a person's record names is the person's: "_PHOTO @VOID@".
+bool refusesPictures(const GedcomLine& line);
+
 /// Finds the one picture of a person that a family keeps: the one marked as primary, or else the first that is there.
 class PersonPictures
 {

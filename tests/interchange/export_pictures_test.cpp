@@ -192,6 +192,48 @@ TEST(RemovedPictures, TakeTheirLinesWithThem)
     EXPECT_EQ(imported(archive).report.pictures, 0u);
 }
 
+TEST(RemovedPictures, LeaveNoOtherInTheirPlace)
+{
+    const QByteArray text = versionSeven(person("I1", "1 OBJE\n2 FILE a.png\n1 OBJE\n2 FILE b.png\n2 TITL Old\n") +
+                                         person("I2", "1 OBJE\n2 FILE b.png\n"));
+    const Folder folder;
+    folder.write(QStringLiteral("b.png"), blue);
+    const auto family = imported(archiveOf(text, {{"a.png", red}, {"b.png", blue}}));
+    member(family, 0).removePic();
+    const QByteArray archive = exported(*family.context, GedcomFormat::Gedzip);
+    EXPECT_THAT(difference(text, genealogyIn(archive)), ElementsAre("-1 OBJE", "-2 FILE a.png", "+1 _PHOTO @VOID@"));
+    const auto again = imported(archive);
+    EXPECT_EQ(pictureOf(member(again, 0)), "none");
+    EXPECT_EQ(pictureOf(member(again, 1)), blue);
+    EXPECT_EQ(notesOf(again), "");
+    EXPECT_TRUE(exported(*again.context, GedcomFormat::Gedzip) == archive);
+
+    const QString plain = folder.at(QStringLiteral("a.ged"));
+    reportOf(family, plain, GedcomFormat::Gedcom551);
+    const auto beside = importGedcomFile(plain);
+    EXPECT_EQ(pictureOf(member(beside.value(), 0)), "none");
+    EXPECT_EQ(pictureOf(member(beside.value(), 1)), blue);
+
+    member(again, 0).changePic(green);
+    const QByteArray replaced = exported(*again.context, GedcomFormat::Gedzip);
+    EXPECT_EQ(pictureOf(member(imported(replaced), 0)), green);
+    EXPECT_FALSE(genealogyIn(replaced).contains("_PHOTO"));
+}
+
+TEST(ReplacedPictures, LeaveNoOtherInTheirPlaceWhereTheyCanNotGoAlong)
+{
+    const Folder folder;
+    folder.write(QStringLiteral("a.png"), red);
+    folder.write(QStringLiteral("b.png"), blue);
+    const QString path = folder.at(QStringLiteral("a.ged"));
+    folder.write(QStringLiteral("a.ged"), "0 HEAD\n" + person("I1", "1 OBJE\n2 FILE a.png\n1 OBJE\n2 FILE b.png\n"));
+    const auto family = importGedcomFile(path);
+    ASSERT_EQ(pictureOf(member(family.value(), 0)), red);
+    member(family.value(), 0).changePic(green);
+    reportOf(family.value(), path, GedcomFormat::Gedcom551);
+    EXPECT_EQ(pictureOf(member(importGedcomFile(path).value(), 0)), "none");
+}
+
 TEST(RemovedPictures, OfOthersStay)
 {
     const QByteArray text =

@@ -61,6 +61,54 @@ TEST(ImportedFamilies, ParentsByBirthComeBeforeOthers)
     EXPECT_EQ(parents("1 FAMC @F2@\n2 PEDI adopted\n"), "A B");
 }
 
+TEST(ImportedFamilies, AnAdoptionThatNamesItsFamilyCountsBehindTheOthers)
+{
+    const QByteArray families = "0 @F1@ FAM\n1 HUSB @A@\n1 WIFE @B@\n1 CHIL @E@\n"
+                                "0 @F2@ FAM\n1 HUSB @C@\n1 WIFE @D@\n1 CHIL @E@\n";
+    const auto parents = [&](const QByteArray& claims) {
+        return names(member(imported(persons("ABCDE") + claims + families), 4).parents());
+    };
+    EXPECT_EQ(parents("1 FAMC @F1@\n1 FAMC @F2@\n1 ADOP\n2 FAMC @F1@\n3 ADOP BOTH\n"), "C D");
+    EXPECT_EQ(parents("1 ADOP\n2 FAMC @F1@\n1 FAMC @F1@\n1 FAMC @F2@\n"), "C D");
+    EXPECT_EQ(parents("1 ADOP\n2 FAMC @F1@\n"), "C D");
+    EXPECT_EQ(parents("1 ADOP\n2 FAMC @F2@\n"), "A B");
+    EXPECT_EQ(parents("1 ADOP\n1 FAMC @F1@\n1 FAMC @F2@\n"), "A B");
+    EXPECT_EQ(parents("1 FAMC @F1@\n1 FAMC @F2@\n1 BIRT\n2 FAMC @F2@\n"), "C D");
+    EXPECT_EQ(parents("1 FAMC @F1@\n1 FAMC @F2@\n2 PEDI birth\n"), "C D");
+    EXPECT_EQ(parents("1 FAMC @F1@\n2 PEDI unknown\n1 FAMC @F2@\n2 PEDI adopted\n"), "A B");
+}
+
+TEST(ImportedFamilies, OneOfACoupleMayHaveAdoptedAlone)
+{
+    // A and B had the child; C, whom B married later, adopted it.
+    const QByteArray families = "0 @F1@ FAM\n1 HUSB @C@\n1 WIFE @B@\n1 CHIL @D@\n"
+                                "0 @F2@ FAM\n1 HUSB @A@\n1 CHIL @D@\n";
+    const auto parents = [&](const QByteArray& claims) {
+        return names(
+            member(imported(persons("ABCD") + "1 FAMC @F1@\n2 PEDI adopted\n1 FAMC @F2@\n" + claims + families), 3)
+                .parents());
+    };
+    EXPECT_EQ(parents("1 ADOP\n2 FAMC @F1@\n3 ADOP HUSB\n"), "B A");
+    EXPECT_EQ(parents("1 ADOP\n2 FAMC @F1@\n3 ADOP WIFE\n"), "C A");
+}
+
+TEST(ImportedFamilies, WhatTheFamilySaysOfEachParentCountsBeforeAllElse)
+{
+    const QByteArray beginning = persons("ABCDE") + "1 FAMC @F1@\n1 FAMC @F2@\n0 @F1@ FAM\n1 HUSB @A@\n1 WIFE @B@\n"
+                                                    "1 CHIL @E@\n";
+    const QByteArray end = "0 @F2@ FAM\n1 HUSB @C@\n1 WIFE @D@\n1 CHIL @E@\n";
+    const auto parents = [&](const QByteArray& first, const QByteArray& second) {
+        return names(member(imported(beginning + first + end + second), 4).parents());
+    };
+    EXPECT_EQ(parents("", ""), "A B");
+    EXPECT_EQ(parents("2 _FREL Adopted\n2 _MREL Adopted\n", "2 _FREL Natural\n2 _MREL Natural\n"), "C D");
+    EXPECT_EQ(parents("2 _FREL step\n2 _MREL natural\n", "2 _FREL natural\n2 _MREL step\n"), "B C");
+    EXPECT_EQ(parents("2 _FREL unknown\n2 _MREL private\n", ""), "A B");
+    const auto family = imported(beginning + "2 _FREL Adopted\n2 _MREL Adopted\n" + end);
+    EXPECT_EQ(keptOf(family), "FAM.CHIL._FREL 1, FAM.CHIL._MREL 1");
+    EXPECT_EQ(family.report.refusedLinks, 2u);
+}
+
 TEST(ImportedFamilies, OfSeveralFamiliesTheFirstThatTheChildNamesCounts)
 {
     const QByteArray families = "0 @F1@ FAM\n1 HUSB @A@\n1 CHIL @D@\n0 @F2@ FAM\n1 HUSB @B@\n1 WIFE @C@\n1 CHIL @D@\n";

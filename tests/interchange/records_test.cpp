@@ -36,7 +36,7 @@ TEST(GedcomRecords, OfOneCrossReferenceMeanTheFirst)
     EXPECT_EQ(records.target("I2"), RecordIndex{1});
     EXPECT_EQ(records.target("I3"), std::nullopt);
     ImportNotes notes;
-    records.tellDoubled(notes);
+    records.tellUnreachable(notes);
     ImportReport report;
     notes.writeTo(report);
     EXPECT_EQ(report.notes.join(u'\n').toStdString(),

@@ -19,8 +19,8 @@ struct SourceOrigin
 {
     QString file;          ///< name of the imported file; records of one file share the text
     std::int32_t line = 0; ///< of the record's first line, counted from 1
-    /// Cross-references to which its pointers led nowhere, parted and enclosed by @ ("@S9@N9@"). Empty where there were
-    /// none; null where none were noted.
+    /// Cross-references to which its pointers led nowhere, parted and enclosed by @ ("@S9@N9@"), and the record's own
+    /// if pointers at that did not mean it. Empty where there were none; null where none were noted.
     QByteArray dangling{};
     friend bool operator==(const SourceOrigin&, const SourceOrigin&) = default;
 };
