@@ -42,26 +42,31 @@ QString takeMarked(std::string_view& text)
     return character.normalized(QString::NormalizationForm_C);
 }
 
-/// Replaces what stands at the place if it can't be kept; returns how many bytes were looked at.
-std::size_t mend(QByteArray& mended, std::string_view text)
+/// Bytes of the character that the text begins with if it can't be kept, else 0.
+std::size_t unwritableSize(std::string_view text)
 {
-    constexpr std::string_view noncharacters[] = {"\xEF\xBF\xBE", "\xEF\xBF\xBF"};
-    for (const auto noncharacter : noncharacters) {
-        if (text.starts_with(noncharacter)) {
-            append(mended, replacement);
-            return noncharacter.size();
-        }
-    }
-    const auto code = static_cast<unsigned char>(text.front());
-    const bool isControl = code < ' ' && code != '\t' && code != '\n';
-    append(mended, isControl ? replacement : text.substr(0, 1));
-    return 1;
+    if (text.front() != '\xEF')
+        return 1;
+    constexpr std::string_view beginning = "\xEF\xBF";
+    const bool isNoncharacter =
+        text.size() > 2 && text.starts_with(beginning) && (text[2] == '\xBE' || text[2] == '\xBF');
+    return isNoncharacter ? 3 : 0;
 }
 
 bool mayBeUnwritable(char byte)
 {
     const auto code = static_cast<unsigned char>(byte);
     return (code < ' ' && code != '\t' && code != '\n') || code == 0xEF;
+}
+
+/// Where the first character stands that can't be kept.
+std::size_t findUnwritable(std::string_view text)
+{
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (mayBeUnwritable(text[at]) && unwritableSize(text.substr(at)) > 0)
+            return at;
+    }
+    return text.size();
 }
 
 /// Looks at all bytes of a piece whatever it finds there, which the compiler can do many at a time.
@@ -150,23 +155,21 @@ QByteArray withoutUnwritable(QByteArray utf8, std::vector<std::uint32_t>& lines)
     if (isSurelyWritable(text))
         return utf8;
     QByteArray mended;
-    mended.reserve(utf8.size());
     std::uint32_t line = 1;
-    for (std::size_t at = 0; at < text.size();) {
-        const auto next = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(), mayBeUnwritable);
-        const auto sound = text.substr(at, static_cast<std::size_t>(next - text.begin()) - at);
+    std::string_view rest = text;
+    while (!rest.empty()) {
+        const auto sound = rest.substr(0, findUnwritable(rest));
+        if (sound.size() == text.size())
+            return utf8;
         append(mended, sound);
         line += static_cast<std::uint32_t>(std::count(sound.begin(), sound.end(), '\n'));
-        at += sound.size();
-        if (at == text.size())
+        rest.remove_prefix(sound.size());
+        if (rest.empty())
             break;
-        const qsizetype sizeBefore = mended.size();
-        const std::size_t looked = mend(mended, text.substr(at, 3));
-        const auto now = std::string_view(mended.constData(), static_cast<std::size_t>(mended.size()));
-        const bool isChanged = now.substr(static_cast<std::size_t>(sizeBefore)) != text.substr(at, looked);
-        if (isChanged && (lines.empty() || lines.back() != line))
+        append(mended, replacement);
+        rest.remove_prefix(unwritableSize(rest));
+        if (lines.empty() || lines.back() != line)
             lines.push_back(line);
-        at += looked;
     }
     return mended;
 }

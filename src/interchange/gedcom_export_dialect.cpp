@@ -145,7 +145,7 @@ private:
         }
         const bool hasCalendar = line.tag == "DATE" && text.contains(QStringView(u"@#"));
         if (from_ == GedcomDialect::Five)
-            text.replace(QStringView(u"@@").toString(), QStringView(u"@").toString());
+            text = withSingleAts(text);
         else if (text.startsWith(QStringView(u"@@")))
             text.remove(0, 1);
         // An escape of a date is no text.

@@ -24,11 +24,6 @@ GedcomDate deathOf(const PersonValues& values)
     return {values.deathDay, values.deathMonth, values.deathYear};
 }
 
-QString plainLineEnds(QString text)
-{
-    return text.replace(QStringView(u"\r\n").toString(), QStringView(u"\n").toString()).replace(u'\r', u'\n');
-}
-
 class PersonEditor
 {
 public:
@@ -79,7 +74,7 @@ public:
     void changeNotes(const std::optional<QString>& notes)
     {
         std::vector<Line> lines = noteLines();
-        QString rest = plainLineEnds(notes.value_or(QString()));
+        QString rest = withLineFeeds(notes.value_or(QString()));
         const std::size_t kept = keepFirst(lines, rest);
         const Line place = kept > 0 ? record_.end(lines[kept - 1]) : record_.size();
         lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(kept));

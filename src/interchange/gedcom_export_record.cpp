@@ -52,7 +52,8 @@ QString EditedRecord::text(Line line) const
     // As a record of its own the line would skip the levels above it.
     std::string shifted;
     const int level = lines_[line].read.level.value_or(0);
-    for (Line at = line; at < end(line); ++at) {
+    const Line last = end(line);
+    for (Line at = line; at < last; ++at) {
         const GedcomLine& read = lines_[at].read;
         if (!read.level || *read.level > level + 1)
             continue;
@@ -70,7 +71,8 @@ QString EditedRecord::text(Line line) const
 void EditedRecord::strike(Line line)
 {
     isChanged_ = true;
-    for (Line at = line; at < end(line); ++at)
+    const Line last = end(line);
+    for (Line at = line; at < last; ++at)
         lines_[at].isStruck = true;
 }
 

@@ -69,10 +69,9 @@ void appendCut(std::string& out, int level, std::string_view tag, int concLevel,
 
 QString escaped(QStringView line, GedcomDialect dialect)
 {
-    QString text = line.toString();
     if (dialect == GedcomDialect::Five)
-        return text.replace(u'@', QStringView(u"@@").toString());
-    return text.startsWith(u'@') ? QString(u'@' % text) : text;
+        return withDoubledAts(line);
+    return line.startsWith(u'@') ? QString(u'@' % line) : line.toString();
 }
 
 QString withSurname(const QString& name, qsizetype at, qsizetype length)
@@ -144,10 +143,49 @@ bool exchangeParts(QStringList& words, const GedcomDate& from, const GedcomDate&
 
 } // namespace
 
+QString withLineFeeds(QStringView text)
+{
+    if (!text.contains(u'\r'))
+        return text.toString();
+    QString plain;
+    plain.reserve(text.size());
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const bool isPair = text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n';
+        if (!isPair)
+            plain += text[at] == u'\r' ? QChar(u'\n') : text[at];
+    }
+    return plain;
+}
+
+QString withDoubledAts(QStringView text)
+{
+    if (!text.contains(u'@'))
+        return text.toString();
+    QString doubled;
+    doubled.reserve(text.size() + text.count(u'@'));
+    for (const QChar character : text) {
+        doubled += character;
+        if (character == u'@')
+            doubled += character;
+    }
+    return doubled;
+}
+
+QString withSingleAts(QStringView text)
+{
+    QString single;
+    single.reserve(text.size());
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        single += text[at];
+        if (text[at] == u'@' && at + 1 < text.size() && text[at + 1] == u'@')
+            ++at;
+    }
+    return single;
+}
+
 std::string gedcomLines(int level, std::string_view tag, QStringView text, GedcomDialect dialect)
 {
-    QString plain = text.toString();
-    plain.replace(QStringView(u"\r\n").toString(), QStringView(u"\n").toString()).replace(u'\r', u'\n');
+    const QString plain = withLineFeeds(text);
     std::string out;
     bool isFirst = true;
     for (const QStringView line : QStringView(plain).split(u'\n')) {

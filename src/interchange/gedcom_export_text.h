@@ -10,6 +10,15 @@
 
 namespace lineara {
 
+// Replacing within a text moves the rest of it again and again, which is much for the longest ones; these don't.
+
+/// The text with line feeds for all its line ends.
+QString withLineFeeds(QStringView text);
+/// The text with two @ signs for each.
+QString withDoubledAts(QStringView text);
+/// The text with one @ sign for every two beside each other.
+QString withSingleAts(QStringView text);
+
 /// The two ways of writing the lines of a genealogy.
 enum class GedcomDialect : std::uint8_t
 {

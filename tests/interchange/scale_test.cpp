@@ -1,9 +1,10 @@
+#include "exported.h"
 #include "hang_guard.h"
-#include "imported.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <ctime>
 #include <numeric>
 #include <random>
 #include <vector>
@@ -61,6 +62,40 @@ TEST_P(LongLine, IsImportedWhole)
 }
 
 INSTANTIATE_TEST_SUITE_P(Orders, LongLine, testing::Values(Order::OldestFirst, Order::YoungestFirst, Order::Mixed));
+
+double secondsOfExporting(const ObjectContext& family)
+{
+    const std::clock_t before = std::clock();
+    exported(family);
+    return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+}
+
+// Eight times the text takes eight times as long, and would take 64 times as long if it were gone over again and again.
+constexpr double mostTimes = 24;
+constexpr double unmeasurable = 0.05;
+
+TEST(LongTexts, AreExportedInLinearTime)
+{
+    const auto secondsOf = [](qsizetype length) {
+        ObjectContext family;
+        family.insertPool().addPerson(family.insertPerson({.additional = QString(length, u'@')}));
+        return secondsOfExporting(family);
+    };
+    const double few = secondsOf(lineLength * 5);
+    EXPECT_LT(secondsOf(lineLength * 40), mostTimes * few + unmeasurable);
+}
+
+TEST(LongTexts, ThatWereChangedAreExportedInLinearTime)
+{
+    const auto secondsOf = [](qsizetype lines) {
+        const auto family =
+            imported("0 HEAD\n0 @I1@ INDI\n1 NOTE first\n" + QByteArray("2 CONC and more\n").repeated(lines));
+        member(family, 0).setAdditional(QStringLiteral("other"));
+        return secondsOfExporting(*family.context);
+    };
+    const double few = secondsOf(lineLength / 40);
+    EXPECT_LT(secondsOf(lineLength / 5), mostTimes * few + unmeasurable);
+}
 
 TEST(ImportedFamilies, LinksAreTheSameAsMadeOneByOne)
 {
