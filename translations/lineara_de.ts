@@ -1765,6 +1765,14 @@
         <source>%1 files (%2)</source>
         <translation>%1-Dateien (%2)</translation>
     </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Footer</source>
+        <translation>Fußzeile</translation>
+    </message>
 </context>
 <context>
     <name>PaperParts</name>

@@ -25,6 +25,7 @@ QTreeWidget* makeList(const std::vector<FurtherFact>& facts)
 {
     auto* const list = new QTreeWidget;
     list->setObjectName(QStringLiteral("furtherFacts"));
+    list->setAccessibleName(FurtherFactsTexts::tr("Further Facts"));
     list->setHeaderLabels({FurtherFactsTexts::tr("Fact"), FurtherFactsTexts::tr("In the Imported File")});
     list->setWordWrap(true);
     list->setAlternatingRowColors(true);

@@ -77,6 +77,8 @@ void showReportDialog(QWidget& owner, const QMenu& commands, const QString& summ
     auto* heading = new QLabel(summary);
     heading->setWordWrap(true);
     auto* lines = new QPlainTextEdit(details);
+    lines->setObjectName(QStringLiteral("reportLines"));
+    lines->setAccessibleName(ReportDialogTexts::tr("What Was Read"));
     lines->setReadOnly(true);
     lines->setLineWrapMode(QPlainTextEdit::NoWrap);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);

@@ -122,11 +122,13 @@ void PaperDialog::addPartAndTexts()
     hasTitle_->setAccessibleName(PaperDialogTexts::tr("Show a title"));
     title_ = new QLineEdit(subject_.title);
     title_->setObjectName(QStringLiteral("paperTitle"));
+    title_->setAccessibleName(PaperDialogTexts::tr("Title"));
     hasFooter_ = new QCheckBox;
     hasFooter_->setObjectName(QStringLiteral("hasFooter"));
     hasFooter_->setAccessibleName(PaperDialogTexts::tr("Show a footer"));
     footer_ = new QLineEdit(subject_.footer);
     footer_->setObjectName(QStringLiteral("paperFooter"));
+    footer_->setAccessibleName(PaperDialogTexts::tr("Footer"));
     form_->addRow(PaperDialogTexts::tr("&Show:"), part_);
     form_->addRow(PaperDialogTexts::tr("&Title:"), beside(hasTitle_, title_));
     form_->addRow(PaperDialogTexts::tr("&Footer:"), beside(hasFooter_, footer_));

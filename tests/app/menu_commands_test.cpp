@@ -9,6 +9,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QToolButton>
 
 namespace lineara {
@@ -220,6 +221,11 @@ TEST_F(ImportSummary, LeavesTheFamilyToItsUser)
     shown("openingReport")->move(800, 300);
     select(0);
     EXPECT_TRUE(shown("openingReport"));
+}
+
+TEST_F(ImportSummary, IsNamedForThoseWhoHearIt)
+{
+    EXPECT_FALSE(shown("openingReport")->findChild<QPlainTextEdit*>()->accessibleName().isEmpty());
 }
 
 TEST_F(ImportSummary, LetsTheFamilyBePrintedAndExported)

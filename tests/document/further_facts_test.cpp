@@ -62,6 +62,7 @@ TEST_F(ImportedDocument, ListsItWithWhereItComesFrom)
     EXPECT_TRUE(heading.contains(QStringLiteral("smith.ged"))) << heading.toStdString();
     EXPECT_TRUE(heading.contains(QStringLiteral("line 3"))) << heading.toStdString();
     const auto* const list = dialog()->findChild<QTreeWidget*>();
+    EXPECT_EQ(list->accessibleName(), QStringLiteral("Further Facts"));
     ASSERT_EQ(list->topLevelItemCount(), 2);
     const QTreeWidgetItem& occupation = *list->topLevelItem(0);
     EXPECT_EQ(occupation.text(1), QStringLiteral("Miller"));

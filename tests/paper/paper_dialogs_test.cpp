@@ -150,6 +150,16 @@ TEST_F(PaperDialogs, PartAndTextsComeIntoTheFile)
     EXPECT_THAT(text, testing::Not(HasSubstr("Ulf")));
 }
 
+TEST_F(PaperDialogs, TheirFieldsAreNamedForThoseWhoHearThem)
+{
+    family_.addThreeGenerations();
+    family_.show();
+    for (QDialog* const dialog : {&exporting(), &printing()}) {
+        EXPECT_EQ(part<QLineEdit>(*dialog, "paperTitle").accessibleName(), QStringLiteral("Title"));
+        EXPECT_EQ(part<QLineEdit>(*dialog, "paperFooter").accessibleName(), QStringLiteral("Footer"));
+    }
+}
+
 TEST_F(PaperDialogs, TheLastChoicesAreRemembered)
 {
     family_.addThreeGenerations();
