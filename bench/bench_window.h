@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QApplication>
 #include <QByteArray>
 #include <QTemporaryDir>
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <vector>
@@ -38,6 +40,18 @@ inline std::vector<std::uint32_t> familySizes(int argc, char** argv, std::vector
     for (int argument = 1; argument < argc; ++argument)
         usual.push_back(static_cast<std::uint32_t>(std::strtoul(argv[argument], nullptr, 10)));
     return usual;
+}
+
+/// What a benchmark of documents does in main(): measures families of each size, in an application of its own.
+inline int measureFamilies(int argc, char** argv, const std::vector<std::uint32_t>& usual,
+                           void (*measure)(std::size_t persons))
+{
+    drawIntoMemory();
+    const OwnFolders folders;
+    const QApplication application(argc, argv);
+    for (const std::uint32_t persons : familySizes(argc, argv, usual))
+        measure(persons);
+    return 0;
 }
 
 } // namespace lineara::bench

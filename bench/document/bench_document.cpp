@@ -217,9 +217,5 @@ void measure(std::size_t persons)
 
 int main(int argc, char** argv)
 {
-    lineara::bench::drawIntoMemory();
-    const lineara::bench::OwnFolders folders;
-    const QApplication application(argc, argv);
-    for (const std::uint32_t persons : lineara::bench::familySizes(argc, argv, {3'000, 10'000, 100'000}))
-        lineara::bench::measure(persons);
+    return lineara::bench::measureFamilies(argc, argv, {3'000, 10'000, 100'000}, &lineara::bench::measure);
 }
