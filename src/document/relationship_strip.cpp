@@ -38,10 +38,8 @@ RelationshipStrip::RelationshipStrip(Commands commands)
       details_(textLine(QStringLiteral("relationshipDetails"), Qt::PlainText))
 {
     setObjectName(QStringLiteral("relationshipStrip"));
-    // Its own colours, because the family above it is white in every theme.
-    setStyleSheet(QStringLiteral("#relationshipStrip { background: #f3f6ee; border-top: 1px solid #c9d3b8; } "
-                                 "#relationshipStrip QLabel { color: #2c3520; } "
-                                 "#relationshipStrip QLabel#relationshipDetails { color: #5f6b4e; }"));
+    setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
     auto* const swap = new QToolButton;
     swap->setObjectName(QStringLiteral("relationshipSwap"));
     swap->setText(StripTexts::tr("Swap"));

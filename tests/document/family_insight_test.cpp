@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -146,6 +147,25 @@ TEST_F(Insight, ComparesTheSelectedPersonWithOneWhoIsClickedWithControl)
     compare(grandchild);
     EXPECT_FALSE(isStripShown());
     EXPECT_FALSE(edited.canvas().isHighlighting());
+}
+
+TEST_F(Insight, TellsInTheColoursOfTheTheme)
+{
+    QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30)));
+    edited.click(mother);
+    compare(grandchild);
+    ASSERT_TRUE(isStripShown());
+    QWidget& strip = part<QWidget>("relationshipStrip");
+    const QColor ground = strip.grab().toImage().pixelColor(4, strip.height() / 2);
+    EXPECT_EQ(ground, QApplication::palette().color(QPalette::Window));
+    const QImage words = part<QLabel>("relationshipSentence").grab().toImage();
+    int lightest = 0;
+    for (int x = 0; x < words.width(); ++x) {
+        for (int y = 0; y < words.height(); ++y)
+            lightest = std::max(lightest, words.pixelColor(x, y).lightness());
+    }
+    EXPECT_GT(lightest, ground.lightness() + 120);
+    QApplication::setPalette(QPalette());
 }
 
 TEST_F(Insight, ComparesNobodyWithThemselves)
