@@ -11,13 +11,19 @@ namespace lineara {
 
 namespace {
 
-/// A family file whatever its name. Opening a pipe would wait for its other end.
+/// A family file whatever its name, and whatever genealogy its notes quote. Opening a pipe would wait for its other
+/// end.
 bool isXml(const QString& path)
 {
-    constexpr int longestBlank = 64;
+    constexpr int longestBlank = 4096;
     QFile file(path);
-    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) &&
-           file.read(longestBlank).trimmed().startsWith("<?xml");
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return false;
+    QByteArray beginning = file.read(longestBlank);
+    if (beginning.startsWith("\xEF\xBB\xBF"))
+        beginning.remove(0, 3);
+    const QByteArray start = beginning.trimmed().toLower();
+    return start.startsWith('<') && !start.startsWith("<!doctype html") && !start.startsWith("<html");
 }
 
 Outcome<OpenedFamily> importFamily(const QString& path, const Progress& progress)
@@ -71,7 +77,7 @@ bool isNamedLikeGenealogy(const QString& path)
 /// What is neither, but is said to be a genealogy, is refused as such.
 bool isToBeImported(const QString& path)
 {
-    return isGenealogy(path) || (isNamedLikeGenealogy(path) && !isXml(path));
+    return !isXml(path) && (isGenealogy(path) || isNamedLikeGenealogy(path));
 }
 
 Outcome<OpenedFamily> openFamily(const QString& path, const Progress& progress)

@@ -59,14 +59,29 @@ bool isZip(const QByteArray& beginning)
     return beginning.startsWith("PK\x03\x04") || beginning.startsWith("PK\x05\x06");
 }
 
+template<std::size_t Count>
+bool startsWithAny(const QByteArray& beginning, const std::array<QByteArray, Count>& starts)
+{
+    return std::any_of(starts.begin(), starts.end(),
+                       [&](const QByteArray& start) { return beginning.startsWith(start); });
+}
+
+/// Whether no genealogy can begin so, whatever lines follow: pages about genealogies quote some, and so do notes of
+/// family files.
+bool isSurelyElse(const QByteArray& beginning)
+{
+    const std::array<QByteArray, 8> starts = {
+        "%PDF", "\x1F\x8B", "\x89PNG", "\xFF\xD8\xFF", "GIF8", "RIFF", QByteArray("II*\0", 4), QByteArray("MM\0*", 4)};
+    return startsWithAny(beginning, starts) || asText(beginning).trimmed().startsWith('<');
+}
+
 /// "it is a picture, not a GEDCOM file."
 QString whatElse(const QByteArray& beginning)
 {
     if (std::all_of(beginning.begin(), beginning.end(), [](char c) { return c == '\0'; }))
         return ImportTexts::tr("it holds nothing but zeros, as files do that were not saved to their end.");
     const std::array<QByteArray, 7> pictures = {"\x89PNG", "\xFF\xD8\xFF", "GIF8", "BM", "II*", "MM", "RIFF"};
-    const auto isStart = [&](const QByteArray& start) { return beginning.startsWith(start); };
-    if (std::any_of(pictures.begin(), pictures.end(), isStart))
+    if (startsWithAny(beginning, pictures))
         return ImportTexts::tr("it is a picture, not a GEDCOM file.");
     if (beginning.startsWith("%PDF"))
         return ImportTexts::tr("it is a PDF document, not a GEDCOM file.");
@@ -121,7 +136,7 @@ Outcome<GenealogyKind> recognise(const QByteArray& beginning, const QString& nam
         return importFailure(name, ImportTexts::tr("the file is empty."));
     if (isZip(looked))
         return GenealogyKind::Gedzip;
-    if (looksLikeGedcom(looked))
+    if (!isSurelyElse(looked) && looksLikeGedcom(looked))
         return GenealogyKind::Gedcom;
     return importFailure(name, whatElse(looked));
 }

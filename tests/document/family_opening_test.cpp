@@ -51,6 +51,37 @@ TEST(FamilyOpening, TellsAFamilyFileByItsContent)
     EXPECT_TRUE(opened.value().repairs.isEmpty());
 }
 
+TEST(FamilyOpening, AFamilyFileStaysOneWhateverItsNotesQuote)
+{
+    const TestFiles files;
+    ObjectContext family;
+    Pool& pool = family.insertPool();
+    pool.addPerson(
+        family.insertPerson({.name = QStringLiteral("Ada"),
+                             .additional = QStringLiteral("Found in an old file:\n0 @I7@ INDI\n1 NAME Ann")}));
+    pool.addPerson(family.insertPerson({.name = QStringLiteral("Ben")}));
+    const QByteArray text = textOf(family);
+    const QByteArray bare = text.mid(text.indexOf("<database>"));
+    for (const QByteArray& written : {text, "\xEF\xBB\xBF" + text, bare, "\n  " + bare}) {
+        for (const char* name : {"own.lineara", "own.txt", "own.ged"}) {
+            auto opened = openFamily(files.write(QString::fromLatin1(name), written));
+            ASSERT_TRUE(opened) << name << ": " << opened.failure().message.toStdString();
+            EXPECT_FALSE(opened.value().importReport.has_value()) << name;
+            EXPECT_EQ(opened.value().pool->persons().size(), 2U) << name;
+        }
+    }
+}
+
+TEST(FamilyOpening, AWebPageThatIsNamedLikeAGenealogyIsRefusedAsThat)
+{
+    const TestFiles files;
+    for (const char* page : {"<!DOCTYPE html>\n<html></html>", "<HTML><pre>\n0 HEAD\n</pre></HTML>"}) {
+        const auto opened = openFamily(files.write(QStringLiteral("page.ged"), page));
+        ASSERT_TRUE(opened.failed());
+        EXPECT_TRUE(opened.failure().message.contains(QStringLiteral("it is a web page, not a GEDCOM file.")));
+    }
+}
+
 TEST(FamilyOpening, AMissingFileIsNamedInTheReason)
 {
     const TestFiles files;

@@ -26,6 +26,22 @@ TEST(GenealogyFile, WhatIsNoGedcomIsRefusedByWhatItIs)
     EXPECT_THAT(failureOf("Shopping\n0 apples\n1 pear\n"), HasSubstr("it is not a GEDCOM file."));
 }
 
+TEST(GenealogyFile, LinesOfOneWithinSomethingElseMakeItNone)
+{
+    const QByteArray lines = "\n0 HEAD\n0 @I1@ INDI\n1 NAME Ada\n";
+    EXPECT_THAT(failureOf("<!DOCTYPE html>\n<html><pre>" + lines + "</pre></html>"), HasSubstr("it is a web page"));
+    EXPECT_THAT(failureOf("\xEF\xBB\xBF \n<html><pre>" + lines + "</pre></html>"), HasSubstr("it is a web page"));
+    EXPECT_THAT(failureOf("<?xml version=\"1.0\"?>\n<a>" + lines + "</a>"), HasSubstr("it is an XML file"));
+    EXPECT_THAT(failureOf("\n<database>" + lines + "</database>"), HasSubstr("it is not a GEDCOM file."));
+    EXPECT_THAT(failureOf("%PDF-1.4" + lines), HasSubstr("it is a PDF document"));
+    EXPECT_THAT(failureOf("\x1F\x8B\x08" + lines), HasSubstr("it is compressed"));
+    const QByteArray pictures[] = {"\x89PNG\r\n", "\xFF\xD8\xFF\xE0",     "GIF89a",
+                                   "RIFF",        QByteArray("II*\0", 4), QByteArray("MM\0*", 4)};
+    for (const QByteArray& picture : pictures)
+        EXPECT_THAT(failureOf(picture + lines), HasSubstr("it is a picture")) << picture.toHex().toStdString();
+    EXPECT_EQ(imported("MM, BM and II*" + lines).report.persons, 1U);
+}
+
 TEST(GenealogyFile, IsKnownWithoutItsHeaderToo)
 {
     EXPECT_EQ(imported("\n\n0 @I1@ INDI\n").report.persons, 1u);
@@ -68,3 +84,14 @@ TEST(GenealogyFile, ThatCanNotBeReadIsNamed)
 
 } // namespace
 } // namespace lineara
+TEST(GenealogyFile, AFamilyFileWhoseNotesQuoteOneIsNone)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("own.lineara")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<database>\n<object>In an old file:\n0 @I7@ INDI\n"
+               "1 NAME Ada</object>\n</database>\n");
+    file.close();
+    EXPECT_FALSE(isGenealogy(file.fileName()));
+}
+
