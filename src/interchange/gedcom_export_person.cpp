@@ -37,14 +37,13 @@ public:
             return;
         }
         const auto line = nameLine();
-        const auto valued = [&](const QString& former) {
-            return gedcomLines(1, "NAME", gedcomName(plain, former), record_.dialect());
-        };
         if (!line) {
-            record_.insert(afterText(0), valued({}));
+            record_.insert(afterText(0), gedcomLines(1, "NAME", gedcomName(plain), record_.dialect()));
             return;
         }
-        record_.replace(*line, valued(record_.text(*line)));
+        const auto nickname = record_.child(*line, "NICK");
+        const QString value = changedName(plain, record_.text(*line), nickname ? record_.text(*nickname) : QString());
+        record_.replace(*line, gedcomLines(1, "NAME", value, record_.dialect()));
         for (const Line piece : record_.children(*line)) {
             const bool isPiece = std::ranges::find(namePieces, record_[piece].tag) != namePieces.end();
             if (isPiece && !showsPiece(plain, record_.text(piece)))

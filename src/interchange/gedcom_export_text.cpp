@@ -86,7 +86,14 @@ bool isWholeWord(const QString& text, qsizetype at, qsizetype length)
     return begins && ends;
 }
 
-/// The changed name with slashes where the former one had them; empty if that can't be told.
+/// The last word of the name, or of as much of it, is taken for the surname unless it is the only one.
+QString withLastWordAsSurname(const QString& name, qsizetype length)
+{
+    const qsizetype lastWord = name.first(length).lastIndexOf(u' ') + 1;
+    return lastWord > 0 ? withSurname(name, lastWord, length - lastWord) : name;
+}
+
+/// The changed name with slashes where the former one had them, else around its last word before the suffix.
 QString likeFormer(const QString& name, const QString& former, qsizetype open, qsizetype close)
 {
     const QString surname = former.sliced(open + 1, close - open - 1).simplified();
@@ -98,10 +105,11 @@ QString likeFormer(const QString& name, const QString& former, qsizetype open, q
     const QString given = former.first(open).simplified();
     const QString suffix = former.sliced(close + 1).simplified();
     const qsizetype begin = given.isEmpty() ? 0 : given.size() + 1;
-    const qsizetype end = name.size() - (suffix.isEmpty() ? 0 : suffix.size() + 1);
-    const bool keepsBoth = begin < end && (given.isEmpty() || name.startsWith(QString(given % u' '))) &&
-                           (suffix.isEmpty() || name.endsWith(QString(u' ' % suffix)));
-    return keepsBoth ? withSurname(name, begin, end - begin) : QString();
+    const bool keepsSuffix = suffix.isEmpty() || name.endsWith(QString(u' ' % suffix));
+    const qsizetype end = name.size() - (suffix.isEmpty() || !keepsSuffix ? 0 : suffix.size() + 1);
+    const bool keepsGiven = given.isEmpty() || name.startsWith(QString(given % u' '));
+    return keepsSuffix && keepsGiven && begin < end ? withSurname(name, begin, end - begin)
+                                                    : withLastWordAsSurname(name, end);
 }
 
 /// A word of a date that holds a number of the former one, with that of the other in its place.
@@ -227,9 +235,20 @@ QString gedcomName(const QString& name, const QString& former)
         return QString(u'/' % plain % u'/');
     const qsizetype open = former.indexOf(u'/');
     const qsizetype close = former.lastIndexOf(u'/');
-    if (close > open) {
-        const QString value = likeFormer(plain, former, open, close);
-        return value.isEmpty() ? plain : value;
+    if (close > open)
+        return likeFormer(plain, former, open, close);
+    return former.isEmpty() ? withLastWordAsSurname(plain, plain.size()) : plain;
+}
+
+QString changedName(const QString& name, const QString& former, const QString& nickname)
+{
+    const QString added = u'"' % nickname.simplified() % u'"';
+    if (plainName(former, nickname) != plainName(former) && name.contains(added)) {
+        QString bare = name;
+        bare.remove(bare.indexOf(added), added.size());
+        QString value = gedcomName(bare, former);
+        if (plainName(value, nickname) == name)
+            return value;
     }
     const qsizetype lastWord = plain.lastIndexOf(u' ') + 1;
     return former.isEmpty() && lastWord > 0 ? withSurname(plain, lastWord, plain.size() - lastWord) : plain;

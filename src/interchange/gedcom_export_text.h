@@ -41,6 +41,10 @@ std::string gedcomPointer(int level, std::string_view tag, std::string_view xref
 /// by `former`, the value that the line had, or else as the last of several words.
 QString gedcomName(const QString& name, const QString& former = {});
 
+/// The same for a line with a nickname below it. Where the name shows that only because readers put it in, it stays out
+/// of the value, unless the name could not be read from it then.
+QString changedName(const QString& name, const QString& former, const QString& nickname);
+
 /// The value of a DATE line; empty if the date has nothing that a line can say.
 QString gedcomDate(const GedcomDate& date, GedcomDialect dialect);
 

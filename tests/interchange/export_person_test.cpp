@@ -47,15 +47,53 @@ TEST_F(RenamedAnn, KeepsNoPieceThatIsOnlyPartOfAWord)
 {
     EXPECT_THAT(
         changes(QStringLiteral("Anna Nancy Oakley")),
-        ElementsAre("-1 NAME Ann /Oak/", "-2 GIVN Ann", "-2 NICK Nan", "-2 SURN Oak", "+1 NAME Anna Nancy Oakley"));
+        ElementsAre("-1 NAME Ann /Oak/", "-2 GIVN Ann", "-2 NICK Nan", "-2 SURN Oak", "+1 NAME Anna Nancy /Oakley/"));
     EXPECT_THAT(changes(QStringLiteral("O'Ann \"Nan\" Oak-Ash")),
-                ElementsAre("-1 NAME Ann /Oak/", "-2 GIVN Ann", "+1 NAME O'Ann \"Nan\" Oak-Ash", "-2 SURN Oak"));
+                ElementsAre("-1 NAME Ann /Oak/", "-2 GIVN Ann", "+1 NAME O'Ann /Oak-Ash/", "-2 SURN Oak"));
 }
 
 TEST_F(RenamedAnn, KeepsPiecesThatAreWholeWords)
 {
     EXPECT_THAT(changes(QStringLiteral("Mary Ann (Nan) Oak")),
                 ElementsAre("-1 NAME Ann /Oak/", "+1 NAME Mary Ann (Nan) /Oak/"));
+}
+
+TEST_F(RenamedAnn, HasANicknameThatIsNoPartOfTheName)
+{
+    EXPECT_THAT(changes(QStringLiteral("Ann \"Nan\" Ash")),
+                ElementsAre("-1 NAME Ann /Oak/", "+1 NAME Ann /Ash/", "-2 SURN Oak"));
+    EXPECT_THAT(changes(QStringLiteral("Eve \"Nan\" Oak")),
+                ElementsAre("-1 NAME Ann /Oak/", "-2 GIVN Ann", "+1 NAME Eve /Oak/"));
+    EXPECT_THAT(changes(QStringLiteral("Ann \"Nana\" Oak")),
+                ElementsAre("-1 NAME Ann /Oak/", "+1 NAME Ann \"Nana\" /Oak/", "-2 NICK Nan"));
+}
+
+TEST_F(RenamedAnn, MayWriteTheNicknameElsewhere)
+{
+    EXPECT_THAT(changes(QStringLiteral("Ann Oak \"Nan\"")),
+                ElementsAre("-1 NAME Ann /Oak/", "+1 NAME Ann /Oak/ \"Nan\""));
+}
+
+TEST_F(EditedRecordOf, ANicknameStaysBesideASurnameAlone)
+{
+    const auto wed = [](Person& person) { person.setName(QStringLiteral("\"Bob\" Elm")); };
+    EXPECT_THAT(changes("1 NAME /Oak/\n2 NICK Bob\n", wed), ElementsAre("-1 NAME /Oak/", "+1 NAME /Elm/"));
+    EXPECT_THAT(changes("1 NAME \"Bob\" /Oak/\n2 NICK Bob\n", wed),
+                ElementsAre("-1 NAME \"Bob\" /Oak/", "+1 NAME \"Bob\" /Elm/"));
+}
+
+TEST_F(EditedRecordOf, OfANameThatIsAllNewTheLastWordIsTheSurname)
+{
+    const auto named = [](const char* name) {
+        return [name](Person& person) { person.setName(QString::fromLatin1(name)); };
+    };
+    const QByteArray maria = "1 NAME Maria /von Berg/ Jr.\n";
+    EXPECT_THAT(changes(maria, named("Mary Mountain")),
+                ElementsAre("-1 NAME Maria /von Berg/ Jr.", "+1 NAME Mary /Mountain/"));
+    EXPECT_THAT(changes(maria, named("Mary Mountain Jr.")),
+                ElementsAre("-1 NAME Maria /von Berg/ Jr.", "+1 NAME Mary /Mountain/ Jr."));
+    EXPECT_THAT(changes(maria, named("Mary")), ElementsAre("-1 NAME Maria /von Berg/ Jr.", "+1 NAME Mary"));
+    EXPECT_THAT(changes(maria, named("Mary Jr.")), ElementsAre("-1 NAME Maria /von Berg/ Jr.", "+1 NAME Mary Jr."));
 }
 
 TEST_F(EditedRecordOf, ADateThatIsGoneIsGoneFromEveryEvent)
