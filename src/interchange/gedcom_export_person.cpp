@@ -73,7 +73,8 @@ public:
     void changeNotes(const std::optional<QString>& notes)
     {
         std::vector<Line> lines = noteLines();
-        QString rest = withLineFeeds(notes.value_or(QString()));
+        const QString text = withLineFeeds(notes.value_or(QString()));
+        QStringView rest = text;
         const std::size_t kept = keepFirst(lines, rest);
         const Line place = kept > 0 ? record_.end(lines[kept - 1]) : record_.size();
         lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(kept));
@@ -195,7 +196,7 @@ private:
     }
 
     /// Takes the notes that the text still begins with from it; returns how many those are.
-    std::size_t keepFirst(const std::vector<Line>& lines, QString& rest) const
+    std::size_t keepFirst(const std::vector<Line>& lines, QStringView& rest) const
     {
         std::size_t kept = 0;
         for (const Line line : lines) {
@@ -203,7 +204,7 @@ private:
             const bool isAll = rest == text;
             if (!isAll && !rest.startsWith(QString(text % u"\n\n")))
                 break;
-            rest = isAll ? QString() : rest.sliced(text.size() + 2);
+            rest = rest.sliced(isAll ? rest.size() : text.size() + 2);
             ++kept;
             if (isAll)
                 break;
@@ -212,7 +213,7 @@ private:
     }
 
     /// The same from the end; the lines that stay are taken from `lines`.
-    void keepLast(std::vector<Line>& lines, QString& rest) const
+    void keepLast(std::vector<Line>& lines, QStringView& rest) const
     {
         while (!lines.empty()) {
             const QString text = textOf(lines.back());
@@ -225,7 +226,7 @@ private:
     }
 
     /// One note takes the place of all these.
-    void replaceNotes(const std::vector<Line>& lines, const QString& text, Line place)
+    void replaceNotes(const std::vector<Line>& lines, QStringView text, Line place)
     {
         const std::string note = text.isEmpty() ? std::string() : gedcomLines(1, "NOTE", text, record_.dialect());
         const auto own = std::ranges::find_if(lines, [this](Line line) { return !record_[line].isPointer; });

@@ -140,7 +140,11 @@ private:
         if (note.isEmpty())
             return;
         auto& notes = reading_.values.additional;
-        notes = notes ? *notes % u"\n\n" % note : note;
+        // In place: a copy for each of many notes would take its time.
+        if (notes)
+            *notes += u"\n\n" % note;
+        else
+            notes = note;
         reading_.notes.push_back(line);
     }
 

@@ -97,6 +97,23 @@ TEST(LongTexts, ThatWereChangedAreExportedInLinearTime)
     EXPECT_LT(secondsOf(lineLength / 5), mostTimes * few + unmeasurable);
 }
 
+// Copying the notes, or the rest of them, for each of them would take minutes.
+TEST(ManyNotes, AreImportedAndExportedWhetherTheFirstOrTheLastIsChanged)
+{
+    const QByteArray text = "0 HEAD\n1 GEDC\n2 VERS 5.5.1\n2 FORM LINEAGE-LINKED\n1 CHAR UTF-8\n0 @I1@ INDI\n"
+                            "1 NOTE first\n" +
+                            ("1 NOTE " + QByteArray(248, 'x') + "\n").repeated(lineLength / 4) +
+                            "1 NOTE last\n0 TRLR\n";
+    const auto family = imported(text);
+    Person& person = member(family, 0);
+    const QString notes = *person.additional();
+    EXPECT_EQ(notes.count(QStringLiteral("\n\n")), lineLength / 4 + 1);
+    person.setAdditional(notes.chopped(4) + QStringLiteral("latest"));
+    EXPECT_TRUE(exported(*family.context) == QByteArray(text).replace("1 NOTE last\n", "1 NOTE latest\n"));
+    person.setAdditional(QStringLiteral("at ") + notes);
+    EXPECT_TRUE(exported(*family.context) == QByteArray(text).replace("1 NOTE first\n", "1 NOTE at first\n"));
+}
+
 TEST(ImportedFamilies, LinksAreTheSameAsMadeOneByOne)
 {
     std::mt19937 random(11);
