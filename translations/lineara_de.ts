@@ -2737,6 +2737,10 @@
         <source>Only one side of the link between imported record z%1 and its person was there; it was completed.</source>
         <translation>Von der Verbindung zwischen dem importierten Datensatz z%1 und seiner Person war nur eine Seite da; sie wurde ergänzt.</translation>
     </message>
+    <message>
+        <source>Person z%2, who was made of imported record z%1, is not in the file any more; the record was left out.</source>
+        <translation>Person z%2, die aus dem importierten Datensatz z%1 entstand, ist nicht mehr in der Datei; der Datensatz wurde weggelassen.</translation>
+    </message>
 </context>
 <context>
     <name>StripTexts</name>

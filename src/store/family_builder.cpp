@@ -7,6 +7,8 @@
 #include "place_repair.h"
 #include "store_texts.h"
 
+#include <algorithm>
+
 namespace lineara::store {
 
 namespace {
@@ -31,7 +33,7 @@ public:
         for (std::size_t i = 0; i < pools.size(); ++i)
             loader_.setMembers(*pools[i], personsAt(membership.members[i]));
         addPics(membership.pics);
-        addSources(membership.sources);
+        addSources(membership.sources, membership.sourcesLeftOut);
         loader_.setUnknownObjects(std::move(raw_.unknownObjects));
         loader_.setUnknownInfo(std::move(raw_.unknownInfo));
         return loader_.finish();
@@ -102,21 +104,24 @@ private:
             loader_.setUnknown(*pics[pic], std::move(unknown));
     }
 
-    void addSources(const std::vector<std::uint32_t>& sourceOf)
+    void addSources(const std::vector<std::uint32_t>& sourceOf, const std::vector<std::size_t>& leftOut)
     {
-        std::vector<SourceRecord*> sources;
-        sources.reserve(raw_.sources.size());
-        for (auto& source : raw_.sources) {
-            sources.push_back(
-                &loader_.addSource(RecordId{source.number}, std::move(source.origin), std::move(source.text)));
-            sources.back()->setTakenPicture(std::move(source.takenPicture));
+        std::vector<SourceRecord*> sources(raw_.sources.size());
+        for (std::size_t i = 0; i < sources.size(); ++i) {
+            if (std::binary_search(leftOut.begin(), leftOut.end(), i))
+                continue;
+            auto& source = raw_.sources[i];
+            sources[i] = &loader_.addSource(RecordId{source.number}, std::move(source.origin), std::move(source.text));
+            sources[i]->setTakenPicture(std::move(source.takenPicture));
         }
         for (std::size_t i = 0; i < sourceOf.size(); ++i) {
             if (sourceOf[i] != 0)
                 loader_.setSource(*persons_[i], *sources[sourceOf[i] - 1]);
         }
-        for (auto& [source, unknown] : raw_.unknownOfSources)
-            loader_.setUnknown(*sources[source], std::move(unknown));
+        for (auto& [source, unknown] : raw_.unknownOfSources) {
+            if (sources[source])
+                loader_.setUnknown(*sources[source], std::move(unknown));
+        }
     }
 
     /// Every person is visited twice.

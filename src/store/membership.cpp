@@ -106,31 +106,40 @@ struct Belonging
     QString relationship;
     QString ofTwo;
     QString completed;
+    /// Says that the record of a person that is gone is left out; empty where such a record is refused.
+    QString leftOut;
 };
 
 Belonging<RawPic> pictures()
 {
-    return {
-        &RawFamily::pics,
-        &RawPerson::pic,
-        Kind::Pic,
-        u"pic"_qs,
-        StoreTexts::tr("object z%1: the picture belongs to two persons."),
-        StoreTexts::tr("Only one side of the link between picture z%1 and its person was there; it was completed.")};
+    return {&RawFamily::pics,
+            &RawPerson::pic,
+            Kind::Pic,
+            u"pic"_qs,
+            StoreTexts::tr("object z%1: the picture belongs to two persons."),
+            StoreTexts::tr("Only one side of the link between picture z%1 and its person was there; it was completed."),
+            {}};
 }
 
 Belonging<RawSource> sources()
 {
-    return {&RawFamily::sources,
-            &RawPerson::source,
-            Kind::Source,
-            u"sourceRecord"_qs,
-            StoreTexts::tr("object z%1: the imported record belongs to two persons."),
-            StoreTexts::tr(
-                "Only one side of the link between imported record z%1 and its person was there; it was completed.")};
+    return {
+        &RawFamily::sources, &RawPerson::source, Kind::Source, u"sourceRecord"_qs,
+        StoreTexts::tr("object z%1: the imported record belongs to two persons."),
+        StoreTexts::tr(
+            "Only one side of the link between imported record z%1 and its person was there; it was completed."),
+        // A program of this model version may know nothing of such records, and leave one when it removes a person.
+        StoreTexts::tr(
+            "Person z%2, who was made of imported record z%1, is not in the file any more; the record was left out.")};
 }
 
-/// Finds the one record of each person, by person: its position plus 1, or 0.
+struct Pairs
+{
+    std::vector<std::uint32_t> recordOf; ///< by person: the position of its record plus 1, or 0
+    std::vector<std::size_t> leftOut;    ///< positions of records of persons that are gone, ascending
+};
+
+/// Finds the one record of each person.
 template<class Owned>
 class Pairing
 {
@@ -140,13 +149,13 @@ public:
           recordOf_(family.persons.size()), ownerOf_(records_.size())
     {}
 
-    Outcome<std::vector<std::uint32_t>> pair(QStringList& repairs)
+    Outcome<Pairs> pair(QStringList& repairs)
     {
         if (auto asked = askPersons(); asked.failed())
             return asked.failure();
         if (auto asked = askRecords(repairs); asked.failed())
             return asked.failure();
-        return std::move(recordOf_);
+        return Pairs{std::move(recordOf_), std::move(leftOut_)};
     }
 
 private:
@@ -172,6 +181,10 @@ private:
     {
         for (std::size_t record = 0; record < records_.size(); ++record) {
             const auto& raw = records_[record];
+            if (isOfSomebodyGone(raw)) {
+                settleWithout(record, repairs);
+                continue;
+            }
             const auto person = find(raw.person, Kind::Person, raw.number, u"person"_qs, index_);
             if (person.failed())
                 return person.failure();
@@ -187,6 +200,22 @@ private:
         return Done{};
     }
 
+    bool isOfSomebodyGone(const Owned& record) const
+    {
+        return !belonging_.leftOut.isEmpty() && record.person != 0 && !index_.find(record.person);
+    }
+
+    /// Whoever names the record still has it.
+    void settleWithout(std::size_t record, QStringList& repairs)
+    {
+        const auto& raw = records_[record];
+        const bool isOwned = ownerOf_[record].has_value();
+        tellRepair(repairs,
+                   isOwned ? belonging_.completed.arg(raw.number) : belonging_.leftOut.arg(raw.number).arg(raw.person));
+        if (!isOwned)
+            leftOut_.push_back(record);
+    }
+
     Failure ofTwo(const Owned& record) const { return Failure{belonging_.ofTwo.arg(record.number)}; }
 
     const RawFamily& family_;
@@ -195,6 +224,7 @@ private:
     const std::vector<Owned>& records_;
     std::vector<std::uint32_t> recordOf_;
     std::vector<std::optional<PersonIndex>> ownerOf_;
+    std::vector<std::size_t> leftOut_;
 };
 
 } // namespace
@@ -222,7 +252,8 @@ Outcome<Membership> resolveMembership(RawFamily& family, const IdIndex& index, Q
         std::iota(everybody.begin(), everybody.end(), 0U);
         members.value().append(everybody);
     }
-    return Membership{std::move(members.value()), std::move(pics.value()), std::move(records.value())};
+    return Membership{std::move(members.value()), std::move(pics.value().recordOf), std::move(records.value().recordOf),
+                      std::move(records.value().leftOut)};
 }
 
 } // namespace lineara::store

@@ -119,7 +119,8 @@ TEST(Refusal, DanglingReference)
     EXPECT_THAT(refusal(fileWith(person("z102", links("pic", "z103", "PIC")))), says("object z102", "“pic”", "z103"));
     EXPECT_THAT(refusal(fileWith(object("PIC", "z103", links("person", "z102")))), says("object z103", "“person”"));
     EXPECT_THAT(refusal(fileWith(person("z102", madeOf("z103")))), says("object z102", "“sourceRecord”", "z103"));
-    EXPECT_THAT(refusal(fileWith(source("z103", "", ofPerson("z102")))), says("object z103", "“person”", "z102"));
+    EXPECT_THAT(refusal(fileWith(pool("", "z102") + source("z103", "", ofPerson("z102")))),
+                says("object z103", "“person”", "z102", "another type"));
 }
 
 TEST(Refusal, ReferenceToTheWrongKind)

@@ -86,6 +86,29 @@ TEST(Repair, LinkedToItself)
     EXPECT_THAT(personOf(family, 102).partners(), IsEmpty());
 }
 
+TEST(Repair, ImportedRecordWhosePersonWasRemovedWithoutIt)
+{
+    const auto family = mendedFamily(fileWith(
+        pool("z103") + person("z103", inPool() + madeOf("z105")) + source("z104", "0 @I1@ INDI\n", ofPerson("z102")) +
+        source("z105", "0 @I2@ INDI\n", ofPerson("z103")) + source("z106", "0 TRLR\n")));
+    EXPECT_THAT(repairsOf(family),
+                ElementsAre(testing::AllOf(HasSubstr("z104"), HasSubstr("z102"), HasSubstr("left out"))));
+    EXPECT_EQ(family.context->source(RecordId{104}), nullptr);
+    EXPECT_EQ(family.context->source(RecordId{106})->text(), "0 TRLR\n");
+    ASSERT_NE(personOf(family, 103).source(), nullptr);
+    EXPECT_EQ(personOf(family, 103).source()->text(), "0 @I2@ INDI\n");
+}
+
+TEST(Repair, ImportedRecordThatOnlyItsPersonStillNames)
+{
+    const auto family =
+        mendedFamily(fileWith(pool("z103") + person("z103", inPool() + madeOf("z104")) +
+                              source("z104", "0 @I1@ INDI\n", "        <strange/>\n" + ofPerson("z102"))));
+    EXPECT_THAT(repairsOf(family), ElementsAre(testing::AllOf(HasSubstr("z104"), HasSubstr("completed"))));
+    ASSERT_NE(personOf(family, 103).source(), nullptr);
+    EXPECT_EQ(personOf(family, 103).source()->text(), "0 @I1@ INDI\n");
+}
+
 TEST(Repair, ThirdParent)
 {
     const auto family =
