@@ -1,10 +1,12 @@
 #include "gedcom_export_text.h"
 
+#include "date_words.h"
 #include "gedcom_name.h"
 
 #include <QStringBuilder>
 #include <QStringList>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 
@@ -149,6 +151,21 @@ bool exchangeParts(QStringList& words, const GedcomDate& from, const GedcomDate&
            (from.day == to.day || exchangeNumber(words, digits(*from.day), digits(*to.day)));
 }
 
+/// The year in which a range ends ("BET 1850 AND 1860"), if the words are one.
+std::optional<std::int32_t> lastYear(const QStringList& words)
+{
+    const auto opens = [](const QString& word) { return isRangeOpener(word.toUpper().toStdString()); };
+    const auto parts = [](const QString& word) {
+        return word.compare(QStringView(u"AND"), Qt::CaseInsensitive) == 0 ||
+               word.compare(QStringView(u"TO"), Qt::CaseInsensitive) == 0;
+    };
+    const auto begin = std::find_if(words.begin(), words.end(), opens);
+    const auto middle = std::find_if(begin, words.end(), parts);
+    if (middle == words.end())
+        return std::nullopt;
+    return readDate(words.sliced(middle - words.begin() + 1).join(u' ')).year;
+}
+
 } // namespace
 
 QString withLineFeeds(QStringView text)
@@ -250,8 +267,7 @@ QString changedName(const QString& name, const QString& former, const QString& n
         if (plainName(value, nickname) == name)
             return value;
     }
-    const qsizetype lastWord = plain.lastIndexOf(u' ') + 1;
-    return former.isEmpty() && lastWord > 0 ? withSurname(plain, lastWord, plain.size() - lastWord) : plain;
+    return gedcomName(name, former);
 }
 
 QString gedcomDate(const GedcomDate& date, GedcomDialect dialect)
@@ -276,7 +292,9 @@ QString changedDate(const QString& former, const GedcomDate& date, GedcomDialect
     QStringList words = former.trimmed().endsWith(u')') ? QStringList() : former.split(u' ');
     if (!words.isEmpty() && exchangeParts(words, readDate(former), date)) {
         QString changed = words.join(u' ');
-        if (sameDay(readDate(changed), date))
+        const auto last = lastYear(words);
+        const bool isReversed = last && date.year && *date.year > *last;
+        if (!isReversed && sameDay(readDate(changed), date))
             return changed;
     }
     return gedcomDate(date, dialect);

@@ -128,3 +128,18 @@ TEST_F(EditedRecordOf, WordsAboutTheFormerDateGo)
     EXPECT_THAT(changes("1 BIRT\n2 DATE 1900\n3 PHRASE about 1900\n3 SOUR book\n", later),
                 ElementsAre("-2 DATE 1900", "-3 PHRASE about 1900", "+2 DATE 1902"));
 }
+
+TEST_F(EditedRecordOf, ARangeStaysAsLongAsItEndsBehindItsBeginning)
+{
+    const auto born = [](int year) { return [year](Person& person) { person.setBirthYear(year); }; };
+    const QByteArray between = "1 BIRT\n2 DATE BET 1850 AND 1860\n";
+    EXPECT_THAT(changes(between, born(1860)), ElementsAre("-2 DATE BET 1850 AND 1860", "+2 DATE BET 1860 AND 1860"));
+    EXPECT_THAT(changes(between, born(1870)), ElementsAre("-2 DATE BET 1850 AND 1860", "+2 DATE 1870"));
+    EXPECT_THAT(changes("1 BIRT\n2 DATE From 1900 to 1910\n", born(1920)),
+                ElementsAre("-2 DATE From 1900 to 1910", "+2 DATE 1920"));
+    EXPECT_THAT(changes("1 BIRT\n2 DATE FROM 50 B.C. TO 40 B.C.\n", born(-30)),
+                ElementsAre("-2 DATE FROM 50 B.C. TO 40 B.C.", "+2 DATE 30 B.C."));
+    EXPECT_THAT(changes("1 BIRT\n2 DATE FROM 1900\n", born(1920)),
+                ElementsAre("-2 DATE FROM 1900", "+2 DATE FROM 1920"));
+    EXPECT_THAT(changes("1 BIRT\n2 DATE TO 1910\n", born(1920)), ElementsAre("-2 DATE TO 1910", "+2 DATE TO 1920"));
+}
