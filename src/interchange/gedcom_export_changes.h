@@ -19,7 +19,8 @@ public:
     GedcomChanges(const FamilyContent& family, const ExportGraph& graph, const KeptRecords& kept,
                   GedcomDialect newRecords);
 
-    /// Compares the family with what the import makes of the kept records. Fails if it is stopped.
+    /// Compares the family with what the import makes of the kept records. Fails if it is stopped, or if the
+    /// kept records can't be told apart any more.
     Outcome<Done> find(const Progress& progress);
 
     /// The text of the record; empty if it is left out.

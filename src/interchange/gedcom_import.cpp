@@ -167,8 +167,10 @@ constexpr double readingPart = 0.1;
 
 Outcome<ImportedFamily> importGedcom(QByteArray bytes, const QString& name, const Progress& progress)
 {
-    return importRead(readGenealogy(std::move(bytes), name, progress.stage(0, readingPart)), name, true,
-                      progress.stage(readingPart, 1));
+    auto file = readGenealogy(std::move(bytes), name, progress.stage(0, readingPart));
+    if (file && file.value().bytes.size() > mostGenealogyBytes)
+        return tooLongGenealogy(name);
+    return importRead(std::move(file), name, true, progress.stage(readingPart, 1));
 }
 
 Outcome<std::unique_ptr<ObjectContext>> familyToldBy(QByteArray records, const QString& name, const Progress& progress)

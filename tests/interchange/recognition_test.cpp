@@ -63,6 +63,20 @@ TEST(GenealogyFile, TwoGigabytesOfZerosAreRefusedAtOnce)
     EXPECT_FALSE(isGenealogy(file.fileName()));
 }
 
+TEST(GenealogyFile, TooManyBytesAreRefusedFromMemoryToo)
+{
+    constexpr qint64 tooMany = qint64{512} * 1024 * 1024 + 1;
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("long.ged")));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.write("0 HEAD\n0 TRLR\n");
+    ASSERT_TRUE(file.resize(tooMany));
+    const uchar* const bytes = file.map(0, tooMany);
+    ASSERT_NE(bytes, nullptr);
+    EXPECT_EQ(failureOf(QByteArray::fromRawData(reinterpret_cast<const char*>(bytes), tooMany)),
+              "“test.ged” can't be imported: it has more than 512 MB.");
+}
+
 TEST(GenealogyFile, IsToldFromOthersByItsBeginning)
 {
     const QString data = QStringLiteral(LINEARA_TEST_DATA "/gedcom/");
@@ -71,6 +85,17 @@ TEST(GenealogyFile, IsToldFromOthersByItsBeginning)
     EXPECT_FALSE(isGenealogy(data + QStringLiteral("SOURCES.md")));
     EXPECT_FALSE(isGenealogy(data + QStringLiteral("missing.ged")));
     EXPECT_FALSE(isGenealogy(data));
+}
+
+TEST(GenealogyFile, AFamilyFileWhoseNotesQuoteOneIsNone)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("own.lineara")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<database>\n<object>In an old file:\n0 @I7@ INDI\n"
+               "1 NAME Ada</object>\n</database>\n");
+    file.close();
+    EXPECT_FALSE(isGenealogy(file.fileName()));
 }
 
 TEST(GenealogyFile, ThatCanNotBeReadIsNamed)
@@ -84,14 +109,3 @@ TEST(GenealogyFile, ThatCanNotBeReadIsNamed)
 
 } // namespace
 } // namespace lineara
-TEST(GenealogyFile, AFamilyFileWhoseNotesQuoteOneIsNone)
-{
-    const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("own.lineara")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<database>\n<object>In an old file:\n0 @I7@ INDI\n"
-               "1 NAME Ada</object>\n</database>\n");
-    file.close();
-    EXPECT_FALSE(isGenealogy(file.fileName()));
-}
-

@@ -22,7 +22,7 @@ enum class GedcomFormat : std::uint8_t
 
 /// The family as a genealogy in UTF-8. What was imported comes back line by line, but for what has changed since;
 /// everything else is written anew, families rebuilt from the links. Equal families give equal bytes. Fails only if it
-/// is stopped, or if the family is too large for the format. Any thread.
+/// is stopped, or if it can't be told any more which person was made of which of the kept records. Any thread.
 Outcome<QByteArray> gedcomOf(const FamilyContent& family, GedcomFormat format, const Progress& progress = {});
 
 /// Puts gedcomOf() in the place of the file at `path`, or leaves that as it was, and tells what could not go along. The
