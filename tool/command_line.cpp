@@ -97,7 +97,8 @@ info tells how many persons, links and rows a family has, and who is not linked.
   --gedcom7  a .ged OUT is of version 7.0
   --json     info as JSON
   --notes    tell on standard error every line of IN that was not taken as it
-             stands, and what the generations had to leave out
+             stands, what the generations had to leave out, and every file that
+             OUT names and that is not there
   --help     this text
   --version  the version of the program
 

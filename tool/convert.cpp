@@ -13,7 +13,7 @@ Outcome<Done> write(OpenedFamily& family, const ConvertCommand& command)
     if (isFamilyFileName(command.output))
         return saveFamilyFile(*family.context, command.output);
     if (isGenealogyName(command.output))
-        return saveGenealogy(*family.context, command.output, command.asGedcom7);
+        return saveGenealogy(*family.context, command.output, {command.asGedcom7, command.tellNotes});
     return savePicture(*family.pool, command.output);
 }
 

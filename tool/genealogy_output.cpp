@@ -20,14 +20,15 @@ bool isGenealogyName(const QString& name)
     return isGedzipName(name) || name.endsWith(u".ged"_qs, Qt::CaseInsensitive);
 }
 
-Outcome<Done> saveGenealogy(const ObjectContext& family, const QString& path, bool asGedcom7)
+Outcome<Done> saveGenealogy(const ObjectContext& family, const QString& path, const GenealogyOptions& options)
 {
-    const GedcomFormat text = asGedcom7 ? GedcomFormat::Gedcom70 : GedcomFormat::Gedcom551;
+    const GedcomFormat text = options.asGedcom7 ? GedcomFormat::Gedcom70 : GedcomFormat::Gedcom551;
     const auto exported =
         exportGedcomFile(FamilyContent(family), path, isGedzipName(path) ? GedcomFormat::Gedzip : text, {});
     if (exported.failed())
         return exported.failure();
-    for (const QString& line : exportSummary(exported.value()).split(u'\n', Qt::SkipEmptyParts))
+    const QString told = options.tellNotes ? exportSummary(exported.value()) : exportSums(exported.value());
+    for (const QString& line : told.split(u'\n', Qt::SkipEmptyParts))
         tell(line);
     return Done{};
 }

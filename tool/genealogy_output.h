@@ -10,8 +10,13 @@ namespace lineara::tool {
 /// Whether a file of that name holds a genealogy for other programs: ".ged" or ".gdz".
 bool isGenealogyName(const QString& name);
 
-/// Writes the family as the name asks for; a ".ged" file is of version 5.5.1, or 7.0 where that is asked for. Tells
-/// what could not go along.
-Outcome<Done> saveGenealogy(const ObjectContext& family, const QString& path, bool asGedcom7);
+struct GenealogyOptions
+{
+    bool asGedcom7 = false; ///< a ".ged" file is of version 7.0 and not 5.5.1
+    bool tellNotes = false; ///< every file that could not go along is told, not only how many
+};
+
+/// Writes the family as the name asks for, and tells what could not go along.
+Outcome<Done> saveGenealogy(const ObjectContext& family, const QString& path, const GenealogyOptions& options);
 
 } // namespace lineara::tool

@@ -142,6 +142,17 @@ TEST_F(ToolConvert, AnEmptyFamilyGivesAnEmptyPicture)
     }
 }
 
+TEST_F(ToolConvert, FilesThatAreMissingAreToldOneByOneWhenAsked)
+{
+    writeFile(at("a.ged"), "0 HEAD\n0 @I1@ INDI\n1 OBJE\n2 FILE gone.mp3\n1 OBJE\n2 FILE lost.mp3\n0 TRLR\n");
+    const auto sum = convert(at("a.ged"), at("b.ged"));
+    EXPECT_EQ(sum.exitCode, 0);
+    EXPECT_THAT(sum.err, HasSubstr("lineara-tool: Files that the genealogy names and that are not there: 2\n"));
+    EXPECT_THAT(sum.err, testing::Not(HasSubstr(".mp3")));
+    const auto all = runTool({QStringLiteral("convert"), QStringLiteral("--notes"), at("a.ged"), at("b.ged")});
+    EXPECT_THAT(all.err, HasSubstr("not there: 2\nlineara-tool:   gone.mp3\nlineara-tool:   lost.mp3\n"));
+}
+
 TEST_F(ToolConvert, AnInputThatCanNotBeReadLeavesTheOutputAlone)
 {
     writeFile(at("old.svg"), "old");

@@ -19,4 +19,7 @@ struct ExportReport
 /// The report as lines to read, each with a line end; empty if there is nothing to tell.
 QString exportSummary(const ExportReport& report);
 
+/// The same without the names of single files: at most two lines.
+QString exportSums(const ExportReport& report);
+
 } // namespace lineara
