@@ -45,7 +45,10 @@ Command parseConvert(const QStringList& files, const QStringList& options)
     if (!isFamilyFileName(files[1]) && !isPictureFileName(files[1]) && !isGenealogyName(files[1]))
         return WrongUsage{
             u"the output's name must end in .lineara, .ged, .gdz, .pdf, .png or .svg: %1"_qs.arg(files[1])};
-    return ConvertCommand{files[0], files[1], options.contains(u"--notes"_qs), options.contains(u"--gedcom7"_qs)};
+    const bool asGedcom7 = options.contains(u"--gedcom7"_qs);
+    if (asGedcom7 && !isGenealogyName(files[1]))
+        return WrongUsage{u"--gedcom7 is about an output whose name ends in .ged, not about %1"_qs.arg(files[1])};
+    return ConvertCommand{files[0], files[1], options.contains(u"--notes"_qs), asGedcom7};
 }
 
 Command parseInfo(const QStringList& files, const QStringList& options)

@@ -39,6 +39,10 @@ TEST(ToolUsage, WrongArgumentsAreToldInOneLine)
          "the output's name must end in .lineara, .ged, .gdz, .pdf, .png or .svg: a.gif"},
         {{QStringLiteral("convert"), family, QStringLiteral("svg")},
          "the output's name must end in .lineara, .ged, .gdz, .pdf, .png or .svg: svg"},
+        {{QStringLiteral("convert"), QStringLiteral("--gedcom7"), family, QStringLiteral("a.lineara")},
+         "--gedcom7 is about an output whose name ends in .ged, not about a.lineara"},
+        {{QStringLiteral("convert"), family, QStringLiteral("a.svg"), QStringLiteral("--gedcom7")},
+         "--gedcom7 is about an output whose name ends in .ged, not about a.svg"},
     };
     for (const auto& [arguments, reason] : cases) {
         const auto run = runTool(arguments);
