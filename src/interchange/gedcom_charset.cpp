@@ -121,9 +121,10 @@ bool agrees(const QString& charset, std::string_view declaration)
 }
 
 /// Tells what was believed and what was lost, where that is not as the file says.
-void account(const GedcomText& text, bool mayHaveLost, ImportNotes& notes)
+void account(GedcomText& text, bool mayHaveLost, ImportNotes& notes)
 {
-    if (!agrees(text.charset, viewOf(text.declared.toUtf8())))
+    text.isDeclaredWrongly = !agrees(text.charset, viewOf(text.declared.toUtf8()));
+    if (text.isDeclaredWrongly)
         notes.aboutFile(ImportTexts::tr("The file declares the character set %1, but is in %2 and was read so.")
                             .arg(inQuotes(viewOf(text.declared.toUtf8())), text.charset));
     const auto replaced = mayHaveLost ? text.utf8.count("\xEF\xBF\xBD") : 0;

@@ -17,8 +17,9 @@ class ImportNotes;
 struct GedcomText
 {
     QByteArray utf8;
-    QString charset;  ///< what the bytes were read as: "UTF-8", "ANSEL", ...
-    QString declared; ///< what the header says; empty if nothing
+    QString charset;                ///< what the bytes were read as: "UTF-8", "ANSEL", ...
+    QString declared;               ///< what the header says; empty if nothing
+    bool isDeclaredWrongly = false; ///< it is in none that the header's name can mean
 
     std::string_view view() const { return {utf8.constData(), static_cast<std::size_t>(utf8.size())}; }
 };

@@ -137,6 +137,7 @@ Outcome<ImportedFamily> importText(const GedcomText& text, const ImportFrame& fr
     family.report.records = records.size();
     family.report.charset = text.charset;
     family.report.declaredCharset = text.declared;
+    family.report.isDeclaredWrongly = text.isDeclaredWrongly;
     family.report.version =
         QString::fromUtf8(records.version().data(), static_cast<qsizetype>(records.version().size()));
     notes.writeTo(family.report);

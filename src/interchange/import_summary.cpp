@@ -24,7 +24,7 @@ QString fileLine(const ImportReport& report)
     const QString version = report.version.isEmpty() ? ImportTexts::tr("of no stated version")
                                                      : ImportTexts::tr("of version %1").arg(report.version);
     QString text = ImportTexts::tr("A GEDCOM file %1, read as %2.").arg(version, report.charset);
-    if (!report.declaredCharset.isEmpty() && report.declaredCharset != report.charset)
+    if (report.isDeclaredWrongly)
         text += u' ' % ImportTexts::tr("It says that it is in %1.").arg(report.declaredCharset);
     return QString(text % u'\n');
 }

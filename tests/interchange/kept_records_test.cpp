@@ -156,6 +156,17 @@ TEST(FurtherFacts, OfOtherAndBrokenRecordsAreListedToo)
     EXPECT_THAT(facts(""), ElementsAre());
 }
 
+TEST(ImportSummary, TellsNoDeclarationThatIsRight)
+{
+    const QByteArray ascii = "0 HEAD\n1 CHAR ANSEL\n0 @I1@ INDI\n0 TRLR\n";
+    EXPECT_TRUE(
+        importSummary(imported(ascii).report).startsWith(u"A GEDCOM file of no stated version, read as ASCII.\n"));
+    const QString wide = QStringLiteral("\uFEFF0 HEAD\n1 CHAR UNICODE\n0 @I1@ INDI\n0 TRLR\n");
+    const QByteArray utf16(reinterpret_cast<const char*>(wide.utf16()), 2 * wide.size());
+    EXPECT_TRUE(
+        importSummary(imported(utf16).report).startsWith(u"A GEDCOM file of no stated version, read as UTF-16.\n"));
+}
+
 TEST(ImportSummary, TellsNumbersAndLines)
 {
     const auto family =

@@ -43,10 +43,11 @@ struct ImportReport
     std::size_t notTaken = 0;        ///< told in the notes: they point at nothing, are no dates, ...
     std::size_t unreadableLines = 0; ///< told in the notes
 
-    QString charset;             ///< what the file was read as: "UTF-8", "ANSEL", ...
-    QString declaredCharset;     ///< empty if the file names none
-    QString version;             ///< "5.5.1"; empty if the file names none
-    std::vector<KeptLines> kept; ///< in the order of their first lines
+    QString charset;                ///< what the file was read as: "UTF-8", "ANSEL", ...
+    QString declaredCharset;        ///< empty if the file names none
+    bool isDeclaredWrongly = false; ///< it is in none that the declared name can mean
+    QString version;                ///< "5.5.1"; empty if the file names none
+    std::vector<KeptLines> kept;    ///< in the order of their first lines
     std::vector<Refusals> refusals;
 
     /// One sentence per refusal, unreadable line, line not taken and line taken with a change ("ABT 1600" as 1600), in
