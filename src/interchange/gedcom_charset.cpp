@@ -23,6 +23,16 @@ std::string_view viewOf(const QByteArray& bytes)
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
+/// Bytes of the byte order marks that the text begins with: programs that add one to what has one already leave
+/// several.
+std::size_t sizeOfMarks(std::string_view text)
+{
+    std::size_t size = 0;
+    while (text.substr(size).starts_with(utf8Mark))
+        size += utf8Mark.size();
+    return size;
+}
+
 enum class Utf16 : std::uint8_t
 {
     No,
@@ -144,13 +154,13 @@ Outcome<GedcomText> gedcomText(QByteArray bytes, const QString& name, ImportNote
     Decoded decoded;
     if (utf16 != Utf16::No) {
         decoded.text.utf8 = utf8FromUtf16(viewOf(bytes), utf16 == Utf16::BigEndian, decoding);
+        decoded.text.utf8.remove(0, static_cast<qsizetype>(sizeOfMarks(decoded.text.view())));
         decoded.text.charset = QStringLiteral("UTF-16");
         decoded.mayHaveLost = true;
         bytes.clear();
     } else {
         auto plain = viewOf(bytes);
-        if (plain.starts_with(utf8Mark))
-            plain.remove_prefix(utf8Mark.size());
+        plain.remove_prefix(sizeOfMarks(plain));
         decoded = readBytes(std::move(bytes), plain, decoding);
     }
     if (!progress.goesOn(decodedPart))

@@ -102,6 +102,17 @@ TEST(GedcomCharset, TheBytesWinOverTheDeclaration)
     EXPECT_EQ(nameIn("0 HEAD\n0 @I1@ INDI\n1 NAME Ren\xE9\n"), QStringLiteral("Ren\u00E9"));
 }
 
+TEST(GedcomCharset, FurtherByteOrderMarksAreNoPartOfTheTextEither)
+{
+    const QByteArray marks("\xEF\xBB\xBF\xEF\xBB\xBF\xEF\xBB\xBF");
+    for (const QByteArray name : {"Zoe", "Zo\xC3\xAB", "Zo\xC3\xAB \xC3 \xC3\xAB \xC3\xAB"}) {
+        const QByteArray text = "0 HEAD\n1 GEDC\n2 VERS 5.5.1\n1 CHAR UTF-8\n0 @I1@ INDI\n1 NAME " + name + "\n";
+        const auto family = imported(marks + text);
+        EXPECT_EQ(family.report.version, QStringLiteral("5.5.1"));
+        EXPECT_EQ(notesOf(family), notesOf(imported(text)));
+    }
+}
+
 // As in files that show what a program can do: most pairs are written in no language.
 TEST(GedcomCharset, AListOfAllMarksOnAllLettersIsAnselStill)
 {
@@ -129,7 +140,8 @@ TEST(GedcomCharset, Utf16IsReadInBothOrdersWithAndWithoutItsMark)
 {
     const QString text = QStringLiteral("0 HEAD\n\r1 CHAR UNICODE\n\r0 @I1@ INDI\n\r1 NAME Zo\u00EB \U0001F333\n\r");
     for (const bool isBigEndian : {false, true}) {
-        for (const QString& mark : {QString(), QString(QChar(QChar::ByteOrderMark))}) {
+        for (const qsizetype marks : {0, 1, 2, 3}) {
+            const QString mark(marks, QChar(QChar::ByteOrderMark));
             const auto family = imported(utf16(mark + text, isBigEndian));
             EXPECT_EQ(member(family, 0).name(), QStringLiteral("Zo\u00EB \U0001F333"));
             EXPECT_EQ(family.report.charset, QStringLiteral("UTF-16"));
