@@ -73,7 +73,7 @@ public:
             out_ += raw;
             out_ += '\n';
         } else if (pending_ && line->tag == "CONC" && *line->level == textLevel_ + 1) {
-            pending_->value += valueOf(*line);
+            goOn(*line);
         } else {
             flush();
             begin(*line);
@@ -101,6 +101,19 @@ private:
     {
         const bool isText = isContinuation(line.tag) && line.isPointer;
         return isText ? std::string_view(line.value.data() - 1, line.value.size() + 2) : line.value;
+    }
+
+    /// Words below a pointer are no part of it. 7.0 has no CONC that could hold them.
+    void goOn(const GedcomLine& line)
+    {
+        if (!pending_->isPointer) {
+            pending_->value += valueOf(line);
+            return;
+        }
+        flush();
+        begin(line);
+        if (to_ == GedcomDialect::Seven)
+            pending_->tag = "CONT";
     }
 
     void begin(const GedcomLine& line)

@@ -96,6 +96,24 @@ TEST(UntouchedIn7, DiffersOnlyInWhatHasOtherNamesThere)
                             "+0 @N1@ SNOTE one", "+1 CONT two"));
 }
 
+TEST(UntouchedIn7, WordsBelowAPointerStayBesideIt)
+{
+    const QByteArray text = "0 HEAD\n1 GEDC\n2 VERS 5.5.1\n2 FORM LINEAGE-LINKED\n1 CHAR UTF-8\n"
+                            "0 @I1@ INDI\n1 NAME A /B/\n1 FAMS @F1@\n2 CONT first\n2 CONC  second\n1 NOTE @N1@\n"
+                            "2 CONC a@@b\n2 CONC  c\n0 @I2@ INDI\n1 NAME C /D/\n1 FAMS @F1@\n2 CONC @x@\n"
+                            "0 @F1@ FAM\n1 HUSB @I1@\n2 CONC words\n1 WIFE @I2@\n0 @N1@ NOTE one\n0 TRLR\n";
+    const auto family = imported(text);
+    const QByteArray seven = exported(*family.context, GedcomFormat::Gedcom70);
+    EXPECT_THAT(difference(text, seven),
+                ElementsAre("-2 VERS 5.5.1", "-2 FORM LINEAGE-LINKED", "-1 CHAR UTF-8", "+2 VERS 7.0", "-2 CONT first",
+                            "-2 CONC  second", "-1 NOTE @N1@", "-2 CONC a@@b", "-2 CONC  c", "+2 CONT first second",
+                            "+1 SNOTE @N1@", "+2 CONT a@b c", "-2 CONC @x@", "+2 CONT @@x@", "-2 CONC words",
+                            "+2 CONT words", "-0 @N1@ NOTE one", "+0 @N1@ SNOTE one"));
+    const auto again = imported(seven);
+    EXPECT_EQ(familyText(*again.context), familyText(*family.context));
+    EXPECT_EQ(exported(*again.context, GedcomFormat::Gedcom70), seven);
+}
+
 TEST(UntouchedIn7, CrossReferencesAreWrittenAs7Allows)
 {
     const QByteArray text = "0 HEAD\n1 GEDC\n2 VERS 5.5.1\n2 FORM LINEAGE-LINKED\n1 SUBM @sub 1@\n"
