@@ -46,10 +46,31 @@ std::string newHeader(GedcomDialect dialect)
     return "0 HEAD\n" + formatLines(dialect) + "1 SOUR LINEARA\n2 NAME Lineara\n" + submitter + charsetLine(dialect);
 }
 
+/// Behind the lines that skip a level: they would belong to whatever came ahead of them.
+EditedRecord::Line placeForForm(const EditedRecord& header)
+{
+    EditedRecord::Line place = 1;
+    while (place < header.size() && header[place].level.value_or(2) > 1)
+        ++place;
+    return place;
+}
+
+/// The same lines below the form would belong to its new version, and be left out the next time.
+void withdrawOrphans(EditedRecord& header, EditedRecord::Line form)
+{
+    const int level = header[form].level.value_or(0);
+    const auto end = header.end(form);
+    for (auto line = form + 1; line < end && header[line].level != level + 1; ++line) {
+        if (header[line].level && (header[line].tag == "VERS" || header[line].tag == "FORM"))
+            header.strikeAlone(line);
+    }
+}
+
 /// Leaves out how the file was written. Lines that can't be read, or stand there by mistake, are no part of that.
 void withdrawForm(EditedRecord& header, EditedRecord::Line form)
 {
     header.strikeAlone(form);
+    withdrawOrphans(header, form);
     for (const EditedRecord::Line line : header.children(form)) {
         if (header[line].tag != "VERS" && header[line].tag != "FORM")
             continue;
@@ -64,7 +85,7 @@ std::string changedHeader(EditedRecord header, GedcomDialect dialect)
 {
     const auto format = header.child(0, "GEDC");
     const auto charset = header.child(0, "CHAR");
-    header.insert(format.value_or(1), formatLines(dialect));
+    header.insert(format.value_or(placeForForm(header)), formatLines(dialect));
     header.insert(charset.value_or(header.size()), charsetLine(dialect));
     for (const auto& line : {format, charset}) {
         if (line)

@@ -56,6 +56,18 @@ TEST(UntouchedHeader, KeepsWhatCanNotBeReadBelowItsForm)
     }
 }
 
+TEST(UntouchedHeader, TakesNothingBelowItsFormThatHadNoPlace)
+{
+    for (const QByteArray form : {"2 GEDC\n2 VERS 5.5\n", "1 GEDC\n3 VERS 5.5\n3 FORM LINEAGE-LINKED\n"}) {
+        const auto family = imported("0 HEAD\n" + form + "0 @I1@ INDI\n1 NAME A /B/\n0 TRLR\n");
+        for (const auto format : {GedcomFormat::Gedcom551, GedcomFormat::Gedcom70}) {
+            const QByteArray text = exported(*family.context, format);
+            EXPECT_EQ(exported(*imported(text).context, format), text);
+            EXPECT_FALSE(text.contains("5.5\n") && text.indexOf("5.5\n") > text.indexOf("1 GEDC\n")) << text.data();
+        }
+    }
+}
+
 TEST_P(Untouched, TellsTheSameWithoutItsRecordsBeingKept)
 {
     const auto told = familyToldBy(text, QStringLiteral("records"), {});
