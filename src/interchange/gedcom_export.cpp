@@ -3,6 +3,7 @@
 #include "gedcom_export_changes.h"
 #include "gedcom_export_dialect.h"
 #include "gedcom_export_pictures.h"
+#include "gedcom_export_xrefs.h"
 #include "gedzip_writing.h"
 #include "import_texts.h"
 #include "media_files.h"
@@ -34,16 +35,14 @@ std::string charsetLine(GedcomDialect dialect)
     return dialect == GedcomDialect::Five ? "1 CHAR UTF-8\n" : "";
 }
 
-std::string submitterLines(GedcomDialect dialect)
+/// The header of a family that has none. 5.5.1 demands that it names a submitter, and that this one has a name.
+std::string newHeader(const KeptRecords& kept, GedcomDialect dialect)
 {
-    return dialect == GedcomDialect::Five ? "0 @U1@ SUBM\n1 NAME Lineara\n" : "";
-}
-
-/// The header of a family that was not imported.
-std::string newHeader(GedcomDialect dialect)
-{
-    const std::string submitter = dialect == GedcomDialect::Five ? "1 SUBM @U1@\n" : "";
-    return "0 HEAD\n" + formatLines(dialect) + "1 SOUR LINEARA\n2 NAME Lineara\n" + submitter + charsetLine(dialect);
+    std::string header = "0 HEAD\n" + formatLines(dialect) + "1 SOUR LINEARA\n2 NAME Lineara\n";
+    if (dialect == GedcomDialect::Seven)
+        return header;
+    const std::string submitter = '@' + ExportXrefs(kept).take("U1") + '@';
+    return header + "1 SUBM " + submitter + '\n' + charsetLine(dialect) + "0 " + submitter + " SUBM\n1 NAME Lineara\n";
 }
 
 /// Behind the lines that skip a level: they would belong to whatever came ahead of them.
@@ -108,7 +107,7 @@ public:
         for (std::size_t record = 0; record < kept_.size(); ++record)
             hasHeader = hasHeader || kept_[record].tag == "HEAD";
         if (!hasHeader)
-            append(newHeader(dialect_) + (kept_.isEmpty() ? submitterLines(dialect_) : std::string()));
+            append(newHeader(kept_, dialect_));
         for (std::size_t record = 0; record < kept_.size(); ++record) {
             if (!progress.goesOn(record, kept_.size()))
                 return {};

@@ -68,6 +68,20 @@ TEST(UntouchedHeader, TakesNothingBelowItsFormThatHadNoPlace)
     }
 }
 
+TEST(UntouchedHeader, IfThereWasNoneNamesASubmitterThatIsThere)
+{
+    const QByteArray text = "0 @I1@ INDI\n1 NAME Ada /Oak/\n1 SUBM @U1@\n1 NOTE @U2@\n0 @U2@ NOTE one\n";
+    const auto family = imported(text);
+    const QByteArray five = exported(*family.context);
+    EXPECT_THAT(difference(text, five), ElementsAre("+0 HEAD", "+1 GEDC", "+2 VERS 5.5.1", "+2 FORM LINEAGE-LINKED",
+                                                    "+1 SOUR LINEARA", "+2 NAME Lineara", "+1 SUBM @U3@",
+                                                    "+1 CHAR UTF-8", "+0 @U3@ SUBM", "+1 NAME Lineara", "+0 TRLR"));
+    const auto again = imported(five);
+    EXPECT_EQ(familyText(*again.context), familyText(*family.context));
+    EXPECT_EQ(exported(*again.context), five);
+    EXPECT_FALSE(exported(*family.context, GedcomFormat::Gedcom70).contains("SUBM @U3@"));
+}
+
 TEST_P(Untouched, TellsTheSameWithoutItsRecordsBeingKept)
 {
     const auto told = familyToldBy(text, QStringLiteral("records"), {});
