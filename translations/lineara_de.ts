@@ -2250,10 +2250,6 @@
 <context>
     <name>ReportTexts</name>
     <message>
-        <source>%1 persons, %2 partner links and %3 parent links were taken over.</source>
-        <translation>Übernommen: Personen %1, Partnerverbindungen %2, Elternverbindungen %3.</translation>
-    </message>
-    <message>
         <source>Links refused: %1.</source>
         <translation>Abgelehnte Verbindungen: %1.</translation>
     </message>
@@ -2275,6 +2271,10 @@
     <message>
         <source>Files of the archive that are not kept: %1.</source>
         <translation>Dateien des Archivs, die nicht aufbewahrt werden: %1.</translation>
+    </message>
+    <message>
+        <source>Persons taken over: %1, partner links: %2, parent links: %3.</source>
+        <translation>Übernommene Personen: %1, Partnerverbindungen: %2, Elternverbindungen: %3.</translation>
     </message>
 </context>
 <context>

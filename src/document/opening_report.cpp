@@ -14,7 +14,7 @@ struct ReportTexts
 /// The details tell the rest.
 QString inOneLine(const ImportReport& report)
 {
-    QString summary = ReportTexts::tr("%1 persons, %2 partner links and %3 parent links were taken over.")
+    QString summary = ReportTexts::tr("Persons taken over: %1, partner links: %2, parent links: %3.")
                           .arg(report.persons)
                           .arg(report.partnerLinks)
                           .arg(report.offspringLinks);
