@@ -44,6 +44,13 @@ QSpinBox* pixelBox(const char* name)
     return box;
 }
 
+/// Pixels for each point of a picture that nobody has chosen a size for: all of them, if it is not too large.
+double usualScale(QSizeF picture)
+{
+    return std::min({1.0, std::sqrt(usualPixels / (picture.width() * picture.height())),
+                     mostPixelsAcross / std::max(picture.width(), picture.height())});
+}
+
 class ExportDialog : public PaperDialog
 {
 public:
@@ -131,11 +138,11 @@ private:
         form().addRow(QString(), transparent_);
         connect(transparent_, &QCheckBox::toggled, this, [this] { choicesChanged(); });
         connect(width_, &QSpinBox::valueChanged, this, [this](int width) {
-            scale_ = width / picture().size().width();
+            chosenScale_ = width / picture().size().width();
             choicesChanged();
         });
         connect(height_, &QSpinBox::valueChanged, this, [this](int height) {
-            scale_ = height / picture().size().height();
+            chosenScale_ = height / picture().size().height();
             choicesChanged();
         });
     }
@@ -144,13 +151,11 @@ private:
     void followShape()
     {
         const QSizeF size = picture().size();
-        if (scale_ <= 0)
-            scale_ = std::min({1.0, std::sqrt(usualPixels / (size.width() * size.height())),
-                               mostPixelsAcross / std::max(size.width(), size.height())});
+        const double scale = chosenScale_.value_or(usualScale(size));
         const QSignalBlocker noWidth(width_);
         const QSignalBlocker noHeight(height_);
-        width_->setValue(std::max(1, static_cast<int>(std::lround(size.width() * scale_))));
-        height_->setValue(std::max(1, static_cast<int>(std::lround(size.height() * scale_))));
+        width_->setValue(std::max(1, static_cast<int>(std::lround(size.width() * scale))));
+        height_->setValue(std::max(1, static_cast<int>(std::lround(size.height() * scale))));
     }
 
     PictureWish wish() const
@@ -208,7 +213,7 @@ private:
     QSpinBox* width_ = nullptr;
     QSpinBox* height_ = nullptr;
     QCheckBox* transparent_ = nullptr;
-    double scale_ = 0; // pixels for each point of the picture; 0 as long as there is none
+    std::optional<double> chosenScale_; // pixels for each point of the picture
 };
 
 } // namespace

@@ -23,6 +23,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cmath>
+#include <cstdlib>
 #include <memory>
 #include <set>
 
@@ -132,6 +134,34 @@ TEST_F(PaperDialogs, BothSidesOfAPngFollowItsShape)
     width.setValue(900'000);
     EXPECT_FALSE(button.isEnabled());
     EXPECT_THAT(summary(dialog).toStdString(), HasSubstr("too large"));
+}
+
+TEST_F(PaperDialogs, ASmallPartOfALargeFamilyIsOfferedInFullSize)
+{
+    family_.addThreeGenerations();
+    family_.addRow(20'000);
+    family_.show();
+    QDialog& dialog = exporting();
+    part<QComboBox>(dialog, "pictureKind").setCurrentIndex(2);
+    auto& width = part<QSpinBox>(dialog, "pictureWidth");
+    auto& height = part<QSpinBox>(dialog, "pictureHeight");
+    const QSize whole(width.value(), height.value());
+    part<QComboBox>(dialog, "paperPart").setCurrentIndex(1);
+    const PaperTexts texts{QStringLiteral("The Test Family"), {}};
+    const PaperPicture small(*family_.scene, subject().parts[1].part, texts);
+    const int full = static_cast<int>(std::lround(small.size().width()));
+    ASSERT_GT(full, 300);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return width.value() == full; }, 3'000)) << width.value();
+    part<QComboBox>(dialog, "paperPart").setCurrentIndex(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QSize(width.value(), height.value()) == whole; }, 3'000));
+    part<QComboBox>(dialog, "paperPart").setCurrentIndex(1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return width.value() == full; }, 3'000));
+    // A size that was chosen is a size for each point, whatever part is shown.
+    width.setValue(2 * full);
+    part<QComboBox>(dialog, "paperPart").setCurrentIndex(2);
+    const PaperPicture other(*family_.scene, subject().parts[2].part, texts);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return std::abs(width.value() - 2 * other.size().width()) <= 2; }, 3'000))
+        << width.value();
 }
 
 TEST_F(PaperDialogs, PartAndTextsComeIntoTheFile)
