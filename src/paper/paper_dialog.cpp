@@ -33,8 +33,9 @@ struct PaperDialogTexts
     Q_DECLARE_TR_FUNCTIONS(PaperDialog)
 };
 
-constexpr int moment = 150;         // milliseconds until a preview follows
-constexpr int progressSteps = 1000; // of the bar
+constexpr int moment = 150;              // milliseconds until a preview follows
+constexpr int progressSteps = 1000;      // of the bar
+constexpr qsizetype mostNameBytes = 255; // of a file, in any usual file system
 
 QString suffixOf(PictureKind kind)
 {
@@ -43,16 +44,30 @@ QString suffixOf(PictureKind kind)
                                       : QStringLiteral("png");
 }
 
-/// What no file system takes for a part of a name is left out.
-QString fileNameFor(const QString& title)
+/// As much of a name as fits a number of bytes, in whole characters.
+QString fittingBytes(const QString& name, qsizetype bytes)
+{
+    QByteArray utf8 = name.toUtf8();
+    if (utf8.size() <= bytes)
+        return name;
+    const auto isWithin = [](char byte) { return (byte & 0xC0) == 0x80; };
+    while (isWithin(utf8[bytes]))
+        --bytes;
+    utf8.truncate(bytes);
+    return QString::fromUtf8(utf8).trimmed();
+}
+
+/// What no file system takes for a part of a name is left out, and what goes beyond its length.
+QString fileNameFor(const QString& title, const QString& suffix)
 {
     QString name;
     for (const QChar letter : title) {
         if (letter >= u' ' && !QStringLiteral("/\\:*?\"<>|").contains(letter))
             name += letter;
     }
-    name = name.simplified();
-    return name.isEmpty() ? PaperDialogTexts::tr("Family") : name;
+    const QString ending = u'.' + suffix;
+    name = fittingBytes(name.simplified(), mostNameBytes - ending.size());
+    return (name.isEmpty() ? PaperDialogTexts::tr("Family") : name) + ending;
 }
 
 QWidget* beside(QCheckBox* box, QLineEdit* field)
@@ -207,7 +222,7 @@ void PaperDialog::askForFile(const PictureWish& wish)
     dialog->setNameFilter(PaperDialogTexts::tr("%1 files (%2)").arg(suffix.toUpper(), QStringLiteral("*.") + suffix));
     const QString kept = QSettings().value(settings_ + QStringLiteral("/folder")).toString();
     dialog->setDirectory(!kept.isEmpty() && QDir(kept).exists() ? kept : subject_.folder);
-    dialog->selectFile(fileNameFor(title_->text()) + u'.' + suffix);
+    dialog->selectFile(fileNameFor(title_->text(), suffix));
     connect(dialog, &QFileDialog::fileSelected, this, [this, wish](const QString& path) {
         QSettings().setValue(settings_ + QStringLiteral("/folder"), QFileInfo(path).absolutePath());
         run([this, wish, path] { return FileWork::begin(chosenPicture(), wish, path); });

@@ -164,6 +164,24 @@ TEST_F(PaperDialogs, ASmallPartOfALargeFamilyIsOfferedInFullSize)
         << width.value();
 }
 
+TEST_F(PaperDialogs, AFileNameIsProposedThatIsNotTooLongForAFile)
+{
+    family_.addThreeGenerations();
+    family_.show();
+    // Of two, three and four bytes each; the last that fits would be cut in the middle.
+    for (const QString& letter :
+         {QStringLiteral("a"), QStringLiteral("ä"), QStringLiteral("日"), QStringLiteral("\U0001F333")}) {
+        QDialog& dialog = exporting();
+        part<QLineEdit>(dialog, "paperTitle").setText(letter.repeated(475));
+        QTest::mouseClick(&part<QPushButton>(dialog, "exportButton"), Qt::LeftButton);
+        const auto* const files = dialog.findChild<QFileDialog*>();
+        ASSERT_TRUE(files);
+        const QString proposed = files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
+        EXPECT_EQ(proposed, letter.repeated(251 / letter.toUtf8().size()) + QStringLiteral(".pdf"));
+        delete &dialog;
+    }
+}
+
 TEST_F(PaperDialogs, PartAndTextsComeIntoTheFile)
 {
     family_.addThreeGenerations();
