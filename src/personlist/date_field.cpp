@@ -132,8 +132,11 @@ void DateField::ended(FieldEnd end)
 /// Between the fields of a date, one that is not complete yet is no mistake.
 void DateField::read(Leaving leaving)
 {
-    if (!isModified())
+    if (!isModified()) {
+        if (leaving == Leaving::Date)
+            std::ranges::for_each(lines_, &FieldLine::forgetTyping);
         return;
+    }
     const auto date = readDate(texts());
     if (date.failed()) {
         showMistake(date.failure().message);

@@ -36,6 +36,16 @@ void FieldLine::settle()
     setCursorPosition(cursor);
 }
 
+void FieldLine::forgetTyping()
+{
+    // Without a history there is no reason to take a selection away.
+    if (isModified() || (!isUndoAvailable() && !isRedoAvailable()))
+        return;
+    const int cursor = cursorPosition();
+    setText(text());
+    setCursorPosition(cursor);
+}
+
 void FieldLine::showText(const QString& shown)
 {
     if (shown == text() && !isModified())

@@ -25,6 +25,8 @@ public:
     QString line() const;
     /// What was typed counts as settled; the cursor stays.
     void settle();
+    /// Of what was typed and taken back, nothing can be redone any more.
+    void forgetTyping();
     /// Shows another text, which counts as settled. One that is longer than the field can hold is only shown: the first
     /// key would cut it.
     void showText(const QString& shown);

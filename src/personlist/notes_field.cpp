@@ -86,6 +86,7 @@ bool NotesField::isModified() const
 void NotesField::settle()
 {
     shown_ = notes();
+    // Later steps of the family may be undone and redone: the field's own history would get between them.
     document()->clearUndoRedoStacks();
     document()->setModified(false);
 }

@@ -27,7 +27,7 @@ public:
     /// The notes that were shown, with what was typed.
     QString notes() const;
     bool isModified() const;
-    /// What was typed counts as settled.
+    /// What was typed counts as settled, and what was taken back as forgotten.
     void settle();
     /// What was typed goes.
     void giveUp();

@@ -359,8 +359,10 @@ void PersonTableCellView::fieldEnded(FieldEnd end)
 
 void PersonTableCellView::commitName()
 {
-    if (!name_->isModified())
+    if (!name_->isModified()) {
+        name_->forgetTyping();
         return;
+    }
     const QString typed = name_->line();
     name_->settle();
     const Person* const person = edit_.person();
@@ -370,8 +372,6 @@ void PersonTableCellView::commitName()
 
 void PersonTableCellView::commitNotes()
 {
-    if (!notesTextField_->isModified())
-        return;
     notesTextField_->settle();
     const QString typed = notesTextField_->notes();
     const Person* const person = edit_.person();

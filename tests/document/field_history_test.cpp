@@ -109,6 +109,38 @@ TEST_F(FieldHistory, NotesAreOneExactStepWithTheirLines)
     EXPECT_EQ(child().additional(), QStringLiteral("one\ntwo"));
 }
 
+TEST_F(FieldHistory, WhatIsUndoneLastIsRedoneFirstWhereverTheKeyboardIs)
+{
+    const auto name = [this] { return static_cast<QWidget*>(edited.nameField()); };
+    const auto year = [this] { return static_cast<QWidget*>(edited.dateField(QStringLiteral("birth"), 2)); };
+    const auto notes = [this] { return static_cast<QWidget*>(edited.notes()); };
+    for (const std::function<QWidget*()>& field : {std::function(name), std::function(year), std::function(notes)}) {
+        const QByteArray before = edited.text();
+        goTo(*edited.nameField());
+        edited.type(QStringLiteral("Renamed"));
+        edited.press(Qt::Key_Return);
+        edited.settle();
+        const QByteArray renamed = edited.text();
+        ASSERT_NE(renamed, before);
+        field()->setFocus();
+        edited.type(QStringLiteral("7"));
+        edited.press(Qt::Key_Z, Qt::ControlModifier);
+        edited.press(Qt::Key_Z, Qt::ControlModifier);
+        edited.settle();
+        EXPECT_EQ(edited.text(), before);
+        ASSERT_TRUE(field()->hasFocus());
+        edited.press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        edited.settle();
+        EXPECT_EQ(edited.text(), renamed);
+        edited.press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        edited.document->commit();
+        edited.settle();
+        EXPECT_EQ(edited.text(), renamed);
+        edited.undo();
+        ASSERT_EQ(edited.text(), before);
+    }
+}
+
 TEST_F(FieldHistory, APictureIsOneExactStepAndSoIsItsRemoval)
 {
     expectExactStep(QStringLiteral("Set Picture"), [&] { choosePicture(picture); });
