@@ -128,19 +128,23 @@ void showLeftOut(Document& document, const QString& what)
     box->open();
 }
 
+/// The export that was the last is told of, and no earlier one.
+const QString exportedNotice = QStringLiteral("exported");
+
 /// Says above the family that its export is done, and offers what there is to know about it.
 void offerExported(Document& document, const QString& path, const QString& leftOut)
 {
     const QFileInfo file(path);
     if (!leftOut.isEmpty()) {
-        document.window().offer(
-            ExportingTexts::tr("“%1” was exported, but not everything is in it.").arg(file.fileName()),
+        document.window().offerOfKind(
+            exportedNotice, ExportingTexts::tr("“%1” was exported, but not everything is in it.").arg(file.fileName()),
             ExportingTexts::tr("Details…"), [&document, leftOut] { showLeftOut(document, leftOut); });
         return;
     }
-    document.window().offer(ExportingTexts::tr("“%1” was exported.").arg(file.fileName()),
-                            ExportingTexts::tr("Show Folder"),
-                            [folder = file.absolutePath()] { QDesktopServices::openUrl(QUrl::fromLocalFile(folder)); });
+    document.window().offerOfKind(exportedNotice, ExportingTexts::tr("“%1” was exported.").arg(file.fileName()),
+                                  ExportingTexts::tr("Show Folder"), [folder = file.absolutePath()] {
+                                      QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+                                  });
 }
 
 void exportTo(Document& document, const QString& path, GedcomFormat format)

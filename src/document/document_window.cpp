@@ -13,6 +13,7 @@
 #include <QDialog>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QFrame>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -32,6 +33,7 @@ namespace lineara {
 
 namespace {
 
+constexpr const char* noticeKind = "kind"; // a property
 constexpr int listWidth = 320;
 constexpr QSize firstSize(1200, 800);
 constexpr QSize leastSize(600, 400); // smaller ones were hardly left so by anybody
@@ -191,6 +193,18 @@ QWidget& DocumentWindow::offer(const QString& text, const QString& command, std:
     auto* const notice = new Notice(text, command, std::move(taken));
     showAbove(*notice);
     return *notice;
+}
+
+QWidget& DocumentWindow::offerOfKind(const QString& kind, const QString& text, const QString& command,
+                                     std::function<void()> taken)
+{
+    for (QFrame* const last : findChildren<QFrame*>(QStringLiteral("notice"))) {
+        if (last->property(noticeKind) == kind)
+            delete last;
+    }
+    QWidget& notice = offer(text, command, std::move(taken));
+    notice.setProperty(noticeKind, kind);
+    return notice;
 }
 
 void DocumentWindow::showAbove(QWidget& told)

@@ -6,6 +6,7 @@
 #include <QDropEvent>
 #include <QFrame>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QScrollBar>
@@ -136,6 +137,24 @@ TEST(DocumentWindow, OffersStandBesideOneAnother)
     for (const char16_t* const text : {u"one", u"two"})
         window.offer(QString::fromUtf16(text), QStringLiteral("Take"), [] {});
     EXPECT_EQ(window.findChildren<QFrame*>(QStringLiteral("notice")).size(), 2);
+}
+
+TEST(DocumentWindow, AnOfferTakesThePlaceOfTheLastOfItsKind)
+{
+    const EditedDocument edited(ListOf::Document);
+    DocumentWindow& window = edited.document->window();
+    const auto told = [&window] {
+        QStringList texts;
+        for (const QFrame* const notice : window.findChildren<QFrame*>(QStringLiteral("notice")))
+            texts << notice->findChild<QLabel*>()->text();
+        texts.sort();
+        return texts;
+    };
+    window.offer(QStringLiteral("other"), QStringLiteral("Take"), [] {});
+    window.offerOfKind(QStringLiteral("export"), QStringLiteral("first"), QStringLiteral("Take"), [] {});
+    window.offerOfKind(QStringLiteral("import"), QStringLiteral("imported"), QStringLiteral("Take"), [] {});
+    window.offerOfKind(QStringLiteral("export"), QStringLiteral("second"), QStringLiteral("Take"), [] {});
+    EXPECT_EQ(told(), QStringList({QStringLiteral("imported"), QStringLiteral("other"), QStringLiteral("second")}));
 }
 
 TEST(DocumentWindow, AFamilyThatFitsHasNoScrollBarBelowIt)

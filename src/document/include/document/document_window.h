@@ -60,6 +60,8 @@ public:
     /// Offers something above the family, until it is taken or waved away, or what stands there is deleted. What was
     /// offered before stays.
     QWidget& offer(const QString& text, const QString& command, std::function<void()> taken);
+    /// Likewise, in the place of the last offer of that kind, if that still stands there.
+    QWidget& offerOfKind(const QString& kind, const QString& text, const QString& command, std::function<void()> taken);
 
     /// Puts something above the family, until it is deleted.
     void showAbove(QWidget& told);
