@@ -46,6 +46,15 @@ void CheckedPersons::show(CheckedLines lines)
     endResetModel();
 }
 
+std::optional<int> CheckedPersons::rowOf(const CheckedMatter& matter) const
+{
+    for (std::size_t row = 0; row < lines_.count; ++row) {
+        if (lines_.matterAt(row) == matter)
+            return static_cast<int>(row);
+    }
+    return std::nullopt;
+}
+
 int CheckedPersons::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(lines_.count);
@@ -125,15 +134,31 @@ void ChecksPanel::tell(CheckedLines lines)
     setMaximumHeight(isEmpty ? sizeHint().height() : QWIDGETSIZE_MAX);
     const int row = list_->currentIndex().row();
     const int topRow = list_->indexAt({0, 0}).row();
+    const auto matter = chosen();
     found_.show(std::move(lines));
     const int last = found_.rowCount() - 1;
     if (last < 0)
         return;
-    if (row >= 0)
-        list_->selectionModel()->setCurrentIndex(found_.index(std::min(row, last), 0),
-                                                 QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    goTo(matter, std::min(row, last));
     if (topRow >= 0)
         list_->scrollTo(found_.index(std::min(topRow, last), 0), QAbstractItemView::PositionAtTop);
+}
+
+std::optional<CheckedMatter> ChecksPanel::chosen() const
+{
+    const QModelIndexList rows = list_->selectionModel()->selectedRows();
+    return rows.isEmpty() ? std::nullopt : std::optional(found_.matterAt(rows.front()));
+}
+
+/// Where the matter is gone the arrow keys go on from the row, which looks like all others.
+void ChecksPanel::goTo(const std::optional<CheckedMatter>& matter, int row)
+{
+    const std::optional<int> place = matter ? found_.rowOf(*matter) : std::nullopt;
+    if (place)
+        list_->selectionModel()->setCurrentIndex(found_.index(*place, 0),
+                                                 QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    else if (row >= 0)
+        list_->selectionModel()->setCurrentIndex(found_.index(row, 0), QItemSelectionModel::NoUpdate);
 }
 
 } // namespace lineara

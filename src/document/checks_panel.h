@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kinship/checks.h"
 #include "model/record.h"
 
 #include <QAbstractTableModel>
@@ -7,6 +8,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 
 class QLabel;
 class QTableView;
@@ -21,11 +23,21 @@ struct CheckedPerson
     QString words;
 };
 
+/// What a line is about, by which it is known again among others.
+struct CheckedMatter
+{
+    RecordId person;
+    kinship::Finding finding{};
+    std::optional<RecordId> other;
+    friend bool operator==(const CheckedMatter&, const CheckedMatter&) = default;
+};
+
 /// All lines of the checks. Each is put into words when it is seen, for there may be more than a hundred thousand.
 struct CheckedLines
 {
     std::size_t count = 0;
     std::function<CheckedPerson(std::size_t)> at;
+    std::function<CheckedMatter(std::size_t)> matterAt;
 };
 
 class CheckedPersons : public QAbstractTableModel
@@ -40,6 +52,12 @@ public:
 
     void show(CheckedLines lines);
     RecordId personAt(const QModelIndex& index) const { return lineAt(index).person; }
+    CheckedMatter matterAt(const QModelIndex& index) const
+    {
+        return lines_.matterAt(static_cast<std::size_t>(index.row()));
+    }
+    /// No value where it is not among the lines.
+    std::optional<int> rowOf(const CheckedMatter& matter) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -61,10 +79,14 @@ public:
 
     /// Until there is something to tell.
     void tellToWait();
-    /// Keeps the place in the list as far as it can.
+    /// Keeps the place in the list as far as it can. What was chosen stays chosen wherever it stands now; where it is
+    /// gone, nothing is.
     void tell(CheckedLines lines);
 
 private:
+    std::optional<CheckedMatter> chosen() const;
+    void goTo(const std::optional<CheckedMatter>& matter, int row);
+
     CheckedPersons found_;
     QLabel* summary_;
     QTableView* list_;

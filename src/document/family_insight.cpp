@@ -35,17 +35,23 @@ QString nameOf(const ObjectContext& family, RecordId id)
     return name.isEmpty() ? QCoreApplication::translate("PersonChooser", "Without a name") : name;
 }
 
-CheckedLines linesOf(std::vector<kinship::FoundPerson> found, std::shared_ptr<const KinshipRecords> records,
+CheckedLines linesOf(std::vector<kinship::FoundPerson> found, const std::shared_ptr<const KinshipRecords>& records,
                      const ObjectContext& family)
 {
     const std::size_t count = found.size();
-    const auto line = [found = std::move(found), records = std::move(records), &family](std::size_t at) {
-        const kinship::FoundPerson& one = found[at];
+    const auto all = std::make_shared<const std::vector<kinship::FoundPerson>>(std::move(found));
+    const auto line = [all, records, &family](std::size_t at) {
+        const kinship::FoundPerson& one = (*all)[at];
         const RecordId person = records->idOf(one.person);
         const QString other = one.other ? nameOf(family, records->idOf(*one.other)) : QString();
         return CheckedPerson{person, nameOf(family, person), findingWords(one, records->checked(), other)};
     };
-    return {count, line};
+    const auto matter = [all, records](std::size_t at) {
+        const kinship::FoundPerson& one = (*all)[at];
+        const auto other = one.other ? std::optional(records->idOf(*one.other)) : std::nullopt;
+        return CheckedMatter{records->idOf(one.person), one.finding, other};
+    };
+    return {count, line, matter};
 }
 
 } // namespace

@@ -383,9 +383,13 @@ TEST(ChecksPanelOfMany, PutsIntoWordsOnlyWhatIsSeen)
     ChecksPanel panel([](RecordId) {});
     int told = 0;
     panel.resize(800, 400);
-    panel.tell({100'000, [&told](std::size_t at) {
+    panel.tell({100'000,
+                [&told](std::size_t at) {
                     ++told;
                     return CheckedPerson{{at}, QString::number(at), QStringLiteral("Born too late")};
+                },
+                [](std::size_t at) {
+                    return CheckedMatter{{at}, kinship::Finding::TooOld, std::nullopt};
                 }});
     panel.show();
     EditedDocument::deliver();
@@ -396,6 +400,37 @@ TEST(ChecksPanelOfMany, PutsIntoWordsOnlyWhatIsSeen)
     EXPECT_GT(told, 0);
     EXPECT_LT(told, 2'000);
     EXPECT_EQ(list.model()->index(99'999, 0).data().toString(), u"99999");
+}
+
+TEST_F(Insight, TheChosenFindingStaysChosenWhereverItComesToStand)
+{
+    mother.setBirthYear(1900);
+    son.setBirthYear(1890);
+    daughter.setBirthYear(1891);
+    grandchild.setBirthYear(1950);
+    grandchild.setDeathYear(1940);
+    showChecks();
+    ASSERT_TRUE(isFound(3));
+    auto& list = part<QTableView>("checksList");
+    const auto chosen = [&list] {
+        const QModelIndexList rows = list.selectionModel()->selectedRows();
+        return rows.isEmpty() ? QString() : rows.front().data().toString();
+    };
+    list.selectRow(1);
+    ASSERT_EQ(chosen(), u"Daughter");
+    edited.click(son);
+    edited.remove();
+    edited.settle();
+    ASSERT_TRUE(isFound(2));
+    EXPECT_EQ(chosen(), u"Daughter");
+    edited.click(daughter);
+    edited.remove();
+    edited.settle();
+    ASSERT_TRUE(isFound(1));
+    EXPECT_EQ(chosen(), QString());
+    edited.undo();
+    ASSERT_TRUE(isFound(2));
+    EXPECT_EQ(chosen(), QString());
 }
 
 TEST_F(Insight, APersonWhoHasGoneIsNoMatterToTheList)
