@@ -656,10 +656,6 @@
         <translation>Geboren %1, als der Elternteil %2 (geboren %3) über 80 war</translation>
     </message>
     <message>
-        <source>Born %1, more than a year after the death of the parent %2 (died %3)</source>
-        <translation>Geboren %1, über ein Jahr nach dem Tod des Elternteils %2 (gestorben %3)</translation>
-    </message>
-    <message>
         <source>Born %1, less than nine months after the sibling %2 (born %3)</source>
         <translation>Geboren %1, weniger als neun Monate nach dem Geschwister %2 (geboren %3)</translation>
     </message>
@@ -692,16 +688,20 @@
         <translation>Geboren %1, nach dem Tod der Mutter %2 (gestorben %3)</translation>
     </message>
     <message>
-        <source>Born %1, more than a year after the death of the father %2 (died %3)</source>
-        <translation>Geboren %1, über ein Jahr nach dem Tod des Vaters %2 (gestorben %3)</translation>
-    </message>
-    <message>
         <source>Born %1, less than nine months after the sister %2 (born %3)</source>
         <translation>Geboren %1, weniger als neun Monate nach der Schwester %2 (geboren %3)</translation>
     </message>
     <message>
         <source>Born %1, less than nine months after the brother %2 (born %3)</source>
         <translation>Geboren %1, weniger als neun Monate nach dem Bruder %2 (geboren %3)</translation>
+    </message>
+    <message>
+        <source>Born %1, more than ten months after the death of the parent %2 (died %3)</source>
+        <translation>Geboren %1, über zehn Monate nach dem Tod des Elternteils %2 (gestorben %3)</translation>
+    </message>
+    <message>
+        <source>Born %1, more than ten months after the death of the father %2 (died %3)</source>
+        <translation>Geboren %1, über zehn Monate nach dem Tod des Vaters %2 (gestorben %3)</translation>
     </message>
 </context>
 <context>

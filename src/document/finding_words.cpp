@@ -50,9 +50,9 @@ QString patternOf(Finding finding, Sex sexOfOther)
                        FindingWords::tr("Born %1, when the father %2 (born %3) was over 80"));
     case Finding::BornAfterParentsDeath:
         return fitting(sexOfOther,
-                       FindingWords::tr("Born %1, more than a year after the death of the parent %2 (died %3)"),
+                       FindingWords::tr("Born %1, more than ten months after the death of the parent %2 (died %3)"),
                        FindingWords::tr("Born %1, after the death of the mother %2 (died %3)"),
-                       FindingWords::tr("Born %1, more than a year after the death of the father %2 (died %3)"));
+                       FindingWords::tr("Born %1, more than ten months after the death of the father %2 (died %3)"));
     default:
         return fitting(sexOfOther, FindingWords::tr("Born %1, less than nine months after the sibling %2 (born %3)"),
                        FindingWords::tr("Born %1, less than nine months after the sister %2 (born %3)"),

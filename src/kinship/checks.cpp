@@ -92,7 +92,7 @@ private:
 
     DayNumber lastBirthAfter(const DateRange& death, PersonIndex parent) const
     {
-        return sexOf(family_.sexes, parent) == Sex::Female ? death.latest() : death.latestAfter(monthsOfYear);
+        return sexOf(family_.sexes, parent) == Sex::Female ? death.latest() : death.latestAfter(mostMonthsCarried);
     }
 
     const CheckedFamily& family_;

@@ -49,7 +49,7 @@ TEST_F(FindingWordsTest, EveryFindingTellsTheDatesThatContradictEachOther)
     EXPECT_EQ(words(Finding::ParentTooYoung), "Born 17 May 1901, when the parent Ada (born 1890) was under 12");
     EXPECT_EQ(words(Finding::ParentTooOld), "Born 17 May 1901, when the parent Ada (born 1890) was over 80");
     EXPECT_EQ(words(Finding::BornAfterParentsDeath),
-              "Born 17 May 1901, more than a year after the death of the parent Ada (died 44 BC)");
+              "Born 17 May 1901, more than ten months after the death of the parent Ada (died 44 BC)");
     EXPECT_EQ(words(Finding::BornTooSoonAfterSibling),
               "Born 17 May 1901, less than nine months after the sibling Ada (born 1890)");
 }
@@ -66,7 +66,7 @@ TEST_F(FindingWordsTest, TheOtherIsCalledByWhatItIs)
         << "of a mother at once";
     sexes[1] = kinship::Sex::Male;
     EXPECT_EQ(words(Finding::BornAfterParentsDeath),
-              "Born 17 May 1901, more than a year after the death of the father Ada (died 44 BC)");
+              "Born 17 May 1901, more than ten months after the death of the father Ada (died 44 BC)");
     EXPECT_EQ(words(Finding::BornBeforeParent), "Born 17 May 1901, before the father Ada (born 1890)");
 }
 

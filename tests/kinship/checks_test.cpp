@@ -107,13 +107,27 @@ TEST_F(ChecksTest, ParentsAreNotOlderThanEighty)
                 ElementsAre(FoundPerson{2, Finding::ParentTooOld, 0}));
 }
 
-TEST_F(ChecksTest, AFatherMayHaveDiedAYearBefore)
+TEST_F(ChecksTest, AFatherMayHaveDiedTenMonthsBefore)
 {
     died(0, {1900, 3, 3});
-    born(1, {1901, 3, 3});
-    born(2, {1901, 3, 4});
+    born(1, {1901, 1, 3});
+    born(2, {1901, 1, 4});
     EXPECT_THAT(found(FamilyMaker(3).offspring({{0, 1}, {0, 2}})),
                 ElementsAre(FoundPerson{2, Finding::BornAfterParentsDeath, 0}));
+}
+
+TEST_F(ChecksTest, OfABirthAfterADeathOnlyWhatIsCertainIsTold)
+{
+    died(0, {1900});
+    born(1, {1901});
+    born(2, {1901, 10});
+    born(3, {1901, 11});
+    born(4, {1902});
+    FamilyMaker family(5);
+    for (PersonIndex child = 1; child < 5; ++child)
+        family.offspring({{0, child}});
+    EXPECT_THAT(found(family), ElementsAre(FoundPerson{3, Finding::BornAfterParentsDeath, 0},
+                                           FoundPerson{4, Finding::BornAfterParentsDeath, 0}));
 }
 
 TEST_F(ChecksTest, AMotherIsAliveAtTheBirth)

@@ -95,7 +95,7 @@ private:
             found_.insert({person, Finding::ParentTooYoung, parent});
         if (isCertain(born, elder, [](sys_days child, sys_days birth) { return child > later(birth, months(960)); }))
             found_.insert({person, Finding::ParentTooOld, parent});
-        const months grace(isFemale(parent) ? 0 : 12);
+        const months grace(isFemale(parent) ? 0 : 10);
         if (isCertain(born, deaths_[parent],
                       [grace](sys_days child, sys_days death) { return child > later(death, grace); }))
             found_.insert({person, Finding::BornAfterParentsDeath, parent});

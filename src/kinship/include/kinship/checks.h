@@ -35,7 +35,7 @@ enum class Finding : std::uint8_t
     BornBeforeParent,       ///< `other` is the parent, here and below
     ParentTooYoung,         ///< under 12 at the person's birth
     ParentTooOld,           ///< over 80 at the person's birth
-    BornAfterParentsDeath,  ///< of a mother; of a father, or somebody whose sex is unknown, more than a year after
+    BornAfterParentsDeath,  ///< of a mother; of anybody else more than ten months after
     BornTooSoonAfterSibling ///< less than nine months after `other`, with whom it shares the mother, and no twin
 };
 
@@ -51,6 +51,7 @@ inline constexpr std::int64_t leastParentAge = 12; // years
 inline constexpr std::int64_t greatestParentAge = 80;
 inline constexpr std::int64_t greatestAge = 120;
 inline constexpr std::int64_t monthsBetweenSiblings = 9;
+inline constexpr std::int64_t mostMonthsCarried = 10; // longer than the longest that is known
 inline constexpr DayNumber daysBetweenTwins = 2;
 
 /// All that can't be true of a family's dates, by person. Of partial dates only what holds for every day that they may
