@@ -68,6 +68,8 @@ void FamilyQueue::enqueue(FamilyWork work)
 void FamilyQueue::hurry()
 {
     wait_.setHurried(true);
+    for (const PendingTidying& tidying : tidyings_)
+        tidying.work.giveUp();
     WorkBlock block;
     block.onMain([this] { wait_.setHurried(false); });
     queue_.enqueue(std::move(block));

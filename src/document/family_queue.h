@@ -7,11 +7,14 @@
 #include "platform/observer_list.h"
 #include "platform/serial_queue.h"
 #include "replayed_changes.h"
+#include "watched_work.h"
 #include "work_bar.h"
 #include "work_run.h"
 
+#include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace lineara {
@@ -39,7 +42,7 @@ public:
     void tidy();
     void tidy(std::function<std::vector<RecordId>()> some);
     /// Nobody waits in front of the window any more: what is queued by now ends soon, if need be with some partners in
-    /// different rows.
+    /// different rows. Tidying, which nobody will see, is given up, with an undo that was meant for it.
     void hurry();
 
     /// Remembers where a person without a row hangs at whom the step is about to change that.
@@ -72,6 +75,7 @@ private:
 
     void addPlacing(WorkBlock& block);
     void enqueueTidying(std::function<Tidying()> tidying);
+    std::optional<WatchedWork> undoneTidying();
     void moveTo(const std::vector<Tidying::Place>& places);
     bool isLatestOfUser(StepId step);
 
@@ -90,6 +94,14 @@ private:
         StepId before;
     };
     std::optional<Tidied> tidied_;
+    /// Tidying that is queued or at work, and whether its undo is queued behind it.
+    struct PendingTidying
+    {
+        WatchedWork work;
+        StepId after; ///< the latest step when it was wished for
+        bool isUndone = false;
+    };
+    std::deque<PendingTidying> tidyings_;
     EngineWait wait_;
     WorkBar workBar_;
     SerialQueue queue_;

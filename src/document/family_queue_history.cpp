@@ -23,9 +23,13 @@ void FamilyQueue::redo()
 void FamilyQueue::enqueueReplay(Direction direction)
 {
     document_.commit();
+    const auto undone = direction == Direction::Undo ? undoneTidying() : std::nullopt;
     WorkBlock block;
-    block.onMainWaiting([this, direction, meant = journal().latestStep()] {
+    block.onMainWaiting([this, direction, undone, meant = journal().latestStep()] {
         document_.commit();
+        // What was given up has left nothing to take back, and the step before it was not meant.
+        if (undone && undone->isGivenUp())
+            return;
         // A change that the user made after the command is nothing that the command was meant for.
         if (isLatestOfUser(meant))
             replay(direction);

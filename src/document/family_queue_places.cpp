@@ -70,20 +70,36 @@ void FamilyQueue::tidy(std::function<std::vector<RecordId>()> some)
 void FamilyQueue::enqueueTidying(std::function<Tidying()> tidying)
 {
     const auto run = std::make_shared<PlacingRun>();
+    tidyings_.push_back({run->work, journal().latestStep()});
     WorkBlock block;
     block
         .onMainWaiting([this, run, tidying = std::move(tidying)] {
+            if (run->work.isGivenUp())
+                return;
             document_.commit();
             workBar_.begin(PlacingTexts::tr("Tidying up\u2026"), run->work);
             run->tidying = tidying();
         })
         .compute([run](const std::stop_token& closing) { run->compute(closing); })
         .onMainWaiting([this, run] {
+            tidyings_.pop_front();
             workBar_.end();
             if (!run->work.isGivenUp())
                 moveTo(run->tidying->places());
         });
     queue_.enqueue(std::move(block));
+}
+
+/// The tidying that an undo is meant for which is wished for now.
+std::optional<WatchedWork> FamilyQueue::undoneTidying()
+{
+    if (tidyings_.empty())
+        return std::nullopt;
+    PendingTidying& latest = tidyings_.back();
+    if (latest.isUndone || latest.after != journal().latestStep())
+        return std::nullopt;
+    latest.isUndone = true;
+    return latest.work;
 }
 
 /// The step begins only here: what its user did while places were being found is a step of its own, before this one.

@@ -165,6 +165,44 @@ TEST(TidyingUp, IsTakenBackByAnUndoThatWasWishedForMeanwhile)
     EXPECT_EQ(edited.journal().redoName(), QStringLiteral("Tidy Up"));
 }
 
+TEST(TidyingUp, IsGivenUpWhereNobodyWaitsForItAnyMore)
+{
+    Untidy family;
+    EditedDocument& edited = family.edited;
+    const QByteArray before = edited.text();
+    const std::size_t depth = edited.journal().depth();
+    edited.hold();
+    edited.document->tidyUp();
+    edited.document->hurry();
+    edited.release();
+    EXPECT_EQ(edited.text(), before);
+    EXPECT_EQ(edited.journal().depth(), depth);
+    edited.document->tidyUp();
+    edited.settle();
+    EXPECT_EQ(edited.journal().undoName(), QStringLiteral("Tidy Up"));
+}
+
+TEST(TidyingUp, TakesAnUndoAlongThatWasMeantForItWhereItIsGivenUp)
+{
+    Untidy family;
+    EditedDocument& edited = family.edited;
+    const QByteArray before = edited.text();
+    edited.hold();
+    edited.document->tidyUp();
+    edited.document->undo();
+    edited.document->hurry();
+    edited.release();
+    EXPECT_EQ(edited.text(), before);
+    edited.hold();
+    edited.document->tidyUp();
+    edited.document->undo();
+    edited.document->undo();
+    edited.document->hurry();
+    edited.release();
+    EXPECT_EQ(edited.journal().redoName(), QStringLiteral("Move Person"));
+    EXPECT_NE(edited.text(), before);
+}
+
 TEST(TidyingUp, OfSomeLeavesAllOthersWhereTheirUserPutsThemMeanwhile)
 {
     const Untidy family;
