@@ -85,6 +85,13 @@ TEST_F(ToolConvert, TheSameInputGivesTheSameBytes)
     }
 }
 
+TEST_F(ToolConvert, APdfOfALargeFamilyCanBeSentByMail)
+{
+    ASSERT_EQ(convert(testFamily(QStringLiteral("royal92.ged")), at("a.pdf")).exitCode, 0);
+    EXPECT_GT(bytesOf(at("a.pdf")).size(), 100'000);
+    EXPECT_LT(bytesOf(at("a.pdf")).size(), 600'000);
+}
+
 TEST_F(ToolConvert, APngShowsTheWholeFamilyInColour)
 {
     ASSERT_EQ(convert(shakespeare(), at("a.png")).exitCode, 0);
