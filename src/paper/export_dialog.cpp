@@ -72,14 +72,14 @@ protected:
         const auto value = [&settings](const char* name) {
             return settings.value(exportGroup + u'/' + QString::fromLatin1(name));
         };
-        kind_->setCurrentIndex(std::clamp(value("kind").toInt(), 0, kind_->count() - 1));
+        kind_->setCurrentIndex(std::max(0, kind_->findData(value("kind").toInt())));
         page_->setCurrentIndex(std::max(0, page_->findData(value("page").toString())));
         transparent_->setChecked(value("transparent").toBool());
     }
 
     void keep(QSettings& settings) const override
     {
-        settings.setValue(exportGroup + QStringLiteral("/kind"), kind_->currentIndex());
+        settings.setValue(exportGroup + QStringLiteral("/kind"), kind_->currentData());
         settings.setValue(exportGroup + QStringLiteral("/page"), page_->currentData());
         settings.setValue(exportGroup + QStringLiteral("/transparent"), transparent_->isChecked());
     }
@@ -101,9 +101,12 @@ private:
     {
         kind_ = new QComboBox;
         kind_->setObjectName(QStringLiteral("pictureKind"));
-        kind_->addItem(ExportDialogTexts::tr("PDF \u2013 for printing and sending"));
-        kind_->addItem(ExportDialogTexts::tr("SVG \u2013 for web pages and drawing programs"));
-        kind_->addItem(ExportDialogTexts::tr("PNG \u2013 a picture of pixels"));
+        const auto add = [this](const QString& text, PictureKind kind) {
+            kind_->addItem(text, static_cast<int>(kind));
+        };
+        add(ExportDialogTexts::tr("PDF \u2013 for printing and sending"), PictureKind::Pdf);
+        add(ExportDialogTexts::tr("SVG \u2013 for web pages and drawing programs"), PictureKind::Svg);
+        add(ExportDialogTexts::tr("PNG \u2013 a picture of pixels"), PictureKind::Png);
         form().addRow(ExportDialogTexts::tr("&Kind:"), kind_);
         connect(kind_, &QComboBox::currentIndexChanged, this, [this] { choicesChanged(); });
     }
@@ -161,7 +164,7 @@ private:
     PictureWish wish() const
     {
         PictureWish wish;
-        wish.kind = static_cast<PictureKind>(kind_->currentIndex());
+        wish.kind = static_cast<PictureKind>(kind_->currentData().toInt());
         wish.ground = transparent_->isChecked() ? PictureGround::Transparent : PictureGround::White;
         wish.pixels = {width_->value(), height_->value()};
         const QString format = page_->currentData().toString();

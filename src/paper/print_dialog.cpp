@@ -19,6 +19,7 @@
 #include <QSpinBox>
 
 #include <algorithm>
+#include <cstdint>
 #include <initializer_list>
 #include <memory>
 #include <utility>
@@ -44,6 +45,14 @@ QDoubleSpinBox* millimetreBox(const char* name, double most)
     box->setSuffix(PrintDialogTexts::tr(" mm"));
     return box;
 }
+
+/// How the sheets lie. The numbers are kept in the user's settings.
+enum class Lie : std::uint8_t
+{
+    AsPicture,
+    Portrait,
+    Landscape
+};
 
 class PrintDialog : public PaperDialog
 {
@@ -74,8 +83,8 @@ protected:
             return settings.value(printGroup + u'/' + QString::fromLatin1(name), usual);
         };
         format_->setCurrentIndex(std::max(0, format_->findData(value("paper", usualPaper()))));
-        lie_->setCurrentIndex(std::clamp(value("orientation", 0).toInt(), 0, lie_->count() - 1));
-        sizing_->setCurrentIndex(std::clamp(value("sizing", 0).toInt(), 0, sizing_->count() - 1));
+        lie_->setCurrentIndex(std::max(0, lie_->findData(value("orientation", 0).toInt())));
+        sizing_->setCurrentIndex(std::max(0, sizing_->findData(value("sizing", 0).toInt())));
         margin_->setValue(value("margin", 10).toDouble());
         overlap_->setValue(value("overlap", 10).toDouble());
         pages_->setValue(value("pages", 3).toInt());
@@ -90,8 +99,8 @@ protected:
             settings.setValue(printGroup + u'/' + QString::fromLatin1(name), value);
         };
         put("paper", format_->currentData());
-        put("orientation", lie_->currentIndex());
-        put("sizing", sizing_->currentIndex());
+        put("orientation", lie_->currentData());
+        put("sizing", sizing_->currentData());
         put("margin", margin_->value());
         put("overlap", overlap_->value());
         put("pages", pages_->value());
@@ -128,9 +137,10 @@ private:
         addPaperFormats(*format_);
         lie_ = new QComboBox;
         lie_->setObjectName(QStringLiteral("paperOrientation"));
-        lie_->addItem(PrintDialogTexts::tr("As the picture lies"));
-        lie_->addItem(PrintDialogTexts::tr("Portrait"));
-        lie_->addItem(PrintDialogTexts::tr("Landscape"));
+        const auto add = [this](const QString& text, Lie lie) { lie_->addItem(text, static_cast<int>(lie)); };
+        add(PrintDialogTexts::tr("As the picture lies"), Lie::AsPicture);
+        add(PrintDialogTexts::tr("Portrait"), Lie::Portrait);
+        add(PrintDialogTexts::tr("Landscape"), Lie::Landscape);
         margin_ = millimetreBox("paperMargin", 100);
         form().addRow(PrintDialogTexts::tr("P&aper:"), format_);
         form().addRow(PrintDialogTexts::tr("&Orientation:"), lie_);
@@ -141,10 +151,13 @@ private:
     {
         sizing_ = new QComboBox;
         sizing_->setObjectName(QStringLiteral("posterSizing"));
-        sizing_->addItem(PrintDialogTexts::tr("On one page"));
-        sizing_->addItem(PrintDialogTexts::tr("Poster of a chosen size"));
-        sizing_->addItem(PrintDialogTexts::tr("Poster some pages wide"));
-        sizing_->addItem(PrintDialogTexts::tr("Poster some pages high"));
+        const auto add = [this](const QString& text, PosterWish::Sizing sizing) {
+            sizing_->addItem(text, static_cast<int>(sizing));
+        };
+        add(PrintDialogTexts::tr("On one page"), PosterWish::Sizing::OnePage);
+        add(PrintDialogTexts::tr("Poster of a chosen size"), PosterWish::Sizing::Scale);
+        add(PrintDialogTexts::tr("Poster some pages wide"), PosterWish::Sizing::PagesAcross);
+        add(PrintDialogTexts::tr("Poster some pages high"), PosterWish::Sizing::PagesDown);
         pages_ = new QSpinBox;
         pages_->setObjectName(QStringLiteral("posterPages"));
         pages_->setRange(1, 100);
@@ -191,11 +204,12 @@ private:
         PosterSheets sheets;
         sheets.sheet.size = paperSize(format_->currentData().toString());
         const bool isWide = picture().size().width() > picture().size().height();
-        if (lie_->currentIndex() == 2 || (lie_->currentIndex() == 0 && isWide))
+        const Lie lie = static_cast<Lie>(lie_->currentData().toInt());
+        if (lie == Lie::Landscape || (lie == Lie::AsPicture && isWide))
             sheets.sheet.size.transpose();
         const double margin = margin_->value() * pointsPerMillimetre;
         sheets.sheet.margins = {margin, margin, margin, margin};
-        sheets.wish.sizing = static_cast<PosterWish::Sizing>(sizing_->currentIndex());
+        sheets.wish.sizing = static_cast<PosterWish::Sizing>(sizing_->currentData().toInt());
         sheets.wish.pages = pages_->value();
         sheets.wish.scale = percent_->value() / 100;
         sheets.wish.overlap = overlap_->value() * pointsPerMillimetre;

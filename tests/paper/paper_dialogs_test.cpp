@@ -230,6 +230,23 @@ TEST_F(PaperDialogs, TheLastChoicesAreRemembered)
     EXPECT_EQ(part<QComboBox>(again, "paperFormat").currentIndex(), 1);
 }
 
+TEST_F(PaperDialogs, ChoicesSayWhatTheyMeanWhereverTheyStand)
+{
+    family_.addThreeGenerations();
+    family_.show();
+    QDialog& dialog = exporting();
+    auto& kind = part<QComboBox>(dialog, "pictureKind");
+    kind.setCurrentIndex(kind.findData(static_cast<int>(PictureKind::Svg)));
+    EXPECT_THAT(kind.currentText().toStdString(), HasSubstr("SVG"));
+    EXPECT_THAT(summary(dialog).toStdString(), HasSubstr("Sharp at any size"));
+    QDialog& print = printing();
+    auto& sizing = part<QComboBox>(print, "posterSizing");
+    sizing.setCurrentIndex(sizing.findData(static_cast<int>(PosterWish::Sizing::PagesAcross)));
+    part<QSpinBox>(print, "posterPages").setValue(4);
+    EXPECT_THAT(sizing.currentText().toStdString(), HasSubstr("wide"));
+    EXPECT_THAT(summary(print).toStdString(), HasSubstr(" 4 \u00d7 "));
+}
+
 TEST_F(PaperDialogs, ThePosterIsCountedWhileItIsChosen)
 {
     family_.addRow(60);
