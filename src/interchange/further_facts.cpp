@@ -36,12 +36,22 @@ public:
     }
 
 private:
+    /// Whether parents of the person may be no parents in the family, which takes two.
+    bool hasSeveralFamiliesAsAChild() const
+    {
+        int families = 0;
+        for (const NodeIndex index : tree_.children(0))
+            families += tree_[index].line.tag == "FAMC" ? 1 : 0;
+        return families > 1;
+    }
+
     /// What other records say, too, or what is only to be found in them.
     bool isInTheFamily(NodeIndex index) const
     {
         const GedcomLine& line = tree_[index].line;
+        const bool isAsAChild = line.tag == "FAMC" && !hasSeveralFamiliesAsAChild();
         const bool isFamily =
-            line.tag == "FAMS" || line.tag == "FAMC" || line.tag == "HUSB" || line.tag == "WIFE" || line.tag == "CHIL";
+            isAsAChild || line.tag == "FAMS" || line.tag == "HUSB" || line.tag == "WIFE" || line.tag == "CHIL";
         const bool isNote = records_[0].tag == "INDI" && (line.tag == "NOTE" || line.tag == "SNOTE");
         return line.isPointer && line.level == 1 && (isFamily || isNote);
     }

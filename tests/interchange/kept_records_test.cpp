@@ -148,6 +148,12 @@ TEST(FurtherFacts, AreWhatNoFieldHolds)
                     "Family as a child: Relation to the parents=adopted", "Source=@S1@", "_MILT=yes"));
 }
 
+TEST(FurtherFacts, TellOfParentsBeyondTwo)
+{
+    EXPECT_THAT(facts("0 @I1@ INDI\n1 FAMC @F1@\n1 FAMC @F2@\n2 PEDI adopted\n"),
+                ElementsAre("Family as a child=@F1@", "Family as a child=@F2@", "-Relation to the parents=adopted"));
+}
+
 TEST(FurtherFacts, OfOtherAndBrokenRecordsAreListedToo)
 {
     EXPECT_THAT(facts("0 @F1@ FAM\n1 HUSB @I1@\n1 MARR\n2 DATE 1582\n"), ElementsAre("Marriage=", "-Date=1582"));

@@ -17,7 +17,8 @@ struct FurtherFact
 };
 
 /// What a kept record holds beyond the fields that were made of it, in the order of its lines. A date of which a field
-/// holds only a part is there, too. The links to families, and notes, are in the family.
+/// holds only a part is there, too. Notes are in the family, and so are the links to families, unless there are several
+/// as a child: parents beyond two were refused then.
 std::vector<FurtherFact> furtherFacts(const QByteArray& recordText);
 
 } // namespace lineara
