@@ -86,10 +86,7 @@ bool SelectedPart::tidyUp(const TidyProgress& progress)
 /// Takes the tidied places or their mirror image, whichever is better beside the companions.
 void SelectedPart::wishFor(Family& family, std::span<const std::int32_t> tidied)
 {
-    std::vector<double> places;
-    for (const std::int32_t left : present_)
-        places.push_back(static_cast<double>(left) / task_.pitch);
-    Standing best = standingOf(family, places);
+    Standing best = standingOf(family, inPlaces(present_));
     // Springs never come to rest altogether, and who stands well wants to stay.
     constexpr double clearly = 1.2;
     constexpr double least = 0.1;
@@ -130,6 +127,15 @@ std::optional<std::vector<double>> SelectedPart::betterPlaces(const Family& fami
     return places;
 }
 
+std::vector<double> SelectedPart::inPlaces(std::span<const std::int32_t> leftEdges) const
+{
+    std::vector<double> places;
+    places.reserve(leftEdges.size());
+    for (const std::int32_t left : leftEdges)
+        places.push_back(static_cast<double>(left) / task_.pitch);
+    return places;
+}
+
 SelectedPart::Standing SelectedPart::standingOf(const Family& family, const std::vector<double>& places) const
 {
     constexpr double rounding = 0.01;
@@ -143,12 +149,11 @@ SelectedPart::Standing SelectedPart::standingOf(const Family& family, const std:
 
 bool SelectedPart::giveUpInVain(const std::vector<std::int32_t>& places)
 {
-    std::vector<double> before;
-    std::vector<double> after;
-    for (PersonIndex index = 0; index < persons_.size(); ++index) {
-        before.push_back(static_cast<double>(present_[index]) / task_.pitch);
-        after.push_back(static_cast<double>(places[persons_[index]]) / task_.pitch);
-    }
+    std::vector<std::int32_t> now(persons_.size());
+    for (PersonIndex index = 0; index < persons_.size(); ++index)
+        now[index] = places[persons_[index]];
+    const std::vector<double> before = inPlaces(present_);
+    const std::vector<double> after = inPlaces(now);
     bool inVain = false;
     for (Family& family : families_) {
         if (!family.isToMove)
