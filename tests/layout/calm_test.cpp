@@ -19,8 +19,10 @@ using namespace sketch;
 constexpr std::size_t calmAdditions = 200;
 #ifdef LINEARA_SANITIZED
 constexpr int calmRetidyings = 1;
+constexpr int tidiedLines = 2;
 #else
 constexpr int calmRetidyings = 4;
+constexpr int tidiedLines = 10;
 #endif
 
 /// The royal family, which is tidied up once for all tests.
@@ -137,7 +139,7 @@ TEST(CalmArrangement, TidyingUpTheLineOfSomebodyInATidyFamilyMovesNobody)
 {
     Random random(33);
     const Sketch& links = royalFamily().links();
-    for (int time = 0; time < 10; ++time)
+    for (int time = 0; time < tidiedLines; ++time)
         for (const auto* next : {&links.parents, &links.children}) {
             EditedFamily tidied = royalFamily();
             tidied.tidyUp(lineOf(*next, pick(random, 0, static_cast<std::uint32_t>(links.persons()) - 1)));
