@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 
 namespace lineara::layout {
@@ -44,5 +45,20 @@ private:
     double end_ = 0;
     bool isStopped_ = false;
 };
+
+/// Calls `work(row)` for every row downwards and then upwards, as long as `heard` lets it go on. Returns whether any
+/// call returned true.
+template<typename Work>
+bool downAndUp(std::uint32_t rows, const Heard& heard, Work work)
+{
+    Hearing hearing(heard);
+    bool anywhere = false;
+    for (const bool downwards : {true, false}) {
+        hearing.nextPart(0.5);
+        for (std::uint32_t row = 0; row < rows && hearing.goesOn(static_cast<double>(row) / rows); ++row)
+            anywhere |= work(downwards ? row : rows - 1 - row);
+    }
+    return anywhere;
+}
 
 } // namespace lineara::layout

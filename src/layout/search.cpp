@@ -73,7 +73,7 @@ void Search::sift(int times, const Heard& heard)
     bool moved = true;
     for (int time = 0; moved && time < times && !hearing.isStopped(); ++time) {
         hearing.nextPart(1.0 / times);
-        moved = siftRows(hearing.ofPart());
+        moved = downAndUp(chart_.rows, hearing.ofPart(), [this](std::uint32_t row) { return siftRow(row); });
         placement_.pull(now_, 2);
         compare();
     }
@@ -105,20 +105,6 @@ void Search::centreRows()
         for (const BlockIndex block : now_.rows[row])
             now_.left[block] -= width / 2;
     }
-}
-
-bool Search::siftRows(const Heard& heard)
-{
-    Hearing hearing(heard);
-    bool moved = false;
-    const auto goesOn = [&](std::uint32_t row) { return hearing.goesOn(static_cast<double>(row) / chart_.rows); };
-    hearing.nextPart(0.5);
-    for (std::uint32_t row = 0; row < chart_.rows && goesOn(row); ++row)
-        moved |= siftRow(row);
-    hearing.nextPart(0.5);
-    for (std::uint32_t row = 0; row < chart_.rows && goesOn(row); ++row)
-        moved |= siftRow(chart_.rows - 1 - row);
-    return moved;
 }
 
 bool Search::siftRow(std::uint32_t row)

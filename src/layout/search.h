@@ -33,7 +33,6 @@ public:
 
 private:
     void centreRows();
-    bool siftRows(const Heard& heard);
     bool siftRow(std::uint32_t row);
     void compare();
 

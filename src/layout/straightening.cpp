@@ -22,16 +22,7 @@ bool Straightening::goOver(Arrangement& arrangement, const Heard& heard)
 {
     arrangement_ = &arrangement;
     drawn_.drawAll(arrangement);
-    Hearing hearing(heard);
-    const auto goesOn = [&](std::uint32_t row) { return hearing.goesOn(static_cast<double>(row) / chart_.rows); };
-    bool moved = false;
-    hearing.nextPart(0.5);
-    for (std::uint32_t row = 0; row < chart_.rows && goesOn(row); ++row)
-        moved |= pullRow(row);
-    hearing.nextPart(0.5);
-    for (std::uint32_t row = 0; row < chart_.rows && goesOn(row); ++row)
-        moved |= pullRow(chart_.rows - 1 - row);
-    return moved;
+    return downAndUp(chart_.rows, heard, [this](std::uint32_t row) { return pullRow(row); });
 }
 
 bool Straightening::pullRow(std::uint32_t row)

@@ -120,21 +120,6 @@ TEST(CalmArrangement, TidyingUpAgainRightAwayMovesNobody)
     EXPECT_EQ(again.places(), royalFamily().places());
 }
 
-std::vector<PersonIndex> lineOf(const std::vector<std::vector<PersonIndex>>& next, PersonIndex person)
-{
-    std::vector<PersonIndex> line{person};
-    std::vector<bool> isTaken(next.size(), false);
-    isTaken[person] = true;
-    for (std::size_t at = 0; at < line.size(); ++at)
-        for (const PersonIndex other : next[line[at]])
-            if (!isTaken[other]) {
-                isTaken[other] = true;
-                line.push_back(other);
-            }
-    line.erase(line.begin());
-    return line;
-}
-
 TEST(CalmArrangement, TidyingUpTheLineOfSomebodyInATidyFamilyMovesNobody)
 {
     Random random(33);

@@ -131,6 +131,21 @@ Sketch largeFamily(Random& random, std::uint32_t rows, std::uint32_t personsInRo
     return sketch;
 }
 
+std::vector<PersonIndex> lineOf(const std::vector<std::vector<PersonIndex>>& next, PersonIndex person)
+{
+    std::vector<PersonIndex> line{person};
+    std::vector<bool> isTaken(next.size(), false);
+    isTaken[person] = true;
+    for (std::size_t at = 0; at < line.size(); ++at)
+        for (const PersonIndex other : next[line[at]])
+            if (!isTaken[other]) {
+                isTaken[other] = true;
+                line.push_back(other);
+            }
+    line.erase(line.begin());
+    return line;
+}
+
 std::vector<std::int32_t> tidied(const FamilyGraph& family, const std::vector<Generation>& generations,
                                  std::int32_t leftMargin)
 {

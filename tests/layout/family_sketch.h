@@ -51,6 +51,9 @@ Sketch together(const Sketch& one, const Sketch& other);
 /// As many rows of as many persons, couples side by side, every child born to a couple near its own place.
 Sketch largeFamily(Random& random, std::uint32_t rows, std::uint32_t personsInRow);
 
+/// Everybody whom somebody reaches by these links, the nearest first and without that one.
+std::vector<PersonIndex> lineOf(const std::vector<std::vector<PersonIndex>>& next, PersonIndex person);
+
 /// The distance of neighbours, and the least one from the edge.
 inline constexpr std::int32_t pitch = 152;
 inline constexpr std::int32_t margin = 160;

@@ -65,17 +65,6 @@ TEST(TidySelection, NobodyElseMovesWhereThereIsRoom)
     }
 }
 
-std::vector<PersonIndex> lineOf(const std::vector<std::vector<PersonIndex>>& next, PersonIndex person)
-{
-    std::vector<PersonIndex> line{person};
-    for (std::size_t at = 0; at < line.size(); ++at)
-        for (const PersonIndex other : next[line[at]])
-            if (std::ranges::count(line, other) == 0)
-                line.push_back(other);
-    line.erase(line.begin());
-    return line;
-}
-
 std::vector<PersonIndex> withPartners(const Sketch& sketch, std::vector<PersonIndex> persons, PersonIndex without)
 {
     const std::size_t descendants = persons.size();
