@@ -2,10 +2,10 @@
 
 #include "crossings.h"
 #include "family_sketch.h"
+#include "whole_chart.h"
 
 #include <gtest/gtest.h>
 
-#include <numeric>
 #include <utility>
 
 namespace lineara::layout {
@@ -28,9 +28,7 @@ struct CrossedPair
         for (PersonIndex parent = 0; parent < 3; ++parent)
             sketch.bear(sketch.person(1), {parent});
         graph = sketch.graph();
-        std::vector<PersonIndex> everybody(sketch.persons());
-        std::iota(everybody.begin(), everybody.end(), PersonIndex{0});
-        chart = ChartBuilder(graph, sketch.generations()).build(everybody);
+        chart = wholeChart(graph, sketch.generations());
         arrangement = walkOrder(chart, spanFrom(chart, 0));
         arrangement.rows = sortIntoLists(2, standing(), &Standing::block);
         for (std::uint32_t row = 0; row < 2; ++row)

@@ -1,7 +1,7 @@
-#include "chart.h"
 #include "crossings.h"
 #include "family_sketch.h"
 #include "family_walk.h"
+#include "whole_chart.h"
 
 #include <gtest/gtest.h>
 
@@ -11,14 +11,6 @@ namespace lineara::layout {
 namespace {
 
 using namespace sketch;
-
-Chart chartOf(const FamilyGraph& graph, const std::vector<Generation>& rows)
-{
-    std::vector<PersonIndex> everybody;
-    for (PersonIndex person = 0; person < graph.persons(); ++person)
-        everybody.push_back(person);
-    return ChartBuilder(graph, rows).build(everybody);
-}
 
 /// Every pair of pieces of line, compared one by one.
 std::uint64_t crossingsPairByPair(const Chart& chart, const Arrangement& arrangement)
@@ -44,7 +36,7 @@ TEST(CountCrossings, TwoCrossedChildrenCrossOnce)
     sketch.bear(2, {0});
     sketch.bear(3, {1});
     const FamilyGraph graph = sketch.graph();
-    const Chart chart = chartOf(graph, sketch.generations());
+    const Chart chart = wholeChart(graph, sketch.generations());
     Arrangement arrangement = walkOrder(chart, spanFrom(chart, 0));
     EXPECT_EQ(countCrossings(chart, arrangement), 0U);
     std::swap(arrangement.left[2], arrangement.left[3]);
@@ -60,7 +52,7 @@ TEST(CountCrossings, SameAsComparingEveryPair)
         for (Generation& row : rows)
             row = std::max(row, 0);
         const FamilyGraph graph = sketch.graph();
-        const Chart chart = chartOf(graph, rows);
+        const Chart chart = wholeChart(graph, rows);
         const Arrangement arrangement = walkOrder(chart, spanFrom(chart, 0));
         ASSERT_EQ(countCrossings(chart, arrangement), crossingsPairByPair(chart, arrangement)) << "round " << round;
     }
@@ -77,7 +69,7 @@ TEST(Chart, HoldsNoMoreThanEightPiecesPerLine)
         sketch.bear(sketch.person(row), {ancestor});
     }
     const FamilyGraph graph = sketch.graph();
-    const Chart chart = chartOf(graph, sketch.generations());
+    const Chart chart = wholeChart(graph, sketch.generations());
     EXPECT_EQ(chart.lines.size(), 2'000U);
     EXPECT_LE(chart.linesBelow.items(), 8 * chart.lines.size());
     EXPECT_GE(chart.linesBelow.items(), 1'000U);
@@ -90,7 +82,7 @@ TEST(Chart, LargeFamiliesArePassedOverLessOften)
         Random random(11);
         const Sketch sketch = largeFamily(random, 10, personsInRow);
         const FamilyGraph graph = sketch.graph();
-        const Chart chart = chartOf(graph, sketch.generations());
+        const Chart chart = wholeChart(graph, sketch.generations());
         EXPECT_LE(chart.springsUp.items(), 2 * sketch.persons());
         return passes(chart, 40, 10);
     };

@@ -2,11 +2,11 @@
 #include "family_sketch.h"
 #include "free_places.h"
 #include "order.h"
+#include "whole_chart.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <numeric>
 
 namespace lineara::layout {
 namespace {
@@ -20,9 +20,7 @@ struct OrderedFamily
 {
     explicit OrderedFamily(const Sketch& sketch) : graph(sketch.graph()), generations(sketch.generations())
     {
-        std::vector<PersonIndex> everybody(sketch.persons());
-        std::iota(everybody.begin(), everybody.end(), PersonIndex{0});
-        chart = ChartBuilder(graph, generations).build(everybody);
+        chart = wholeChart(graph, generations);
         arrangement = orderFamilies(chart, {}).value();
     }
 

@@ -1,6 +1,7 @@
 #include "family_sketch.h"
 #include "family_walk.h"
 #include "placement.h"
+#include "whole_chart.h"
 
 #include <gmock/gmock.h>
 
@@ -18,11 +19,10 @@ struct SingleRow
 {
     explicit SingleRow(std::uint32_t persons)
     {
-        std::vector<PersonIndex> everybody;
         for (std::uint32_t person = 0; person < persons; ++person)
-            everybody.push_back(sketch.person(1));
+            sketch.person(1);
         const FamilyGraph graph = sketch.graph();
-        chart = ChartBuilder(graph, sketch.generations()).build(everybody);
+        chart = wholeChart(graph, sketch.generations());
         arrangement = walkOrder(chart, spanFrom(chart, 0));
     }
 

@@ -1,16 +1,15 @@
 #include "sibling_order.h"
 
-#include "chart.h"
 #include "crossings.h"
 #include "family_sketch.h"
 #include "family_walk.h"
 #include "layout/tidy.h"
+#include "whole_chart.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <map>
-#include <numeric>
 
 namespace lineara::layout {
 namespace {
@@ -103,8 +102,7 @@ TEST(SiblingOrder, WhoseYearIsNotKnownKeepsItsPlaceAmongTheOthers)
         sketch.bear(sketch.person(1), {parent});
     const FamilyGraph graph = sketch.graph();
     const Years years{unknownBirthYear, 1982, unknownBirthYear, 1980};
-    std::vector<PersonIndex> everybody{0, 1, 2, 3};
-    const Chart chart = ChartBuilder(graph, sketch.generations(), years).build(everybody);
+    const Chart chart = wholeChart(graph, sketch.generations(), years);
     const FamilyTree tree = spanFrom(chart, 0);
     Arrangement arrangement = walkOrder(chart, tree);
     arrangement.left = {1, 0, 1, 2};
@@ -146,9 +144,7 @@ TEST(SiblingOrder, NeverAddsMoreCrossingsThanAllowed)
                                                       : randomTangle(random, pick(random, 5, 60));
         const Years years = randomYears(random, sketch);
         const FamilyGraph graph = sketch.graph();
-        std::vector<PersonIndex> everybody(sketch.persons());
-        std::iota(everybody.begin(), everybody.end(), 0U);
-        const Chart chart = ChartBuilder(graph, sketch.generations(), years).build(everybody);
+        const Chart chart = wholeChart(graph, sketch.generations(), years);
         const FamilyTree tree = spanFrom(chart, 0);
         Arrangement arrangement = walkOrder(chart, tree);
         const std::uint64_t before = countCrossings(chart, arrangement);

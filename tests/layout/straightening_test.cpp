@@ -4,11 +4,11 @@
 #include "family_sketch.h"
 #include "family_walk.h"
 #include "order.h"
+#include "whole_chart.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <numeric>
 
 namespace lineara::layout {
 namespace {
@@ -23,9 +23,7 @@ struct Drawing
 
     explicit Drawing(const Sketch& sketch) : graph(sketch.graph())
     {
-        std::vector<PersonIndex> everybody(sketch.persons());
-        std::iota(everybody.begin(), everybody.end(), PersonIndex{0});
-        chart = ChartBuilder(graph, sketch.generations()).build(everybody);
+        chart = wholeChart(graph, sketch.generations());
         arrangement = walkOrder(chart, spanFrom(chart, 0));
     }
 
