@@ -5,13 +5,9 @@ namespace lineara::layout {
 void Pull::add(const Chart& chart, const Arrangement& arrangement, BlockIndex block, std::span<const Spring> springs,
                double factor)
 {
-    for (const Spring& spring : springs) {
-        const double place = arrangement.placeOf(chart, spring.other);
-        const double share = factor * spring.weight;
-        weight += share;
-        ends += share * place;
-        lefts += share * (place - arrangement.within(chart, {block, spring.own}));
-    }
+    for (const Spring& spring : springs)
+        add(arrangement.placeOf(chart, spring.other), arrangement.within(chart, {block, spring.own}),
+            factor * spring.weight);
 }
 
 StraightLine::StraightLine(const Chart& chart, const Arrangement& arrangement, const ChildLine& line)

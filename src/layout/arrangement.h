@@ -43,6 +43,14 @@ struct Pull
     void add(const Chart& chart, const Arrangement& arrangement, BlockIndex block, std::span<const Spring> springs,
              double factor = 1);
 
+    /// One spring, from `place` to where the block has its end, `within` places from its left edge.
+    void add(double place, double within, double share)
+    {
+        weight += share;
+        ends += share * place;
+        lefts += share * (place - within);
+    }
+
     double end() const { return ends / weight; }
     double left() const { return lefts / weight; }
 };

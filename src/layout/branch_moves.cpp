@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace lineara::layout {
 
@@ -69,9 +70,9 @@ void BranchMoves::tryBranch(BlockIndex block)
     findTargets();
     constexpr double noticeable = 1e-6;
     Move best;
-    double least = costOf(best) - noticeable;
+    double least = costOf(best, std::numeric_limits<double>::infinity()) - noticeable;
     const auto weigh = [&](const Move& move) {
-        const double cost = costOf(move);
+        const double cost = costOf(move, least);
         if (cost >= least)
             return;
         least = cost - noticeable;
@@ -90,7 +91,7 @@ void BranchMoves::tryBranch(BlockIndex block)
     }
     if (best.mirror || best.shift != 0)
         carryOut(best);
-    lowerLines();
+    drawn_.draw(*arrangement_, lines_);
 }
 
 void BranchMoves::liftLines()
@@ -98,12 +99,6 @@ void BranchMoves::liftLines()
     lines_.clear();
     for (const BlockIndex block : chosen_)
         drawn_.liftAt(block, lines_);
-}
-
-void BranchMoves::lowerLines()
-{
-    for (const std::uint32_t line : lines_)
-        drawn_.draw(*arrangement_, line);
 }
 
 /// Where the leader would stand if one of the lines that lead out of the branch were upright, or all upwards or
@@ -161,18 +156,22 @@ double BranchMoves::placeBetween(std::size_t slot, double target) const
     return std::clamp(target, left + (right - left) * margin, right - (right - left) * margin);
 }
 
-double BranchMoves::costOf(const Move& move) const
+/// Counts crossings, which takes by far the longest, only until it is known that the cost reaches the limit.
+double BranchMoves::costOf(const Move& move, double limit)
 {
-    std::int64_t crossings = 0;
+    ends_.clear();
     double length = 0;
     for (const std::uint32_t line : lines_) {
         const ChildLine& ends = chart_.lines[line];
         const double from = (placeAfter(move, ends.firstParent) + placeAfter(move, ends.secondParent)) / 2;
         const double to = placeAfter(move, ends.child);
         length += std::abs(from - to);
-        crossings += drawn_.crossingsOf(line, static_cast<float>(from), static_cast<float>(to));
+        ends_.emplace_back(static_cast<float>(from), static_cast<float>(to));
     }
-    return static_cast<double>(crossings) + costOfLength * length + costOfDisorder_ * disorderAfter(move);
+    double cost = costOfLength * length + costOfDisorder_ * disorderAfter(move);
+    for (std::size_t at = 0; at < lines_.size() && cost < limit; ++at)
+        cost += static_cast<double>(drawn_.crossingsOf(lines_[at], ends_[at].first, ends_[at].second));
+    return cost;
 }
 
 /// How many pairs of siblings, one of them in the branch at least, stand in the wrong order.
@@ -233,8 +232,7 @@ void BranchMoves::settleMovedRows()
         std::ranges::stable_sort(blocks, {}, [&](BlockIndex block) { return arrangement_->middleOf(chart_, block); });
         placement_.pullRow(*arrangement_, row, 0.2);
         for (const BlockIndex block : blocks)
-            for (const std::uint32_t line : drawn_.of(block))
-                drawn_.draw(*arrangement_, line);
+            drawn_.draw(*arrangement_, drawn_.of(block));
     }
     movedRows_.clear();
 }

@@ -47,10 +47,9 @@ private:
     void tryBranch(BlockIndex block);
     void chooseBranch(BlockIndex block, std::size_t largest);
     void liftLines();
-    void lowerLines();
     void findTargets();
     double placeBetween(std::size_t slot, double target) const;
-    double costOf(const Move& move) const;
+    double costOf(const Move& move, double limit);
     double disorderAfter(const Move& move) const;
     double placeAfter(const Move& move, const Anchor& anchor) const;
     void carryOut(const Move& move);
@@ -66,6 +65,8 @@ private:
     /// The chosen blocks, the first of which leads, and all lines that end at one of them.
     std::vector<BlockIndex> chosen_;
     std::vector<std::uint32_t> lines_;
+    /// Where the lines would begin and end after the move at hand.
+    std::vector<std::pair<float, float>> ends_;
     std::uint32_t choice_ = 0;
     std::vector<std::uint32_t> chosenIn_;
     double leadersMiddle_ = 0;

@@ -99,7 +99,7 @@ double costOfDisorderIn(const Chart& chart)
 
 int passes(const Chart& chart, int most, int least)
 {
-    constexpr std::size_t smallFamily = 10'000;
+    constexpr std::size_t smallFamily = 3'000;
     if (chart.blocks() <= smallFamily)
         return most;
     return std::max(least, static_cast<int>(static_cast<std::size_t>(most) * smallFamily / chart.blocks()));

@@ -3,6 +3,7 @@
 #include "arrangement.h"
 
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -21,6 +22,7 @@ public:
 
     /// Draws a line, anew if it was drawn before, to where its ends stand now.
     void draw(const Arrangement& arrangement, std::uint32_t line);
+    void draw(const Arrangement& arrangement, std::span<const std::uint32_t> lines);
     void drawAll(const Arrangement& arrangement);
 
     /// Takes a line out until it is drawn again.
@@ -29,8 +31,10 @@ public:
     /// Takes the lines out that end at a block, and adds those to `lifted` that were drawn until now.
     void liftAt(BlockIndex block, std::vector<std::uint32_t>& lifted);
 
-    /// Draws lifted lines, one after the other, and returns how many crossings they bring.
-    std::int64_t lower(const Arrangement& arrangement, std::span<const std::uint32_t> lines);
+    /// Draws lifted lines, one after the other, and returns how many crossings they bring. Leaves the rest lifted as
+    /// soon as there are more than `most`.
+    std::int64_t lower(const Arrangement& arrangement, std::span<const std::uint32_t> lines,
+                       std::int64_t most = std::numeric_limits<std::int64_t>::max());
 
     /// How many drawn lines the given one would cross if it led from `from` in its upper row to `to` in its lower one.
     /// It must have been lifted. Takes time linear in the lines of the rows that it passes.

@@ -17,6 +17,28 @@ namespace lineara::layout {
 
 namespace {
 
+struct Cost
+{
+    Cost(const Chart& chart, const Arrangement& arrangement, double costOfDisorder);
+    double inAll() const { return static_cast<double>(crossings) + besides; }
+
+    std::uint64_t crossings;
+    double besides;
+};
+
+Cost::Cost(const Chart& chart, const Arrangement& arrangement, double costOfDisorder)
+    : crossings(countCrossings(chart, arrangement)),
+      besides(costOfDisorder * static_cast<double>(disorderOf(chart, arrangement)))
+{
+    constexpr double costOfLength = 0.07;
+    double length = 0;
+    for (const ChildLine& line : chart.lines) {
+        const StraightLine drawn(chart, arrangement, line);
+        length += std::abs(drawn.from - drawn.to);
+    }
+    besides += costOfLength * length;
+}
+
 /// Starts a family is walked from: many for a small one, where chance decides most and each costs least.
 std::size_t startsFor(const Chart& chart)
 {
@@ -39,12 +61,13 @@ void straighten(const Chart& chart, Arrangement& arrangement, const Heard& heard
     Arrangement pulled = arrangement;
     Placement placement(chart);
     placement.easeBeyond(easedBeyond);
-    placement.pull(pulled, 40, hearing.ofPart());
-    if (costOf(chart, pulled) <= costOf(chart, arrangement) &&
-        countCrossings(chart, pulled) <= countCrossings(chart, arrangement))
+    placement.pull(pulled, passes(chart, 40, 12), hearing.ofPart());
+    const Cost crooked(chart, arrangement, chart.costOfDisorder);
+    const Cost straight(chart, pulled, chart.costOfDisorder);
+    if (straight.inAll() <= crooked.inAll() && straight.crossings <= crooked.crossings)
         arrangement = std::move(pulled);
     Straightening straightening(chart, easedBeyond);
-    const int most = passes(chart, 20, 1);
+    const int most = passes(chart, 10, 1);
     bool moved = true;
     for (int pass = 0; moved && pass < most && !hearing.isStopped(); ++pass) {
         hearing.nextPart(0.5 / most);
@@ -64,20 +87,29 @@ std::vector<std::unique_ptr<Search>> searchesOf(const Chart& chart, const Heard&
 {
     const std::size_t starts = startsFor(chart);
     Hearing hearing(heard);
-    std::vector<std::unique_ptr<Search>> searches;
+    std::vector<std::pair<double, std::unique_ptr<Search>>> rated;
+    const auto add = [&](BlockIndex root, double costOfDisorder) {
+        auto search = std::make_unique<Search>(chart, spanFrom(chart, root), costOfDisorder);
+        const double cost = costOf(chart, search->best());
+        rated.emplace_back(cost, std::move(search));
+    };
     for (std::size_t start = 0; start < starts; ++start) {
         hearing.nextPart(1.0 / static_cast<double>(starts));
         if (!hearing.goesOn(0))
             break;
         const auto root = static_cast<BlockIndex>(chart.blocks() * start / starts);
-        searches.push_back(std::make_unique<Search>(chart, spanFrom(chart, root), chart.costOfDisorder));
+        add(root, chart.costOfDisorder);
         // Left to itself for once, the search may find more, and siblings are sorted afterwards in any case.
         if (triesFor(chart) > 1 && chart.siblingPairs.items() > 0)
-            searches.push_back(std::make_unique<Search>(chart, spanFrom(chart, root), 0));
+            add(root, 0);
     }
-    std::ranges::stable_sort(searches, {}, [&](const auto& search) { return costOf(chart, search->best()); });
-    searches.resize(std::min(searches.size(), triesFor(chart)));
-    return searches;
+    std::ranges::stable_sort(rated, {}, [](const auto& search) { return search.first; });
+    rated.resize(std::min(rated.size(), triesFor(chart)));
+    std::vector<std::unique_ptr<Search>> best;
+    best.reserve(rated.size());
+    for (auto& [cost, search] : rated)
+        best.push_back(std::move(search));
+    return best;
 }
 
 /// Untangles what the search has found so far.
@@ -139,14 +171,7 @@ double costOf(const Chart& chart, const Arrangement& arrangement)
 
 double costOf(const Chart& chart, const Arrangement& arrangement, double costOfDisorder)
 {
-    constexpr double costOfLength = 0.07;
-    double length = 0;
-    for (const ChildLine& line : chart.lines) {
-        const StraightLine drawn(chart, arrangement, line);
-        length += std::abs(drawn.from - drawn.to);
-    }
-    return static_cast<double>(countCrossings(chart, arrangement)) + costOfLength * length +
-           costOfDisorder * static_cast<double>(disorderOf(chart, arrangement));
+    return Cost(chart, arrangement, costOfDisorder).inAll();
 }
 
 void setBounds(const Chart& chart, Arrangement& arrangement)
@@ -255,7 +280,7 @@ std::optional<Arrangement> orderFamilies(const Chart& chart, const Heard& heard)
         straighten(chart, found, hearing.ofPart());
         if (!hearing.goesOn(1))
             return std::nullopt;
-        if (isPlane)
+        if (isPlane || searches.size() == 1)
             return found;
         const double cost = costOf(chart, found);
         if (cost < least) {

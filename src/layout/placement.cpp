@@ -92,11 +92,11 @@ void Placement::addPulls(Pull& pull, const Arrangement& arrangement, BlockIndex 
         pull.add(chart_, arrangement, block, springs);
         return;
     }
-    for (std::size_t index = 0; index < springs.size(); ++index) {
-        const Spring& spring = springs[index];
-        const double length =
-            arrangement.placeOf(chart_, {block, spring.own}) - arrangement.placeOf(chart_, spring.other);
-        pull.add(chart_, arrangement, block, springs.subspan(index, 1), eased_ / std::max(std::abs(length), eased_));
+    for (const Spring& spring : springs) {
+        const double place = arrangement.placeOf(chart_, spring.other);
+        const double within = arrangement.within(chart_, {block, spring.own});
+        const double length = arrangement.left[block] + within - place;
+        pull.add(place, within, eased_ / std::max(std::abs(length), eased_) * spring.weight);
     }
 }
 

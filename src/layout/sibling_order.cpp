@@ -193,19 +193,21 @@ bool SiblingOrder::tryOrder(const std::vector<std::uint32_t>& sequence)
     std::vector<std::uint32_t> present(siblings_.size());
     std::iota(present.begin(), present.end(), 0U);
     const std::int64_t won = disorderOf(siblings_, present) - disorderOf(siblings_, sequence);
+    if (won <= 0)
+        return false;
     reassign(sequence);
     liftMoved();
     affordableWork_ -= static_cast<std::int64_t>(2 * lines_.size() * chart_.lines.size() / chart_.rows);
     const std::int64_t before = drawn_.lower(*arrangement_, lines_);
+    const std::int64_t most = before + std::min(won * perPair_, affordable_);
     exchange();
-    const std::int64_t added = drawn_.lower(*arrangement_, lines_) - before;
-    if (won <= 0 || added > std::min(won * perPair_, affordable_)) {
+    const std::int64_t after = drawn_.lower(*arrangement_, lines_, most);
+    if (after > most) {
         exchange();
-        for (const std::uint32_t line : lines_)
-            drawn_.draw(*arrangement_, line);
+        drawn_.draw(*arrangement_, lines_);
         return false;
     }
-    affordable_ -= added;
+    affordable_ -= after - before;
     settleRows();
     std::vector<Sibling> siblings;
     siblings.reserve(sequence.size());
@@ -282,8 +284,7 @@ void SiblingOrder::settle(std::uint32_t row)
     settleRow(chart_, *arrangement_, row, wishes);
     for (std::size_t at = 0; at < blocks.size(); ++at)
         if (arrangement_->left[blocks[at]] != wishes[at].left)
-            for (const std::uint32_t line : drawn_.of(blocks[at]))
-                drawn_.draw(*arrangement_, line);
+            drawn_.draw(*arrangement_, drawn_.of(blocks[at]));
 }
 
 std::int64_t disorderOf(const Chart& chart, const Arrangement& arrangement)
@@ -302,7 +303,9 @@ bool sortSiblings(const Chart& chart, const FamilyTree& tree, Arrangement& arran
 {
     if (chart.sibships.lists() == 0)
         return false;
-    const std::uint64_t most = countCrossings(chart, arrangement) + mostAdded;
+    std::uint64_t crossings = countCrossings(chart, arrangement);
+    std::int64_t disorder = disorderOf(chart, arrangement);
+    const std::uint64_t most = crossings + mostAdded;
     SiblingOrder siblings(chart, tree);
     Hearing hearing(heard);
     bool moved = false;
@@ -314,11 +317,15 @@ bool sortSiblings(const Chart& chart, const FamilyTree& tree, Arrangement& arran
             break;
         hearing.nextPart(1.0 / perPair.size());
         Arrangement sorted = arrangement;
-        const auto affordable = static_cast<std::int64_t>(most - countCrossings(chart, arrangement));
-        if (!siblings.goOver(sorted, price, affordable, hearing.ofPart()) || countCrossings(chart, sorted) > most ||
-            disorderOf(chart, sorted) >= disorderOf(chart, arrangement))
+        if (!siblings.goOver(sorted, price, static_cast<std::int64_t>(most - crossings), hearing.ofPart()))
+            continue;
+        const std::uint64_t crossingsThen = countCrossings(chart, sorted);
+        const std::int64_t disorderThen = disorderOf(chart, sorted);
+        if (crossingsThen > most || disorderThen >= disorder)
             continue;
         arrangement = std::move(sorted);
+        crossings = crossingsThen;
+        disorder = disorderThen;
         moved = true;
     }
     return moved;

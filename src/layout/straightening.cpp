@@ -67,10 +67,10 @@ bool Straightening::movePart(std::span<const BlockIndex> part)
         drawn_.liftAt(block, lines_);
     const std::int64_t before = drawn_.lower(*arrangement_, lines_);
     exchange(part);
-    if (drawn_.lower(*arrangement_, lines_) <= before)
+    if (drawn_.lower(*arrangement_, lines_, before) <= before)
         return true;
     exchange(part);
-    drawn_.lower(*arrangement_, lines_);
+    drawn_.draw(*arrangement_, lines_);
     return false;
 }
 

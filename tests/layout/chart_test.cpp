@@ -87,8 +87,8 @@ TEST(Chart, LargeFamiliesArePassedOverLessOften)
         return passes(chart, 40, 10);
     };
     EXPECT_EQ(passesOver(10), 40);
-    EXPECT_EQ(passesOver(4'000), 20);
-    EXPECT_EQ(passesOver(20'000), 10);
+    EXPECT_EQ(passesOver(1'200), 20);
+    EXPECT_EQ(passesOver(6'000), 10);
 }
 
 } // namespace
