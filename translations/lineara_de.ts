@@ -719,12 +719,16 @@
         <translation>einer Person ohne Namen</translation>
     </message>
     <message>
-        <source>What “%1” tells of %2 in line %3 and below, beyond what is shown in the list. It is kept as it is, and given back when the family is exported.</source>
-        <translation>Was „%1“ ab Zeile %3 von %2 erzählt und die Liste nicht zeigt. Es bleibt, wie es ist, und kommt beim Exportieren der Familie wieder heraus.</translation>
-    </message>
-    <message>
         <source>Further Facts</source>
         <translation>Weitere Angaben</translation>
+    </message>
+    <message>
+        <source>What “%1” tells of %2, in line %3 and below and in the records of families, beyond what is shown in the list. It is kept, and given back when the family is exported, as far as it still holds.</source>
+        <translation>Was „%1“ ab Zeile %3 und in den Datensätzen der Familien von %2 erzählt und die Liste nicht zeigt. Es bleibt erhalten und kommt, soweit es noch gilt, beim Exportieren der Familie wieder heraus.</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
     </message>
 </context>
 <context>
@@ -1118,6 +1122,50 @@
     <message>
         <source>nothing can point at this record, because %1 stands for nobody</source>
         <translation>auf diesen Datensatz kann nichts zeigen, weil %1 für niemanden steht</translation>
+    </message>
+    <message>
+        <source>Parent (not linked)</source>
+        <translation>Elternteil (nicht verbunden)</translation>
+    </message>
+    <message>
+        <source>Partner (not linked)</source>
+        <translation>Partner (nicht verbunden)</translation>
+    </message>
+    <message>
+        <source>Child (not linked)</source>
+        <translation>Kind (nicht verbunden)</translation>
+    </message>
+    <message>
+        <source>person without a name</source>
+        <translation>Person ohne Namen</translation>
+    </message>
+    <message>
+        <source>not in the file</source>
+        <translation>nicht in der Datei</translation>
+    </message>
+    <message>
+        <source>Family of unknown parents</source>
+        <translation>Familie unbekannter Eltern</translation>
+    </message>
+    <message>
+        <source>Family of %1</source>
+        <translation>Familie von %1</translation>
+    </message>
+    <message>
+        <source>Family of %1 and %2</source>
+        <translation>Familie von %1 und %2</translation>
+    </message>
+    <message>
+        <source>Family without a partner</source>
+        <translation>Familie ohne Partner</translation>
+    </message>
+    <message>
+        <source>Family with %1</source>
+        <translation>Familie mit %1</translation>
+    </message>
+    <message>
+        <source>Family with %1 and %2</source>
+        <translation>Familie mit %1 und %2</translation>
     </message>
 </context>
 <context>
@@ -3170,6 +3218,126 @@
     <message>
         <source>Person</source>
         <translation>Person</translation>
+    </message>
+    <message>
+        <source>Address line</source>
+        <translation>Adresszeile</translation>
+    </message>
+    <message>
+        <source>Interest in ancestors</source>
+        <translation>Interesse an Vorfahren</translation>
+    </message>
+    <message>
+        <source>Baptism (Latter-day Saints)</source>
+        <translation>Taufe (Heilige der Letzten Tage)</translation>
+    </message>
+    <message>
+        <source>Confirmation (Latter-day Saints)</source>
+        <translation>Konfirmierung (Heilige der Letzten Tage)</translation>
+    </message>
+    <message>
+        <source>Copyright</source>
+        <translation>Urheberrecht</translation>
+    </message>
+    <message>
+        <source>Corporation</source>
+        <translation>Körperschaft</translation>
+    </message>
+    <message>
+        <source>Record made</source>
+        <translation>Datensatz angelegt</translation>
+    </message>
+    <message>
+        <source>Part of the picture</source>
+        <translation>Bildausschnitt</translation>
+    </message>
+    <message>
+        <source>Interest in descendants</source>
+        <translation>Interesse an Nachkommen</translation>
+    </message>
+    <message>
+        <source>Divorce filed</source>
+        <translation>Scheidung eingereicht</translation>
+    </message>
+    <message>
+        <source>Endowment (Latter-day Saints)</source>
+        <translation>Endowment (Heilige der Letzten Tage)</translation>
+    </message>
+    <message>
+        <source>Outside identifier</source>
+        <translation>Fremde Kennung</translation>
+    </message>
+    <message>
+        <source>Fax</source>
+        <translation>Fax</translation>
+    </message>
+    <message>
+        <source>As it sounds</source>
+        <translation>Wie es klingt</translation>
+    </message>
+    <message>
+        <source>Initiatory (Latter-day Saints)</source>
+        <translation>Vorbereitende Handlung (Heilige der Letzten Tage)</translation>
+    </message>
+    <message>
+        <source>Latitude</source>
+        <translation>Breitengrad</translation>
+    </message>
+    <message>
+        <source>Longitude</source>
+        <translation>Längengrad</translation>
+    </message>
+    <message>
+        <source>Marriage contract</source>
+        <translation>Ehevertrag</translation>
+    </message>
+    <message>
+        <source>Marriage settlement</source>
+        <translation>Ehegütervertrag</translation>
+    </message>
+    <message>
+        <source>Did not happen</source>
+        <translation>Fand nicht statt</translation>
+    </message>
+    <message>
+        <source>In words</source>
+        <translation>In Worten</translation>
+    </message>
+    <message>
+        <source>In Latin letters</source>
+        <translation>In lateinischen Buchstaben</translation>
+    </message>
+    <message>
+        <source>Date for sorting</source>
+        <translation>Datum zum Sortieren</translation>
+    </message>
+    <message>
+        <source>Sealing to the parents (Latter-day Saints)</source>
+        <translation>Siegelung an die Eltern (Heilige der Letzten Tage)</translation>
+    </message>
+    <message>
+        <source>Sealing to a partner (Latter-day Saints)</source>
+        <translation>Siegelung an den Partner (Heilige der Letzten Tage)</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Stand</translation>
+    </message>
+    <message>
+        <source>Temple</source>
+        <translation>Tempel</translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation>Übersetzung</translation>
+    </message>
+    <message>
+        <source>Relation to the father</source>
+        <translation>Verhältnis zum Vater</translation>
+    </message>
+    <message>
+        <source>Relation to the mother</source>
+        <translation>Verhältnis zur Mutter</translation>
     </message>
 </context>
 <context>

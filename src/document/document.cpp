@@ -10,6 +10,7 @@
 #include "edit_menu.h"
 #include "family_insight.h"
 #include "family_queue.h"
+#include "interchange/further_facts.h"
 #include "opening_report.h"
 #include "personlist/person_table_view_controller.h"
 #include "platform/notification_center.h"

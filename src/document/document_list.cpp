@@ -15,12 +15,14 @@ namespace lineara {
 
 void Document::makeList()
 {
+    importedFacts_ = std::make_unique<ImportedFacts>(context());
     personTableViewController_ = std::make_unique<PersonTableViewController>(pool());
     list_ = personTableViewController_.get();
     window_->showList(&list_->view());
     personTableViewController_->setPersonChosen([this](Person& person) { leadTo(person); });
     personTableViewController_->setFurtherFacts(
-        {&countFurtherFacts, [this](const Person& person) { showFurtherFacts(*window_, person); }});
+        {[this](const Person& person) { return static_cast<int>(importedFacts_->count(person)); },
+         [this](const Person& person) { showFurtherFacts(*window_, person, importedFacts_->of(person)); }});
     list_->setTypedObserver([this] { typed(); });
 }
 

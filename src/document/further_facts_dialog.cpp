@@ -1,15 +1,13 @@
 #include "further_facts_dialog.h"
 
-#include "interchange/further_facts.h"
+#include "further_facts_list.h"
 #include "model/person.h"
 #include "model/source_record.h"
 
 #include <QCoreApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QLabel>
-#include <QTreeWidget>
 #include <QVBoxLayout>
 
 namespace lineara {
@@ -21,50 +19,21 @@ struct FurtherFactsTexts
     Q_DECLARE_TR_FUNCTIONS(FurtherFacts)
 };
 
-QTreeWidget* makeList(const std::vector<FurtherFact>& facts)
-{
-    auto* const list = new QTreeWidget;
-    list->setObjectName(QStringLiteral("furtherFacts"));
-    list->setAccessibleName(FurtherFactsTexts::tr("Further Facts"));
-    list->setHeaderLabels({FurtherFactsTexts::tr("Fact"), FurtherFactsTexts::tr("In the Imported File")});
-    list->setWordWrap(true);
-    list->setAlternatingRowColors(true);
-    list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    std::vector<QTreeWidgetItem*> above; // by depth
-    for (const FurtherFact& fact : facts) {
-        above.resize(std::min(above.size(), static_cast<std::size_t>(fact.depth)));
-        auto* const item = above.empty() ? new QTreeWidgetItem(list) : new QTreeWidgetItem(above.back());
-        item->setText(0, fact.label);
-        item->setText(1, fact.value);
-        item->setToolTip(1, fact.value);
-        above.push_back(item);
-    }
-    list->expandAll();
-    list->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
-    return list;
-}
-
 QString heading(const Person& person, const SourceOrigin& origin)
 {
     const QString name = person.name().value_or(FurtherFactsTexts::tr("a person without a name"));
-    return FurtherFactsTexts::tr("What “%1” tells of %2 in line %3 and below, beyond what is shown in the list. It is "
-                                 "kept as it is, and given back when the family is exported.")
-        .arg(origin.file, name)
-        .arg(origin.line);
+    return FurtherFactsTexts::tr("What “%1” tells of %2, in line %3 and below and in the records of families, beyond "
+                                 "what is shown in the list. It is kept, and given back when the family is exported, "
+                                 "as far as it still holds.")
+        .arg(origin.file, name, QString::number(origin.line));
 }
 
 } // namespace
 
-int countFurtherFacts(const Person& person)
+void showFurtherFacts(QWidget& owner, const Person& person, const std::vector<FurtherFact>& facts)
 {
     const SourceRecord* const source = person.source();
-    return source ? static_cast<int>(furtherFacts(source->text()).size()) : 0;
-}
-
-void showFurtherFacts(QWidget& owner, const Person& person)
-{
-    const SourceRecord* const source = person.source();
-    if (!source)
+    if (!source || facts.empty())
         return;
     auto* const dialog = new QDialog(&owner);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -78,7 +47,7 @@ void showFurtherFacts(QWidget& owner, const Person& person)
     QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::close);
     auto* const column = new QVBoxLayout(dialog);
     column->addWidget(text);
-    column->addWidget(makeList(furtherFacts(source->text())), 1);
+    column->addWidget(new FurtherFactsList(facts), 1);
     column->addWidget(buttons);
     dialog->show();
 }

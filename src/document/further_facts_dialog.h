@@ -1,15 +1,17 @@
 #pragma once
 
+#include "interchange/further_facts.h"
+
+#include <vector>
+
 class QWidget;
 
 namespace lineara {
 
 class Person;
 
-/// How many facts about the person came with an imported file and have no field of their own.
-int countFurtherFacts(const Person& person);
-
-/// Lists them to be read, beside the window they belong to and without blocking it.
-void showFurtherFacts(QWidget& owner, const Person& person);
+/// Lists the facts of an imported person to be read and copied, beside the window they belong to and without blocking
+/// it. Nothing to be listed opens nothing.
+void showFurtherFacts(QWidget& owner, const Person& person, const std::vector<FurtherFact>& facts);
 
 } // namespace lineara

@@ -4,22 +4,6 @@
 #include "person_reading.h"
 
 namespace lineara {
-namespace {
-
-/// The name that is shown of a person; empty if none.
-QString shownName(const GedcomTree& tree)
-{
-    for (const NodeIndex line : tree.children(0)) {
-        if (tree[line].line.tag != "NAME")
-            continue;
-        QString name = nameOf(tree, line);
-        if (!name.isEmpty())
-            return name;
-    }
-    return {};
-}
-
-} // namespace
 
 GedcomPersons::GedcomPersons(const GedcomRecords& records) : records_(records), numbers_(records.size(), 0)
 {

@@ -181,6 +181,18 @@ QString nameOf(const GedcomTree& tree, NodeIndex line)
     return pieces.join(u' ').simplified();
 }
 
+QString shownName(const GedcomTree& tree)
+{
+    for (const NodeIndex line : tree.children(0)) {
+        if (tree[line].line.tag != "NAME")
+            continue;
+        QString name = nameOf(tree, line);
+        if (!name.isEmpty())
+            return name;
+    }
+    return {};
+}
+
 PersonReading readPerson(const GedcomTree& tree, NodeLedger& ledger, SharedNotes& sharedNotes)
 {
     return PersonReader(tree, ledger, sharedNotes).read();

@@ -35,4 +35,7 @@ PersonReading readPerson(const GedcomTree& tree, NodeLedger& ledger, SharedNotes
 /// The name that a NAME line gives, by its value or else its pieces; empty if none.
 QString nameOf(const GedcomTree& tree, NodeIndex line);
 
+/// The name that counts of the person in the tree; empty if none.
+QString shownName(const GedcomTree& tree);
+
 } // namespace lineara

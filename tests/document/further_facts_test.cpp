@@ -3,10 +3,14 @@
 #include "document/document_window.h"
 #include "edited_document.h"
 #include "further_facts_dialog.h"
+#include "further_facts_list.h"
 
+#include <QClipboard>
 #include <QDialog>
+#include <QHeaderView>
 #include <QLabel>
-#include <QTreeWidget>
+#include <QPushButton>
+#include <QTest>
 
 namespace lineara {
 namespace {
@@ -22,6 +26,13 @@ const char* const smith = "0 HEAD\n"
                           "2 PLAC Norwich\n"
                           "0 @I2@ INDI\n"
                           "1 NAME Bert /Smith/\n"
+                          "0 @F1@ FAM\n"
+                          "1 WIFE @I1@\n"
+                          "1 CHIL @I2@\n"
+                          "1 MARR Y\n"
+                          "2 SOUR @S1@\n"
+                          "0 @S1@ SOUR\n"
+                          "1 TITL The <b>Book</b> of Ely\n"
                           "0 TRLR\n";
 
 class ImportedDocument : public testing::Test
@@ -32,6 +43,7 @@ protected:
         const TestFiles files;
         auto opened = Document::open(files.write(QStringLiteral("smith.ged"), smith));
         document = std::move(opened.value());
+        document->setReducedMotion(true);
         document->window().show();
         EXPECT_TRUE(settle(*document));
     }
@@ -42,39 +54,136 @@ protected:
         QApplication::processEvents();
     }
 
-    const Person& person(std::size_t at) const { return *document->pool().persons()[at]; }
+    Person& person(std::size_t at) const { return *document->pool().persons()[at]; }
     QDialog* dialog() const { return document->window().findChild<QDialog*>(QStringLiteral("furtherFactsDialog")); }
+
+    QPushButton& factsButton() const
+    {
+        return *document->window().findChild<QPushButton*>(QStringLiteral("factsButton"));
+    }
+
+    /// Opened by the button in the person's editor.
+    FurtherFactsList& listOf(std::size_t at)
+    {
+        document->selectPerson(person(at));
+        EXPECT_TRUE(settle(*document));
+        factsButton().click();
+        return *dynamic_cast<FurtherFactsList*>(dialog()->findChild<QTreeWidget*>());
+    }
 
     std::unique_ptr<Document> document;
 };
 
-TEST_F(ImportedDocument, CountsWhatNoFieldHolds)
+int countItems(const QTreeWidgetItem& item)
 {
-    EXPECT_EQ(countFurtherFacts(person(0)), 3);
-    EXPECT_EQ(countFurtherFacts(person(1)), 0);
+    int count = item.flags().testFlag(Qt::ItemIsSelectable) ? 1 : 0;
+    for (int at = 0; at < item.childCount(); ++at)
+        count += countItems(*item.child(at));
+    return count;
 }
 
-TEST_F(ImportedDocument, ListsItWithWhereItComesFrom)
+TEST_F(ImportedDocument, CountsAsManyFactsAsItLists)
 {
-    showFurtherFacts(document->window(), person(0));
-    ASSERT_NE(dialog(), nullptr);
+    FurtherFactsList& list = listOf(0);
+    EXPECT_TRUE(factsButton().text().startsWith(QStringLiteral("5 "))) << factsButton().text().toStdString();
+    int count = 0;
+    for (int at = 0; at < list.topLevelItemCount(); ++at)
+        count += countItems(*list.topLevelItem(at));
+    EXPECT_EQ(count, 5);
+}
+
+TEST_F(ImportedDocument, ListsFactsWithWhereTheyComeFrom)
+{
+    const FurtherFactsList& list = listOf(0);
     const QString heading = dialog()->findChild<QLabel*>()->text();
     EXPECT_TRUE(heading.contains(QStringLiteral("smith.ged"))) << heading.toStdString();
     EXPECT_TRUE(heading.contains(QStringLiteral("line 3"))) << heading.toStdString();
-    const auto* const list = dialog()->findChild<QTreeWidget*>();
-    EXPECT_EQ(list->accessibleName(), QStringLiteral("Further Facts"));
-    ASSERT_EQ(list->topLevelItemCount(), 2);
-    const QTreeWidgetItem& occupation = *list->topLevelItem(0);
+    EXPECT_EQ(list.accessibleName(), QStringLiteral("Further Facts"));
+    ASSERT_EQ(list.topLevelItemCount(), 3);
+    const QTreeWidgetItem& occupation = *list.topLevelItem(0);
     EXPECT_EQ(occupation.text(1), QStringLiteral("Miller"));
     ASSERT_EQ(occupation.childCount(), 1);
     EXPECT_EQ(occupation.child(0)->text(1), QStringLiteral("Ely"));
-    EXPECT_EQ(list->topLevelItem(1)->text(1), QStringLiteral("Norwich"));
+    EXPECT_EQ(list.topLevelItem(1)->text(1), QStringLiteral("Norwich"));
+    const QTreeWidgetItem& family = *list.topLevelItem(2);
+    EXPECT_EQ(family.text(0), QStringLiteral("Family without a partner"));
+    ASSERT_EQ(family.childCount(), 1);
+    EXPECT_EQ(family.child(0)->text(0), QStringLiteral("Marriage"));
+    EXPECT_EQ(family.child(0)->child(0)->text(1), QStringLiteral("The <b>Book</b> of Ely"));
+}
+
+TEST_F(ImportedDocument, CopiesWhatIsSelectedWithItsHeading)
+{
+    FurtherFactsList& list = listOf(0);
+    dialog()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog()));
+    list.selectAll();
+    const QString facts = QStringLiteral("Occupation: Miller\n  Place: Ely\nBirth: Place: Norwich\n"
+                                         "Family without a partner\n  Marriage: Y\n    Source: The <b>Book</b> of Ely");
+    list.setFocus();
+    QTest::keyClick(dialog()->windowHandle(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), facts.toStdString());
+    list.clearSelection();
+    list.topLevelItem(2)->child(0)->child(0)->setSelected(true);
+    EXPECT_EQ(list.selectedText(), QStringLiteral("Family without a partner\n    Source: The <b>Book</b> of Ely"));
+}
+
+TEST_F(ImportedDocument, IsReadByTheArrowKeys)
+{
+    FurtherFactsList& list = listOf(0);
+    list.setFocus();
+    ASSERT_NE(list.currentItem(), nullptr);
+    EXPECT_EQ(list.currentItem()->text(1), QStringLiteral("Miller"));
+    QStringList read;
+    for (int key = 0; key < 4; ++key) {
+        QTest::keyClick(&list, Qt::Key_Down);
+        read << list.currentItem()->text(0);
+    }
+    EXPECT_EQ(read.join(u' '), QStringLiteral("Place Birth: Place Family without a partner Marriage"));
 }
 
 TEST_F(ImportedDocument, HasNothingToShowOfSomebodyWhoWasMadeHere)
 {
-    showFurtherFacts(document->window(), document->context().insertPerson());
+    showFurtherFacts(document->window(), document->context().insertPerson(), {});
     EXPECT_EQ(dialog(), nullptr);
+}
+
+TEST(FurtherFactsList, ShortensLongValuesAndKeepsThemWhole)
+{
+    const QString words = QStringLiteral("word ").repeated(1'000);
+    FurtherFactsList list({{QStringLiteral("Note"), words, 0}});
+    const QTreeWidgetItem& note = *list.topLevelItem(0);
+    EXPECT_LT(note.text(1).size(), 400);
+    EXPECT_TRUE(note.text(1).endsWith(u'…'));
+    EXPECT_GT(note.toolTip(1).size(), note.text(1).size());
+    list.selectAll();
+    EXPECT_EQ(list.selectedText(), QStringLiteral("Note: ") + words);
+}
+
+TEST(FurtherFactsList, ShowsTextsAsTheyStand)
+{
+    const FurtherFactsList list({{QStringLiteral("Note"), QStringLiteral("a <b>bold</b>\nword"), 0}});
+    EXPECT_EQ(list.topLevelItem(0)->toolTip(1), QStringLiteral("<p>a &lt;b&gt;bold&lt;/b&gt;<br>word</p>"));
+}
+
+TEST(FurtherFactsList, GivesRoomToItsValuesWhateverItsHeadingsSay)
+{
+    FurtherFactsList list({{QStringLiteral("Family of ") + QString(200, u'x'), {}, 0, true},
+                           {QStringLiteral("Marriage"), QStringLiteral("Y"), 1}});
+    list.resize(600, 300);
+    EXPECT_LT(list.header()->sectionSize(0), 200);
+}
+
+TEST(FurtherFactsList, FindsTheHeightOfRowsAnewWhenItsColumnsChange)
+{
+    FurtherFactsList list({{QStringLiteral("Note"), QStringLiteral("word ").repeated(50), 0}});
+    list.resize(1'200, 300);
+    list.show();
+    QApplication::processEvents();
+    const int low = list.visualItemRect(list.topLevelItem(0)).height();
+    list.resize(300, 300);
+    QTest::qWait(50);
+    EXPECT_GT(list.visualItemRect(list.topLevelItem(0)).height(), 2 * low);
 }
 
 } // namespace

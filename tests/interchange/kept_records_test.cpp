@@ -2,19 +2,16 @@
 
 #include "gedcom_charset.h"
 #include "import_notes.h"
-#include "interchange/further_facts.h"
 
 #include <QDirIterator>
 #include <QFile>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <map>
 
 namespace lineara {
 namespace {
-
-using testing::ElementsAre;
 
 QByteArray keptText(const ImportedFamily& family)
 {
@@ -126,41 +123,6 @@ INSTANTIATE_TEST_SUITE_P(Files, RealGenealogies,
                                          "malformed/duplicate-xref.ged", "malformed/invalid-xref.ged",
                                          "malformed/level-jump-skip.ged", "malformed/missing-header.ged",
                                          "malformed/unterminated-xref.ged"));
-
-std::vector<std::string> facts(const QByteArray& text)
-{
-    std::vector<std::string> list;
-    for (const auto& [label, value, depth] : furtherFacts(text))
-        list.push_back(std::string(static_cast<std::size_t>(depth), '-') + label.toStdString() + "=" +
-                       value.toStdString());
-    return list;
-}
-
-TEST(FurtherFacts, AreWhatNoFieldHolds)
-{
-    EXPECT_THAT(
-        facts("0 @I1@ INDI\n1 NAME Ann /Hathaway/\n2 SURN Hathaway\n1 NAME Ann /Shakespeare/\n1 SEX F\n"
-              "1 BIRT\n2 DATE ABT 1556\n2 PLAC Shottery\n1 DEAT\n2 DATE 6 AUG 1623\n1 OCCU brewer\n2 CONT and wife\n"
-              "2 DATE 1600\n3 TIME noon\n1 NOTE taken\n1 NOTE @N1@\n1 FAMS @F1@\n1 FAMC @F2@\n2 PEDI adopted\n"
-              "1 SOUR @S1@\n1 _MILT yes\n"),
-        ElementsAre("Name=Ann /Shakespeare/", "Sex=F", "Birth: Date=ABT 1556", "Birth: Place=Shottery",
-                    "Occupation=brewer\nand wife", "-Date=1600", "--Time=noon",
-                    "Family as a child: Relation to the parents=adopted", "Source=@S1@", "_MILT=yes"));
-}
-
-TEST(FurtherFacts, TellOfParentsBeyondTwo)
-{
-    EXPECT_THAT(facts("0 @I1@ INDI\n1 FAMC @F1@\n1 FAMC @F2@\n2 PEDI adopted\n"),
-                ElementsAre("Family as a child=@F1@", "Family as a child=@F2@", "-Relation to the parents=adopted"));
-}
-
-TEST(FurtherFacts, OfOtherAndBrokenRecordsAreListedToo)
-{
-    EXPECT_THAT(facts("0 @F1@ FAM\n1 HUSB @I1@\n1 MARR\n2 DATE 1582\n"), ElementsAre("Marriage=", "-Date=1582"));
-    EXPECT_THAT(facts("0 @I1@ INDI\njunk\n4 DATE 1900\n"), ElementsAre("Unreadable line=junk", "Date=1900"));
-    EXPECT_THAT(facts("0 @I1 INDI\n1 SEX M\n"), ElementsAre("Unreadable line=0 @I1 INDI", "Sex=M"));
-    EXPECT_THAT(facts(""), ElementsAre());
-}
 
 TEST(ImportSummary, TellsNoDeclarationThatIsRight)
 {

@@ -1,5 +1,6 @@
 #include "exported.h"
 #include "hang_guard.h"
+#include "interchange/further_facts.h"
 
 #include <gtest/gtest.h>
 
@@ -73,6 +74,23 @@ double secondsOfExporting(const ObjectContext& family)
 // Eight times the text takes eight times as long, and would take 64 times as long if it were gone over again and again.
 constexpr double mostTimes = 24;
 constexpr double unmeasurable = 0.05;
+
+TEST(FurtherFacts, OfEverybodyTakeLinearTime)
+{
+    const auto secondsOf = [](int persons) {
+        const auto family = imported(lineOfAncestors(persons, Order::Mixed));
+        const std::clock_t before = std::clock();
+        ImportedFacts facts(*family.context);
+        std::size_t count = 0;
+        for (const Person* person : membersOf(family))
+            count += facts.count(*person);
+        EXPECT_EQ(count, 0U);
+        return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+    };
+    const HangGuard guard;
+    const double few = secondsOf(lineLength / 40);
+    EXPECT_LT(secondsOf(lineLength / 5), mostTimes * few + unmeasurable);
+}
 
 TEST(LongTexts, AreExportedInLinearTime)
 {

@@ -23,6 +23,7 @@ class EditMenu;
 class FamilyContent;
 class FamilyInsight;
 class FamilyQueue;
+class ImportedFacts;
 class LinkLayer;
 class PersonList;
 class PersonTableViewController;
@@ -236,6 +237,7 @@ private:
     std::unique_ptr<TypeAhead> typeAhead_;
     std::unique_ptr<EditMenu> editMenu_;
     std::unique_ptr<FamilyInsight> insight_;
+    std::unique_ptr<ImportedFacts> importedFacts_; // asked by the list
     std::unique_ptr<PersonTableViewController> personTableViewController_;
     PersonList* list_ = nullptr; // the one above, or another in its place
     Selection selection_;

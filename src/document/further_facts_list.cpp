@@ -1,0 +1,171 @@
+#include "further_facts_list.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QStringBuilder>
+#include <QStyledItemDelegate>
+#include <QTreeWidgetItemIterator>
+
+#include <algorithm>
+
+namespace lineara {
+
+namespace {
+
+struct FurtherFactsTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(FurtherFacts)
+};
+
+enum Column
+{
+    Label,
+    Value
+};
+
+constexpr int wholeValue = Qt::UserRole;
+constexpr int mostLabelWidth = 280;
+constexpr int columnGap = 8;
+constexpr qsizetype mostInARow = 300;   // characters
+constexpr qsizetype mostInATip = 2'000; // a screenful
+constexpr int indent = 2;
+
+QString shortened(const QString& text, qsizetype most)
+{
+    return text.size() <= most ? text : QString(text.first(most).trimmed() % u'…');
+}
+
+/// Notes may hold marks that would be taken for formatting.
+QString plainToolTip(const QString& text)
+{
+    QString escaped = shortened(text, mostInATip).toHtmlEscaped();
+    return u"<p>" % escaped.replace(u'\n', QStringLiteral("<br>")) % u"</p>";
+}
+
+/// Gives rows the height that their texts need in the width of the column, for which a tree does not ask.
+class WrappingDelegate : public QStyledItemDelegate
+{
+public:
+    explicit WrappingDelegate(const QTreeView& view, QObject* owner) : QStyledItemDelegate(owner), view_(view) {}
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QStyleOptionViewItem wrapped = option;
+        wrapped.rect = QRect(0, 0, view_.columnWidth(index.column()), 1);
+        return QStyledItemDelegate::sizeHint(wrapped, index);
+    }
+
+private:
+    const QTreeView& view_;
+};
+
+bool isHeading(const QTreeWidgetItem& item)
+{
+    return !(item.flags() & Qt::ItemIsSelectable);
+}
+
+void showHeading(QTreeWidgetItem& item)
+{
+    item.setFlags(Qt::ItemIsEnabled);
+    item.setFirstColumnSpanned(true);
+    QFont bold = item.font(Label);
+    bold.setBold(true);
+    item.setFont(Label, bold);
+}
+
+int depthOf(const QTreeWidgetItem& item)
+{
+    return item.parent() ? depthOf(*item.parent()) + 1 : 0;
+}
+
+QString lineOf(const QTreeWidgetItem& item)
+{
+    const QString value = item.data(Value, wholeValue).toString();
+    const QString label = QString(indent * depthOf(item), u' ') % item.text(Label);
+    return value.isEmpty() ? label : QString(label % u": " % value);
+}
+
+} // namespace
+
+FurtherFactsList::FurtherFactsList(const std::vector<FurtherFact>& facts)
+{
+    setObjectName(QStringLiteral("furtherFacts"));
+    setAccessibleName(FurtherFactsTexts::tr("Further Facts"));
+    setHeaderLabels({FurtherFactsTexts::tr("Fact"), FurtherFactsTexts::tr("In the Imported File")});
+    setWordWrap(true);
+    setAlternatingRowColors(true);
+    setVerticalScrollMode(ScrollPerPixel);
+    setSelectionMode(ExtendedSelection);
+    fill(facts);
+    addCopying();
+    fitColumns();
+}
+
+void FurtherFactsList::fill(const std::vector<FurtherFact>& facts)
+{
+    std::vector<QTreeWidgetItem*> above; // by depth
+    for (const FurtherFact& fact : facts) {
+        above.resize(std::min(above.size(), static_cast<std::size_t>(fact.depth)));
+        auto* const item = above.empty() ? new QTreeWidgetItem(this) : new QTreeWidgetItem(above.back());
+        item->setText(Label, fact.label);
+        above.push_back(item);
+        if (fact.isHeading) {
+            showHeading(*item);
+            continue;
+        }
+        item->setTextAlignment(Label, Qt::AlignLeft | Qt::AlignTop);
+        item->setToolTip(Label, plainToolTip(fact.label));
+        item->setText(Value, shortened(fact.value, mostInARow));
+        item->setData(Value, wholeValue, fact.value);
+        if (!fact.value.isEmpty())
+            item->setToolTip(Value, plainToolTip(fact.value));
+    }
+    expandAll();
+    QTreeWidgetItemIterator first(this, QTreeWidgetItemIterator::Selectable);
+    setCurrentItem(*first);
+}
+
+void FurtherFactsList::addCopying()
+{
+    auto* const copy = new QAction(FurtherFactsTexts::tr("&Copy"), this);
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setShortcutContext(Qt::WidgetShortcut);
+    connect(copy, &QAction::triggered, this, [this] {
+        if (const QString text = selectedText(); !text.isEmpty())
+            QGuiApplication::clipboard()->setText(text);
+    });
+    addAction(copy);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void FurtherFactsList::fitColumns()
+{
+    setItemDelegateForColumn(Value, new WrappingDelegate(*this, this));
+    resizeColumnToContents(Label);
+    header()->resizeSection(Label, std::min(header()->sectionSize(Label) + columnGap, mostLabelWidth));
+    // Heights of rows follow from the widths.
+    connect(header(), &QHeaderView::sectionResized, this, [this] { scheduleDelayedItemsLayout(); });
+}
+
+QString FurtherFactsList::selectedText()
+{
+    QStringList lines;
+    const QTreeWidgetItem* heading = nullptr; // of the facts that come, until it is written
+    for (QTreeWidgetItemIterator at(this); *at; ++at) {
+        const QTreeWidgetItem& item = **at;
+        if (isHeading(item))
+            heading = &item;
+        if (!item.isSelected())
+            continue;
+        if (heading)
+            lines << lineOf(*heading);
+        heading = nullptr;
+        lines << lineOf(item);
+    }
+    return lines.join(u'\n');
+}
+
+} // namespace lineara

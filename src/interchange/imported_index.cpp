@@ -1,0 +1,130 @@
+#include "imported_index.h"
+
+#include "gedcom_pointer.h"
+#include "model/object_context.h"
+
+#include <algorithm>
+
+namespace lineara {
+namespace {
+
+std::string_view viewOfBytes(const QByteArray& bytes)
+{
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+/// Shows whatever stands between two @ signs of one line: every pointer, and more, without the time that reading lines
+/// takes.
+template<class See>
+void forEachBetweenSigns(std::string_view text, See see)
+{
+    for (auto open = text.find('@'); open != std::string_view::npos;) {
+        const auto close = text.find_first_of("@\n", open + 1);
+        if (close == std::string_view::npos)
+            return;
+        if (text[close] == '@')
+            see(text.substr(open + 1, close - open - 1));
+        open = text[close] == '@' ? close : text.find('@', close);
+    }
+}
+
+/// Whether pointers can mean the record: not if an earlier one had the same cross-reference.
+bool isReachable(const GedcomRecord& record, const SourceRecord& source)
+{
+    if (record.xref.empty() || record.xref == pointsAtNobody)
+        return false;
+    const QByteArray& dangling = source.origin().dangling;
+    return dangling.isEmpty() || !parted(viewOfBytes(dangling)).contains(record.xref);
+}
+
+} // namespace
+
+GedcomRecord readableRecord(const SourceRecord& source)
+{
+    GedcomRecord record;
+    record.text = viewOfBytes(source.text());
+    record.line = static_cast<std::uint32_t>(std::max(source.origin().line, 1));
+    if (const auto first = GedcomLineReader(record.text).next(); first && first->level == 0) {
+        record.tag = first->tag;
+        record.xref = first->xref;
+    }
+    return record;
+}
+
+ImportedIndex::ImportedIndex(const ObjectContext& family) : family_(family)
+{
+    const auto sources = family.allSources();
+    ids_.reserve(sources.size());
+    for (const SourceRecord* source : sources)
+        add(*source);
+    definitions_.finish();
+    namedByFamilies_.finish();
+}
+
+void ImportedIndex::add(const SourceRecord& source)
+{
+    const auto place = static_cast<XrefPlaces::Place>(ids_.size());
+    ids_.push_back(source.recordId());
+    const GedcomRecord record = readableRecord(source);
+    knowsDangling_ = knowsDangling_ || !source.origin().dangling.isNull();
+    if (isReachable(record, source))
+        definitions_.add(record.xref, place);
+    if (record.tag == "HEAD")
+        readVersion(source);
+    if (record.tag != "FAM")
+        return;
+    forEachBetweenSigns(record.text.substr(std::min(record.text.find('\n'), record.text.size())),
+                        [&](std::string_view xref) { namedByFamilies_.add(xref, place); });
+}
+
+/// The first header counts.
+void ImportedIndex::readVersion(const SourceRecord& header)
+{
+    if (hasVersion_)
+        return;
+    hasVersion_ = true;
+    const GedcomTree lines(readableRecord(header), false);
+    const auto format = lines.child(0, "GEDC");
+    const auto version = format ? lines.child(*format, "VERS") : std::nullopt;
+    isVersionSeven_ = version && lines[*version].line.value.starts_with('7');
+}
+
+bool ImportedIndex::knows(RecordId record) const
+{
+    return std::ranges::binary_search(ids_, record.number, {}, &RecordId::number);
+}
+
+const SourceRecord* ImportedIndex::sourceAt(XrefPlaces::Place place) const
+{
+    return family_.source(ids_[place]);
+}
+
+const SourceRecord* ImportedIndex::target(std::string_view xref) const
+{
+    for (const XrefPlaces::Place place : definitions_.find(xref)) {
+        const SourceRecord* const source = sourceAt(place);
+        if (source && readableRecord(*source).xref == xref)
+            return source;
+    }
+    return nullptr;
+}
+
+std::vector<const SourceRecord*> ImportedIndex::familiesNaming(std::string_view xref) const
+{
+    std::vector<const SourceRecord*> families;
+    for (const XrefPlaces::Place place : namedByFamilies_.find(xref)) {
+        if (const SourceRecord* const source = sourceAt(place))
+            families.push_back(source);
+    }
+    return families;
+}
+
+/// Families of older versions of the program don't know which pointers led nowhere when they were imported.
+bool ImportedIndex::isMissed(const SourceRecord& record, const GedcomLine& pointer) const
+{
+    if (!knowsDangling_ || !leadsToARecord(pointer) || target(pointer.value))
+        return false;
+    return !parted(viewOfBytes(record.origin().dangling)).contains(pointer.value);
+}
+
+} // namespace lineara
