@@ -9,6 +9,7 @@
 #include "node_ledger.h"
 #include "person_reading.h"
 #include "record_names.h"
+#include "taken_pictures.h"
 
 #include <optional>
 #include <unordered_map>
@@ -63,7 +64,7 @@ private:
         ledger_.open();
         const GedcomRecords none;
         SharedNotes noNotes(none);
-        readPerson(tree_, ledger_, noNotes);
+        takePictureLines(record_, tree_, readPerson(tree_, ledger_, noNotes), index_, ledger_);
     }
 
     void findFamilies()

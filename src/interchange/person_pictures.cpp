@@ -25,24 +25,6 @@ bool isPicture(const QByteArray& bytes)
            std::any_of(starts.begin(), starts.end(), [&](const QByteArray& start) { return bytes.startsWith(start); });
 }
 
-bool isMarkedPrimary(const GedcomTree& tree, NodeIndex object)
-{
-    for (const std::string_view tag : {"_PRIM", "_PRIMARY"}) {
-        const auto mark = tree.child(object, tag);
-        if (mark && tree[*mark].line.value.starts_with('Y'))
-            return true;
-    }
-    return false;
-}
-
-/// The format stands below the file in newer versions, beside it in older ones.
-QString formOf(const GedcomTree& tree, NodeIndex object, NodeIndex file)
-{
-    const auto own = tree.child(file, "FORM");
-    const auto form = own ? own : tree.child(object, "FORM");
-    return form ? tree.text(*form) : QString();
-}
-
 /// Names of the files below an object that may be pictures, and the lines they stand in.
 std::vector<std::pair<NodeIndex, QString>> pictureFiles(const GedcomTree& tree, NodeIndex object)
 {
@@ -68,6 +50,24 @@ bool mayBePicture(const QString& form, const QString& name)
     if (kind.startsWith(QStringLiteral("image/")) || endings.contains(kind))
         return true;
     return endings.contains(QFileInfo(name).suffix().toLower());
+}
+
+bool isMarkedPrimary(const GedcomTree& tree, NodeIndex object)
+{
+    for (const std::string_view tag : {"_PRIM", "_PRIMARY"}) {
+        const auto mark = tree.child(object, tag);
+        if (mark && tree[*mark].line.value.starts_with('Y'))
+            return true;
+    }
+    return false;
+}
+
+/// The format stands below the file in newer versions, beside it in older ones.
+QString formOf(const GedcomTree& tree, NodeIndex object, NodeIndex file)
+{
+    const auto own = tree.child(file, "FORM");
+    const auto form = own ? own : tree.child(object, "FORM");
+    return form ? tree.text(*form) : QString();
 }
 
 bool refusesPictures(const GedcomLine& line)

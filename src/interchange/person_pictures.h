@@ -21,6 +21,12 @@ class NodeLedger;
 /// Whether a file of that format and name can be a picture. Recordings and documents are none, and are not missed.
 bool mayBePicture(const QString& form, const QString& name);
 
+/// Whether the object is marked as the picture of its person.
+bool isMarkedPrimary(const GedcomTree& tree, NodeIndex object);
+
+/// The format that a file of the object is said to have; empty if none.
+QString formOf(const GedcomTree& tree, NodeIndex object, NodeIndex file);
+
 /// The picture of a person, as far as there is one.
 struct PictureReading
 {

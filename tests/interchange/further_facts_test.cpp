@@ -149,6 +149,38 @@ TEST(FurtherFacts, DoNotTakeALaterRecordForOneThatWasRemoved)
     EXPECT_THAT(factsOf(family, 0), IsEmpty());
 }
 
+/// Of a person who names pictures of that kind, of which the import took `taken`.
+std::vector<std::string> factsBesidePicture(const QByteArray& lines, const TakenPicture& taken)
+{
+    const auto family =
+        imported("0 HEAD\n0 @I1@ INDI\n" + lines + "0 @M1@ OBJE\n1 FILE a.jpg\n0 @M2@ OBJE\n1 FILE b.jpg\n0 TRLR\n");
+    member(family, 0).source()->setTakenPicture(std::make_shared<TakenPicture>(taken));
+    return factsOf(family, 0);
+}
+
+TEST(FurtherFacts, ArePicturesThatWereNotTaken)
+{
+    EXPECT_THAT(factsBesidePicture("1 OBJE @M1@\n1 OBJE @M2@\n2 NOTE at home\n", {QStringLiteral("b.jpg"), {}}),
+                ElementsAre("Picture or recording=a.jpg", "Picture or recording: Note=at home"));
+    EXPECT_THAT(factsBesidePicture("1 OBJE\n2 FORM jpg\n2 FILE a.jpg\n2 TITL Anna\n2 _PRIM Y\n1 OBJE\n2 FILE b.jpg\n",
+                                   {QStringLiteral("a.jpg"), {}}),
+                ElementsAre("Picture or recording: Title=Anna", "Picture or recording=", "-File=b.jpg"));
+    EXPECT_THAT(factsBesidePicture("1 OBJE @M1@\n1 _PHOTO @M1@\n", {QStringLiteral("a.jpg"), {}}), IsEmpty());
+    EXPECT_THAT(factsBesidePicture("1 OBJE @M1@\n1 _PHOTO @VOID@\n", {}), ElementsAre("Picture or recording=a.jpg"));
+}
+
+/// Families of older versions know of a picture, but not which one it is.
+TEST(FurtherFacts, AreNotTheFirstPictureWhereNobodyKnowsWhichWasTaken)
+{
+    const auto family = imported("0 HEAD\n0 @I1@ INDI\n1 OBJE\n2 FILE will.txt\n1 OBJE\n2 FILE a.jpg\n1 OBJE\n"
+                                 "2 FILE b.jpg\n2 _PRIM Y\n0 TRLR\n");
+    member(family, 0).source()->setTakenPicture(nullptr);
+    EXPECT_THAT(factsOf(family, 0), Contains("-File=b.jpg"));
+    member(family, 0).changePic(QByteArray("\x89PNG"));
+    EXPECT_THAT(factsOf(family, 0),
+                ElementsAre("Picture or recording=", "-File=will.txt", "Picture or recording=", "-File=a.jpg"));
+}
+
 const QByteArray smiths = "0 HEAD\n1 CHAR UTF-8\n0 @I1@ INDI\n1 NAME Anna /Smith/\n1 FAMS @F1@\n2 NOTE of one's own\n"
                           "0 @I2@ INDI\n1 NAME Bert /Smith/\n1 FAMS @F1@\n"
                           "0 @I3@ INDI\n1 NAME Carl /Smith/\n1 FAMC @F1@\n2 PEDI birth\n"
