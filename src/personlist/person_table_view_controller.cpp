@@ -238,10 +238,18 @@ void PersonTableViewController::observeChange(const Change& change)
     const auto* const one = std::get_if<AttributesChanged>(&change);
     if (one && one->attributes.testFlag(PersonAttribute::Image))
         thumbnails_->forget(one->person.recordId());
-    if ((one && (one->attributes & ~notShown)) || std::holds_alternative<Replayed>(change))
+    if ((one && (one->attributes & ~notShown)) || std::holds_alternative<Replayed>(change) || isLinkOfOpenRow(change))
         showLater();
     if (auto* const cell = openRow_->cell(); cell && one && one->person.recordId() == *openRow_->person())
         cell->refresh();
+}
+
+/// Further facts are told of persons by their links, too.
+bool PersonTableViewController::isLinkOfOpenRow(const Change& change) const
+{
+    const auto* const link = std::get_if<LinkChanged>(&change);
+    const auto open = openRow_->person();
+    return link && open && (link->owner.recordId() == *open || link->member.recordId() == *open);
 }
 
 /// Once for everything that changes in the present event.

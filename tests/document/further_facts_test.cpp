@@ -92,6 +92,17 @@ TEST_F(ImportedDocument, CountsAsManyFactsAsItLists)
     EXPECT_EQ(count, 5);
 }
 
+TEST_F(ImportedDocument, CountsAnewWhenALinkGoes)
+{
+    document->selectPerson(person(0));
+    EXPECT_TRUE(settle(*document));
+    document->context().journal().begin(QStringLiteral("Remove Link"));
+    person(0).removeChild(person(1));
+    EXPECT_TRUE(settle(*document));
+    QApplication::processEvents();
+    EXPECT_TRUE(factsButton().text().startsWith(QStringLiteral("6 "))) << factsButton().text().toStdString();
+}
+
 TEST_F(ImportedDocument, ListsFactsWithWhereTheyComeFrom)
 {
     const FurtherFactsList& list = listOf(0);

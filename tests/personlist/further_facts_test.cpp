@@ -32,6 +32,20 @@ TEST_F(FurtherFactsInTheList, AreCountedBelowTheNotes)
     EXPECT_GE(button().geometry().top(), shown.notes().geometry().bottom());
 }
 
+TEST_F(FurtherFactsInTheList, AreCountedAnewWhenTheLinksOfThePersonChange)
+{
+    shown.list->setFurtherFacts(
+        {[](const Person& person) { return static_cast<int>(person.partners().size()); }, [](const Person&) {}});
+    shown.select(known);
+    EXPECT_FALSE(button().isVisible());
+    known.addPartner(unknown);
+    QApplication::processEvents();
+    EXPECT_TRUE(button().isVisible());
+    unknown.removePartner(known);
+    QApplication::processEvents();
+    EXPECT_FALSE(button().isVisible());
+}
+
 TEST_F(FurtherFactsInTheList, TakeNoRoomWhereThereAreNone)
 {
     shown.select(unknown);

@@ -79,6 +79,7 @@ public:
 private:
     PersonTableCellView* makeCell(RecordId person);
     void observeChange(const Change& change);
+    bool isLinkOfOpenRow(const Change& change) const;
     void showLater();
     void rowChosen(std::optional<int> row);
     void chosen(std::optional<RecordId> person);
