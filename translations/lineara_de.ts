@@ -2324,6 +2324,10 @@
         <source>Persons taken over: %1, partner links: %2, parent links: %3.</source>
         <translation>Übernommene Personen: %1, Partnerverbindungen: %2, Elternverbindungen: %3.</translation>
     </message>
+    <message>
+        <source>Lines not taken: %1.</source>
+        <translation>Nicht übernommene Zeilen: %1.</translation>
+    </message>
 </context>
 <context>
     <name>Saving</name>

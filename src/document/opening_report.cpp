@@ -2,6 +2,9 @@
 
 #include <QCoreApplication>
 
+#include <initializer_list>
+#include <utility>
+
 namespace lineara {
 
 namespace {
@@ -18,15 +21,17 @@ QString inOneLine(const ImportReport& report)
                           .arg(report.persons)
                           .arg(report.partnerLinks)
                           .arg(report.offspringLinks);
-    if (report.keptLines > 0)
-        summary += QLatin1Char(' ') + ReportTexts::tr("Lines kept beside them: %1.").arg(report.keptLines);
-    if (report.refusedLinks > 0)
-        summary += QLatin1Char(' ') + ReportTexts::tr("Links refused: %1.").arg(report.refusedLinks);
-    if (report.unreadableLines > 0)
-        summary += QLatin1Char(' ') + ReportTexts::tr("Lines that can't be read: %1.").arg(report.unreadableLines);
-    if (!report.leftFiles.isEmpty())
-        summary += QLatin1Char(' ') +
-                   ReportTexts::tr("Files of the archive that are not kept: %1.").arg(report.leftFiles.size());
+    const std::initializer_list<std::pair<QString, std::size_t>> others{
+        {ReportTexts::tr("Lines kept beside them: %1."), report.keptLines},
+        {ReportTexts::tr("Links refused: %1."), report.refusedLinks},
+        {ReportTexts::tr("Lines not taken: %1."), report.notTaken},
+        {ReportTexts::tr("Lines that can't be read: %1."), report.unreadableLines},
+        {ReportTexts::tr("Files of the archive that are not kept: %1."),
+         static_cast<std::size_t>(report.leftFiles.size())},
+    };
+    for (const auto& [text, count] : others)
+        if (count > 0)
+            summary += QLatin1Char(' ') + text.arg(count);
     return summary;
 }
 
