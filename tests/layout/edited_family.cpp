@@ -31,9 +31,9 @@ EditedFamily::Rows rowsOf(const std::vector<Generation>& generations)
 
 } // namespace
 
-EditedFamily EditedFamily::imported(const char* name)
+EditedFamily EditedFamily::imported(const char* name, const QString& folder)
 {
-    const auto read = importGedcomFile(QStringLiteral(LINEARA_TEST_DATA "/gedcom/") + QString::fromLatin1(name));
+    const auto read = importGedcomFile(folder + u'/' + QString::fromLatin1(name));
     if (read.failed())
         throw std::runtime_error(read.failure().message.toStdString());
     const Pool& pool = *read.value().context->allPools().front();

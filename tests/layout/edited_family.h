@@ -4,6 +4,8 @@
 
 #include "layout/tidy.h"
 
+#include <QString>
+
 #include <cstdint>
 #include <map>
 #include <vector>
@@ -18,8 +20,8 @@ public:
     using Places = std::vector<std::int32_t>;
     using Rows = std::map<Generation, std::vector<PersonIndex>>;
 
-    /// The genealogy among the test data that has this name, in the engine's rows and tidied up.
-    static EditedFamily imported(const char* name);
+    /// The genealogy of this name, among the test data or in another folder, in the engine's rows and tidied up.
+    static EditedFamily imported(const char* name, const QString& folder = QStringLiteral(LINEARA_TEST_DATA "/gedcom"));
 
     std::size_t persons() const { return links_.persons(); }
     /// Who is linked with whom; the rows are to be asked for below.
