@@ -15,7 +15,7 @@ namespace lineara {
 
 namespace {
 
-struct FurtherFactsTexts
+struct FurtherFactsListTexts
 {
     Q_DECLARE_TR_FUNCTIONS(FurtherFacts)
 };
@@ -93,8 +93,8 @@ QString lineOf(const QTreeWidgetItem& item)
 FurtherFactsList::FurtherFactsList(const std::vector<FurtherFact>& facts)
 {
     setObjectName(QStringLiteral("furtherFacts"));
-    setAccessibleName(FurtherFactsTexts::tr("Further Facts"));
-    setHeaderLabels({FurtherFactsTexts::tr("Fact"), FurtherFactsTexts::tr("In the Imported File")});
+    setAccessibleName(FurtherFactsListTexts::tr("Further Facts"));
+    setHeaderLabels({FurtherFactsListTexts::tr("Fact"), FurtherFactsListTexts::tr("In the Imported File")});
     setWordWrap(true);
     setAlternatingRowColors(true);
     setVerticalScrollMode(ScrollPerPixel);
@@ -130,7 +130,7 @@ void FurtherFactsList::fill(const std::vector<FurtherFact>& facts)
 
 void FurtherFactsList::addCopying()
 {
-    auto* const copy = new QAction(FurtherFactsTexts::tr("&Copy"), this);
+    auto* const copy = new QAction(FurtherFactsListTexts::tr("&Copy"), this);
     copy->setShortcut(QKeySequence::Copy);
     copy->setShortcutContext(Qt::WidgetShortcut);
     connect(copy, &QAction::triggered, this, [this] {
