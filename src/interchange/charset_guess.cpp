@@ -11,6 +11,7 @@ namespace lineara {
 namespace {
 
 constexpr std::size_t enoughBytes = std::size_t{4} * 1024 * 1024;
+constexpr QChar apostrophe = u'\u2019';
 
 bool isHigh(char byte)
 {
@@ -23,17 +24,34 @@ bool composes(QChar letter, QChar mark)
     return QString(both, 2).normalized(QString::NormalizationForm_C).size() == 1;
 }
 
-int fitOfCharacter(CodePage page, std::string_view text, std::size_t at)
+/// Greek letters, arithmetic and the parts of boxes, which the sets of DOS have where others have letters.
+bool isForeignToWords(QChar character)
+{
+    constexpr char16_t firstOfBoxes = 0x2500;
+    constexpr char16_t lastOfBoxes = 0x259F;
+    constexpr char16_t raisedN = 0x207F;
+    if (character.isLetter())
+        return character.script() != QChar::Script_Latin || character == raisedN;
+    const bool isBox = character >= QChar(firstOfBoxes) && character <= QChar(lastOfBoxes);
+    return isBox || character.category() == QChar::Symbol_Math;
+}
+
+std::int64_t fitOfCharacter(CodePage page, std::string_view text, std::size_t at, std::int64_t weightOfMisfit)
 {
     const QChar character = unicodeOf(page, text[at]);
     const QChar before = at > 0 ? unicodeOf(page, text[at - 1]) : u'\n';
     const QChar after = at + 1 < text.size() ? unicodeOf(page, text[at + 1]) : u'\n';
     if (character.isNull())
-        return -1;
+        return -weightOfMisfit;
+    // In ANSEL the letters of other scripts are signs of transliteration, which do stand in words.
+    if (page != CodePage::Ansel && isForeignToWords(character) && (before.isLetter() || after.isLetter()))
+        return -weightOfMisfit;
+    if (!character.isLetter() && before.isLetter() && after.isLetter())
+        return character == apostrophe ? 1 : -weightOfMisfit;
     if (!character.isLetter())
-        return before.isLetter() && after.isLetter() ? -1 : 0;
+        return 0;
     if (character.isUpper() && before.isLower())
-        return -1;
+        return -weightOfMisfit;
     return before.isLetter() || after.isLetter() ? 1 : 0;
 }
 
@@ -66,6 +84,15 @@ struct MarkCounts
     }
 };
 
+/// Of the letters of Windows some are letters in the sets of DOS and Macintosh as well, if others. Against these each
+/// of the many that are not weighs the more.
+bool isBelievable(CodePage declared, std::string_view text)
+{
+    const bool hasItsOwnPlaces = declared == CodePage::Ansel || declared == CodePage::Windows1252;
+    constexpr std::int64_t weightOfMisfit = 2;
+    return fitOf(declared, text, hasItsOwnPlaces ? 1 : weightOfMisfit) >= 0;
+}
+
 /// Bytes of the character of UTF-8 that begins here; 0 if none does.
 std::size_t utf8Length(std::string_view text)
 {
@@ -80,7 +107,7 @@ std::size_t utf8Length(std::string_view text)
 
 } // namespace
 
-std::int64_t fitOf(CodePage page, std::string_view text)
+std::int64_t fitOf(CodePage page, std::string_view text, std::int64_t weightOfMisfit)
 {
     text = text.substr(0, enoughBytes);
     std::int64_t fit = 0;
@@ -93,7 +120,7 @@ std::int64_t fitOf(CodePage page, std::string_view text)
         else if (page == CodePage::Ansel && isAnselMark(text[at]))
             marks.count(text, at);
         else
-            fit += fitOfCharacter(page, text, at);
+            fit += fitOfCharacter(page, text, at, weightOfMisfit);
     }
     return fit + marks.fit();
 }
@@ -144,7 +171,7 @@ std::optional<CodePage> declaredPage(std::string_view declaration)
 
 CodePage bestPage(std::optional<CodePage> declared, std::string_view text)
 {
-    if (declared && fitOf(*declared, text) >= 0)
+    if (declared && isBelievable(*declared, text))
         return *declared;
     // Only those that genealogies are often written in without saying so; the first one wins a tie.
     static constexpr std::array likely = {CodePage::Windows1252, CodePage::Ansel, CodePage::Dos437};

@@ -8,8 +8,9 @@
 
 namespace lineara {
 
-/// How well bytes fit a character set: characters that make sense where they stand less those that do not.
-std::int64_t fitOf(CodePage page, std::string_view text);
+/// How well bytes fit a character set: characters that make sense where they stand less those that do not, each of
+/// which counts as often as `weightOfMisfit` says.
+std::int64_t fitOf(CodePage page, std::string_view text, std::int64_t weightOfMisfit = 1);
 
 /// The same for UTF-8.
 std::int64_t fitOfUtf8(std::string_view text);

@@ -102,6 +102,64 @@ TEST(GedcomCharset, TheBytesWinOverTheDeclaration)
     EXPECT_EQ(nameIn("0 HEAD\n0 @I1@ INDI\n1 NAME Ren\xE9\n"), QStringLiteral("Ren\u00E9"));
 }
 
+// Read so, every word would hold Greek letters, lines of boxes or signs of arithmetic.
+TEST(GedcomCharset, TextOfWindowsThatCallsItselfDosIsReadAsOfWindows)
+{
+    const std::vector<std::pair<QByteArray, QString>> names = {
+        {"J\xFCrgen /M\xFCller/", QStringLiteral("J\u00FCrgen M\u00FCller")},
+        {"Gr\xF6\xDF\x65", QStringLiteral("Gr\u00F6\u00DFe")},
+        {"Hans /Wei\xDF/", QStringLiteral("Hans Wei\u00DF")},
+        {"\xC4rmel /\xD6hler/", QStringLiteral("\u00C4rmel \u00D6hler")},
+        {"S\xF8ren", QStringLiteral("S\u00F8ren")},
+        {"\xC5g\xE5rd", QStringLiteral("\u00C5g\u00E5rd")},
+        {"N\xE6r", QStringLiteral("N\u00E6r")},
+        {"Ren\xE9 /Gu\xE9rin/", QStringLiteral("Ren\u00E9 Gu\u00E9rin")}};
+    for (const auto& [bytes, name] : names) {
+        for (const char* charset : {"IBMPC", "CP850"}) {
+            const auto family = imported(withName(charset, bytes));
+            EXPECT_EQ(member(family, 0).name(), name) << charset;
+            EXPECT_EQ(family.report.charset, QStringLiteral("Windows-1252")) << bytes.constData() << charset;
+            EXPECT_EQ(notesOf(family), std::string("The file declares the character set \"") + charset +
+                                           "\", but is in Windows-1252 and was read so.");
+        }
+    }
+    // Some are letters there as well.
+    EXPECT_EQ(nameIn(withName("IBMPC", "S\xE1ndor Szab\xF3")), QStringLiteral("S\u00E1ndor Szab\u00F3"));
+    EXPECT_EQ(nameIn(withName("MACINTOSH", "Jos\xE9 Mu\xF1oz P\xE9rez G\xF3mez")),
+              QStringLiteral("Jos\u00E9 Mu\u00F1oz P\u00E9rez G\u00F3mez"));
+}
+
+TEST(GedcomCharset, AnApostropheBelongsInAWord)
+{
+    const QString name = QStringLiteral("O\u2019Neil");
+    EXPECT_EQ(nameIn(withName("ANSI", "O\x92Neil")), name);
+    EXPECT_EQ(nameIn(withName("UTF-8", "O\x92Neil")), name);
+    EXPECT_EQ(nameIn(withName("MACINTOSH", "O\xD5Neil")), name);
+}
+
+TEST(GedcomCharset, ShortTextOfDosIsReadAsDeclared)
+{
+    const std::vector<std::pair<QByteArray, QString>> names = {
+        {"J\x81rgen", QStringLiteral("J\u00FCrgen")},
+        {"Gr\x94\xE1\x65", QStringLiteral("Gr\u00F6\u00DFe")},
+        {"Wei\xE1", QStringLiteral("Wei\u00DF")},
+        {"J\x8EGER", QStringLiteral("J\u00C4GER")},
+        {"M\x9ALLER", QStringLiteral("M\u00DCLLER")},
+        {"\x99hler", QStringLiteral("\u00D6hler")},
+        {"\x8Fse", QStringLiteral("\u00C5se")},
+        {"Fran\x87ois", QStringLiteral("Fran\u00E7ois")},
+        {"Be\xA4\x61t \xA8qui\x82n?", QStringLiteral("Be\u00F1at \u00BFqui\u00E9n?")},
+        {"\xAE\x90lan\xAF", QStringLiteral("\u00AB\u00C9lan\u00BB")},
+        {"\xCD\xCD M\x81 \xCD\xCD", QStringLiteral("\u2550\u2550 M\u00FC \u2550\u2550")},
+        {"5 \xF1 2, 7\xF8 \xE3", QStringLiteral("5 \u00B1 2, 7\u00B0 \u03C0")}};
+    for (const auto& [bytes, name] : names) {
+        const auto family = imported(withName("IBMPC", bytes));
+        EXPECT_EQ(member(family, 0).name(), name);
+        EXPECT_EQ(family.report.charset, QStringLiteral("CP437")) << bytes.constData();
+        EXPECT_EQ(notesOf(family), "");
+    }
+}
+
 TEST(GedcomCharset, FurtherByteOrderMarksAreNoPartOfTheTextEither)
 {
     const QByteArray marks("\xEF\xBB\xBF\xEF\xBB\xBF\xEF\xBB\xBF");
