@@ -38,20 +38,18 @@ public:
     GedcomDate parse()
     {
         bool isPart = skipQualifiersAndCalendar();
-        const bool isRange = skip(isRangeOpener);
+        isRange_ = skip(isRangeOpener);
         isPart = skipQualifiersAndCalendar() || isPart;
         if (isUnknownCalendar_)
             return nothing(DateReading::OtherCalendar);
 
         GedcomDate date = readDate();
-        if (isRange)
-            makeFirstYearNegative(date);
-        const bool isConvincing = isConvincingDate(date, isRange);
+        const bool isConvincing = isConvincingDate(date);
         if (calendar_ != Calendar::Gregorian)
             convert(date);
-        if (isRange)
+        if (isRange_)
             date.day = date.month = std::nullopt;
-        isPart = isPart || isRange || lostSomething_ || at_ < words_.size();
+        isPart = isPart || isRange_ || lostSomething_ || at_ < words_.size();
         date.reading = calendar_ != Calendar::Gregorian ? DateReading::Converted
                        : isPart                         ? DateReading::Part
                                                         : DateReading::Whole;
@@ -170,40 +168,43 @@ private:
             return std::nullopt;
         const auto word = words_[at_];
         const auto slash = std::min(word.find('/'), word.size());
-        auto year = dateNumber(word.substr(0, slash));
-        if (!year || *year == 0)
+        const auto first = dateNumber(word.substr(0, slash));
+        if (!first || *first == 0)
             return std::nullopt;
-        if (slash < word.size()) {
-            const auto second = dateNumber(word.substr(slash + 1));
-            if (!second)
-                return std::nullopt;
-            constexpr std::size_t longestSecond = 2;
-            if (word.size() - slash - 1 <= longestSecond && isDouble(*year, *second, month))
-                ++*year;
-            lostSomething_ = true;
-        }
+        const auto second = word.substr(std::min(slash + 1, word.size()));
+        if (slash < word.size() && !dateNumber(second))
+            return std::nullopt;
+        lostSomething_ = lostSomething_ || slash < word.size();
         ++at_;
+        const bool isBefore = readEra();
+        const std::int32_t next = isBefore ? *first - 1 : *first + 1;
+        const std::int32_t year = isDouble(second, next, month) ? next : *first;
+        return isBefore ? -year : year;
+    }
+
+    /// Whether the year just read is one before Christ. A range that ends there begins there, too ("BET 50 AND 40 BC").
+    bool readEra()
+    {
         const bool isBefore = skip(isBeforeChrist);
         hasEra_ = isBefore || skip(isAfterChrist);
-        return isBefore ? -*year : *year;
-    }
-
-    /// Whether the numbers before and after the slash are one year counted from March and from January.
-    bool isDouble(std::int32_t first, std::int32_t second, std::optional<std::int32_t> month) const
-    {
-        constexpr std::int32_t century = 100;
-        const bool isNext = second == (first + 1) % century;
-        return isNext && calendar_ <= Calendar::Julian && (!month || *month <= lastMonthBeforeOldNewYear);
-    }
-
-    /// A range that ends before Christ begins there, too ("BET 50 AND 40 BC").
-    void makeFirstYearNegative(GedcomDate& date) const
-    {
         bool endsBeforeChrist = false;
-        for (auto at = at_; at < words_.size(); ++at)
+        for (auto at = at_; isRange_ && at < words_.size(); ++at)
             endsBeforeChrist = endsBeforeChrist || isBeforeChrist(words_[at]);
-        if (date.year && !hasEra_ && endsBeforeChrist)
-            date.year = -*date.year;
+        return isBefore || (!hasEra_ && endsBeforeChrist);
+    }
+
+    /// Whether what stands behind the slash makes one year of it, counted from March and from January: the next year,
+    /// whole or its last digits. Of two whole years without a month nobody knows.
+    bool isDouble(std::string_view second, std::int32_t next, std::optional<std::int32_t> month) const
+    {
+        const auto number = dateNumber(second);
+        const bool isInSeason = !month || *month <= lastMonthBeforeOldNewYear;
+        if (!number || next == 0 || calendar_ > Calendar::Julian || !isInSeason)
+            return false;
+        constexpr std::size_t usualDigits = 2;
+        if (second.size() == usualDigits)
+            return *number == next % 100;
+        return month && (*number == next || (second.size() == 1 && *number == next % 10));
     }
 
     void convert(GedcomDate& date) const
@@ -223,19 +224,20 @@ private:
     }
 
     /// A short number followed by something else is as likely no year at all ("1-3 July 1035", "10+").
-    bool isConvincingDate(const GedcomDate& date, bool isRange) const
+    bool isConvincingDate(const GedcomDate& date) const
     {
         const bool isComplete = at_ == words_.size();
         const bool needsNoEra = calendar_ == Calendar::FrenchRepublican;
         if (!date.year)
             return isComplete && date.month.has_value() && calendar_ == Calendar::Gregorian;
-        return isComplete || hasEra_ || isRange || needsNoEra || *date.year >= shortestClearYear;
+        return isComplete || hasEra_ || isRange_ || needsNoEra || *date.year >= shortestClearYear;
     }
 
     DateWords words_;
     std::size_t at_ = 0;
     Calendar calendar_ = Calendar::Gregorian;
     bool isUnknownCalendar_ = false;
+    bool isRange_ = false;
     bool lostSomething_ = false;
     bool hasEra_ = false;
 };

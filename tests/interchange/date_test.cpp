@@ -93,6 +93,43 @@ TEST(GedcomDates, OfADoubleYearTheOneCountedFromJanuaryCounts)
                {"@#DJULIAN@ 11 FEB 1731/32", "22.2.1732 converted"}});
 }
 
+TEST(GedcomDates, TheSecondYearOfADoubleYearIsWrittenInOneDigitInTwoOrWhole)
+{
+    expectAll({{"11 FEB 1731/2", "11.2.1732 part"},
+               {"11 FEB 1731/1732", "11.2.1732 part"},
+               {"FEB 1731/1732", "-.2.1732 part"},
+               {"1 JAN 1699/00", "1.1.1700 part"},
+               {"1 JAN 1699/0", "1.1.1700 part"},
+               {"1 JAN 1699/1700", "1.1.1700 part"},
+               {"24 MAR 999/1000", "24.3.1000 part"},
+               {"24 MAR 731/732", "24.3.732 part"},
+               {"@#DJULIAN@ 11 FEB 1731/2", "22.2.1732 converted"},
+               {"@#DJULIAN@ 11 FEB 1731/1732", "22.2.1732 converted"},
+               {"11 FEB 1731/3", "11.2.1731 part"},
+               {"11 FEB 1731/732", "11.2.1731 part"},
+               {"11 FEB 1731/1733", "11.2.1731 part"},
+               {"11 FEB 1731/1632", "11.2.1731 part"},
+               {"12 APR 1637/8", "12.4.1637 part"},
+               {"12 APR 1637/1638", "12.4.1637 part"},
+               {"1731/2", "-.-.1731 part"}});
+}
+
+TEST(GedcomDates, BeforeChristTheNextYearIsTheSmallerOne)
+{
+    expectAll({{"5 FEB 45/44 BC", "5.2.-44 part"},
+               {"5 FEB 45/4 BC", "5.2.-44 part"},
+               {"5 FEB 100/99 BC", "5.2.-99 part"},
+               {"5 FEB 1000/999 BC", "5.2.-999 part"},
+               {"100/99 BC", "-.-.-99 part"},
+               {"5 FEB 45/46 BC", "5.2.-45 part"},
+               {"45/46 BC", "-.-.-45 part"},
+               {"5 FEB 1/0 BC", "5.2.-1 part"},
+               {"5 FEB 45/44", "5.2.45 part"},
+               {"BET FEB 45/44 AND 40 BC", "-.-.-44 part"},
+               {"BET FEB 45/46 AND 50", "-.-.46 part"},
+               {"@#DJULIAN@ 15 MAR 45/44 BC", "13.3.-44 converted"}});
+}
+
 TEST(GedcomDates, OtherYearsBesideOneAnotherAreAlternatives)
 {
     expectAll({{"1815/1816", "-.-.1815 part"}, {"1815/17", "-.-.1815 part"}, {"12 APR 1637/38", "12.4.1637 part"}});
