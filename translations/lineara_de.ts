@@ -1167,6 +1167,10 @@
         <source>Family with %1 and %2</source>
         <translation>Familie mit %1 und %2</translation>
     </message>
+    <message>
+        <source>held bytes that are no UTF-8; they were read as Windows-1252</source>
+        <translation>enthielt Bytes, die kein UTF-8 sind; sie wurden als Windows-1252 gelesen</translation>
+    </message>
 </context>
 <context>
     <name>KinWords</name>

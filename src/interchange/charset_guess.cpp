@@ -1,5 +1,7 @@
 #include "charset_guess.h"
 
+#include "utf8_mending.h"
+
 #include <QString>
 
 #include <algorithm>
@@ -93,18 +95,6 @@ bool isBelievable(CodePage declared, std::string_view text)
     return fitOf(declared, text, hasItsOwnPlaces ? 1 : weightOfMisfit) >= 0;
 }
 
-/// Bytes of the character of UTF-8 that begins here; 0 if none does.
-std::size_t utf8Length(std::string_view text)
-{
-    const auto first = static_cast<unsigned char>(text.front());
-    const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : first >= 0xC2 ? 2 : 0;
-    const auto rest = text.substr(std::min<std::size_t>(1, text.size()), length - 1);
-    const bool isWhole = length > 0 && rest.size() == length - 1 && std::all_of(rest.begin(), rest.end(), [](char c) {
-                             return (static_cast<unsigned char>(c) & 0xC0u) == 0x80u;
-                         });
-    return isWhole ? length : 0;
-}
-
 } // namespace
 
 std::int64_t fitOf(CodePage page, std::string_view text, std::int64_t weightOfMisfit)
@@ -123,6 +113,11 @@ std::int64_t fitOf(CodePage page, std::string_view text, std::int64_t weightOfMi
             fit += fitOfCharacter(page, text, at, weightOfMisfit);
     }
     return fit + marks.fit();
+}
+
+bool isInWord(CodePage page, std::string_view text, std::size_t at)
+{
+    return fitOfCharacter(page, text, at, 1) > 0;
 }
 
 std::int64_t fitOfUtf8(std::string_view text)

@@ -15,6 +15,9 @@ std::int64_t fitOf(CodePage page, std::string_view text, std::int64_t weightOfMi
 /// The same for UTF-8.
 std::int64_t fitOfUtf8(std::string_view text);
 
+/// Whether a byte that is not ASCII, nor a mark, is a letter or an apostrophe of the word that it stands in.
+bool isInWord(CodePage page, std::string_view text, std::size_t at);
+
 /// The character set that a declaration means; no value for those of other kinds and unknown ones.
 std::optional<CodePage> declaredPage(std::string_view declaration);
 

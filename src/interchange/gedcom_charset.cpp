@@ -6,6 +6,7 @@
 #include "import_failure.h"
 #include "import_notes.h"
 #include "import_texts.h"
+#include "utf8_mending.h"
 
 #include <QStringBuilder>
 
@@ -99,23 +100,37 @@ bool isUtf8Name(std::string_view declaration)
 struct Decoded
 {
     GedcomText text;
-    bool mayHaveLost = false; ///< what was no character is U+FFFD now
+    bool mayHaveLost = false;                  ///< what was no character is U+FFFD now
+    std::vector<std::uint32_t> linesOfWindows; ///< of a text in UTF-8, with some bytes of Windows-1252
 };
+
+/// A text that is UTF-8 but for some bytes.
+Decoded readFaultyUtf8(std::string_view text)
+{
+    Decoded decoded{{{}, QStringLiteral("UTF-8"), {}}, true, {}};
+    const auto lines = withPlainLineEnds({text.data(), static_cast<qsizetype>(text.size())});
+    decoded.text.utf8 = mendedUtf8(viewOf(lines), decoded.linesOfWindows);
+    return decoded;
+}
 
 /// A text of bytes that stand for themselves, or for parts of UTF-8.
 Decoded readBytes(QByteArray bytes, std::string_view text, const Progress& progress)
 {
     const auto removeMark = [&] { return bytes.remove(0, static_cast<qsizetype>(viewOf(bytes).size() - text.size())); };
     if (isAscii(text))
-        return {{removeMark(), QStringLiteral("ASCII"), {}}, false};
+        return {{removeMark(), QStringLiteral("ASCII"), {}}, false, {}};
     if (bytes.isValidUtf8())
-        return {{removeMark(), QStringLiteral("UTF-8"), {}}, false};
+        return {{removeMark(), QStringLiteral("UTF-8"), {}}, false, {}};
+    const auto whole = withWholeCharacters(text);
+    if (whole && whole->isValidUtf8())
+        return {{*whole, QStringLiteral("UTF-8"), {}}, false, {}};
+    const auto asUtf8 = whole ? viewOf(*whole) : text;
     const auto declaration = declarationIn(text);
     const bool isMarked = text.size() != viewOf(bytes).size();
-    if ((isMarked || !declaredPage(declaration)) && fitOfUtf8(text) > 0)
-        return {{mendedUtf8(text), QStringLiteral("UTF-8"), {}}, true};
+    if ((isMarked || !declaredPage(declaration)) && fitOfUtf8(asUtf8) > 0)
+        return readFaultyUtf8(asUtf8);
     const CodePage page = bestPage(declaredPage(declaration), text);
-    return {{utf8FromPage(page, text, progress), pageName(page), {}}, true};
+    return {{utf8FromPage(page, text, progress), pageName(page), {}}, true, {}};
 }
 
 bool agrees(const QString& charset, std::string_view declaration)
@@ -172,6 +187,8 @@ Outcome<GedcomText> gedcomText(QByteArray bytes, const QString& name, ImportNote
     const auto declaration = declarationIn(text.view());
     text.declared = QString::fromUtf8(declaration.data(), static_cast<qsizetype>(declaration.size())).trimmed();
     account(text, decoded.mayHaveLost, notes);
+    for (const std::uint32_t line : decoded.linesOfWindows)
+        notes.remark(line, ImportTexts::tr("held bytes that are no UTF-8; they were read as Windows-1252"));
     if (!progress.goesOn((1 + decodedPart) / 2))
         return stoppedImport(name);
 

@@ -126,11 +126,6 @@ QByteArray utf8FromUtf16(std::string_view text, bool isBigEndian, const Progress
     return utf8;
 }
 
-QByteArray mendedUtf8(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toUtf8();
-}
-
 QByteArray withPlainLineEnds(QByteArray utf8)
 {
     if (utf8.isEmpty() || !std::memchr(utf8.constData(), '\r', static_cast<std::size_t>(utf8.size())))

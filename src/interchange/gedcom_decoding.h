@@ -20,9 +20,6 @@ QByteArray utf8FromPage(CodePage page, std::string_view text, const Progress& pr
 /// UTF-8 of a text in UTF-16; what is no character becomes U+FFFD. Not all if the progress is stopped.
 QByteArray utf8FromUtf16(std::string_view text, bool isBigEndian, const Progress& progress = {});
 
-/// UTF-8 of a text that is UTF-8 but for some bytes, which become U+FFFD.
-QByteArray mendedUtf8(std::string_view text);
-
 /// Ends every line with LF alone: CR, LF, CRLF and LFCR each end one, in any mixture.
 QByteArray withPlainLineEnds(QByteArray utf8);
 
