@@ -209,18 +209,19 @@ private:
 
     void convert(GedcomDate& date) const
     {
-        const bool isDay = date.year && date.month && date.day && *date.day >= 1 &&
-                           *date.day <= daysInMonth(calendar_, *date.year, *date.month);
-        if (isDay) {
-            const auto day = gregorianDay(dayNumber(calendar_, {*date.year, *date.month, *date.day}));
-            date.day = day.day;
-            date.month = day.month;
-            date.year = day.year;
-            return;
-        }
-        date.day = date.month = std::nullopt;
-        if (date.year)
+        const std::int32_t days = date.year && date.month ? daysInMonth(calendar_, *date.year, *date.month) : 0;
+        const bool isDay = date.day && *date.day >= 1 && *date.day <= days;
+        if (days > 0) {
+            const std::int32_t day = isDay ? *date.day : (days + 1) / 2;
+            const auto gregorian = gregorianDay(dayNumber(calendar_, {*date.year, *date.month, day}));
+            date.day = gregorian.day;
+            date.month = gregorian.month;
+            date.year = gregorian.year;
+        } else if (date.year) {
             date.year = gregorianYear(calendar_, *date.year);
+        }
+        if (!isDay)
+            date.day = date.month = std::nullopt;
     }
 
     /// A short number followed by something else is as likely no year at all ("1-3 July 1035", "10+").

@@ -31,8 +31,8 @@ struct GedcomDate
 /// Ranges and periods keep the year they begin with; "ABT", "BEF" and the like keep the date without the word. A double
 /// year ("11 FEB 1731/32") stands for one that began in March when others began in January: the latter counts. Julian,
 /// Hebrew and French Republican days are converted; of a month or year of these only the year is taken, the one in
-/// which the middle of that year lies. In a text that is no date by the rules the first clearly written year is taken
-/// ("soon after 1304").
+/// which the middle of that month or year lies. In a text that is no date by the rules the first clearly written year
+/// is taken ("soon after 1304").
 GedcomDate readGedcomDate(std::string_view value);
 
 } // namespace lineara

@@ -155,13 +155,24 @@ TEST(GedcomDates, OtherCalendarsAreConverted)
 
 TEST(GedcomDates, OfOtherCalendarsWithoutADayOnlyTheYearIsTaken)
 {
-    expectAll({{"@#DHEBREW@ TSH 4800", "-.-.1040 converted"},
+    // The Hebrew year begins in autumn, and so its first months lie in the year before that of its middle.
+    expectAll({{"@#DHEBREW@ TSH 4800", "-.-.1039 converted"},
+               {"@#DHEBREW@ CSH 5758", "-.-.1997 converted"},
+               {"@#DHEBREW@ SHV 5758", "-.-.1998 converted"},
+               {"@#DHEBREW@ ELL 5758", "-.-.1998 converted"},
+               {"@#DFRENCH R@ VEND 11", "-.-.1802 converted"},
+               {"@#DFRENCH R@ NIVO 11", "-.-.1803 converted"},
+               {"@#DFRENCH R@ COMP 11", "-.-.1803 converted"},
+               {"FROM @#DFRENCH R@ VEND 11 TO @#DFRENCH R@ VENT 11", "-.-.1802 converted"},
+               {"JULIAN DEC 1066", "-.-.1066 converted"},
                {"@#DHEBREW@ 5784", "-.-.2024 converted"},
                {"@#DFRENCH R@ 7", "-.-.1799 converted"},
                {"@#DFRENCH R@ THER 2", "-.-.1794 converted"},
                {"JULIAN OCT 1066", "-.-.1066 converted"},
                {"JULIAN 1066", "-.-.1066 converted"},
-               {"@#DHEBREW@ 30 TVT 5700", "-.-.1940 converted"},
+               // A month of 29 days, the most of them in December.
+               {"@#DHEBREW@ 30 TVT 5700", "-.-.1939 converted"},
+               // A month that the year does not have.
                {"@#DHEBREW@ 1 ADS 5785", "-.-.2025 converted"},
                {"BET @#DHEBREW@ 1 NSN 5700 AND @#DHEBREW@ 30 ELL 5700", "-.-.1940 converted"},
                {"FROM @#DJULIAN@ 1700 TO @#DJULIAN@ 1750", "-.-.1700 converted"}});
