@@ -243,10 +243,12 @@ private:
     bool hasEra_ = false;
 };
 
-/// The first number of three or four digits, else the first short one that is said to be a year.
+/// The first number of three or four digits, else the first short one that is said to be a year. A minus before it may
+/// mean a year before Christ as well as the end of a life, and the one must not become the other.
 GedcomDate findYear(std::string_view utf8)
 {
-    static const QRegularExpression clearYear(QStringLiteral("(?<!\\d)(\\d{3,4})(?!\\d)( *B\\.?C)?"),
+    static const QRegularExpression clearYear(QStringLiteral("(?<!\\S)[-\u2212\u2013]\\d{3,4}(?!\\d)(?! *B\\.?C)"
+                                                             "|(?<!\\d)(\\d{3,4})(?!\\d)( *B\\.?C)?"),
                                               QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression shortYear(
         QStringLiteral("(?<!\\d)(\\d{1,2}) *(?:(B\\.?C(?:\\.?E)?)|A\\.?D|C\\.?E)\\b"),

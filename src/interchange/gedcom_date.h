@@ -32,7 +32,7 @@ struct GedcomDate
 /// year ("11 FEB 1731/32") stands for one that began in March when others began in January: the latter counts. Julian,
 /// Hebrew and French Republican days are converted; of a month or year of these only the year is taken, the one in
 /// which the middle of that month or year lies. In a text that is no date by the rules the first clearly written year
-/// is taken ("soon after 1304").
+/// is taken ("soon after 1304"); a year behind a lone minus ("-344") is none.
 GedcomDate readGedcomDate(std::string_view value);
 
 } // namespace lineara

@@ -211,6 +211,24 @@ TEST(GedcomDates, FreeTextGivesItsFirstClearYear)
                {"05/06/1900", "-.-.1900 part"}});
 }
 
+// It may stand for years before Christ, or for the end of a life.
+TEST(GedcomDates, AYearBehindALoneMinusIsNone)
+{
+    expectAll({{"-344", "-.-.- nothing"},
+               {"-44", "-.-.- nothing"},
+               {"ABT -344", "-.-.- nothing"},
+               {"5 FEB -344", "-.-.- nothing"},
+               {"\u2212344", "-.-.- nothing"},
+               {"\u2013344", "-.-.- nothing"},
+               {"-344 or -343", "-.-.- nothing"},
+               {"-344 BC", "-.-.-344 part"},
+               {"-44 BC", "-.-.-44 part"},
+               {"1030-36", "-.-.1030 part"},
+               {"1030 -1036", "-.-.1030 part"},
+               {"1900-05-06", "-.-.1900 part"},
+               {"6-5-1900", "-.-.1900 part"}});
+}
+
 TEST(GedcomDates, JunkIsNoDate)
 {
     expectAll({{"", "-.-.- nothing"},
