@@ -56,10 +56,11 @@ struct Cut
 std::optional<Cut> cutIn(std::string_view text)
 {
     const std::size_t length = lengthFrom(text.front());
+    // Else a run of loose pieces would be gone over from each of them.
+    if (length == 0)
+        return std::nullopt;
     const auto end =
         static_cast<std::size_t>(std::find_if_not(text.begin() + 1, text.end(), continuesCharacter) - text.begin());
-    if (end >= length)
-        return std::nullopt;
     const auto value = findContinuedValue(text.substr(end));
     if (value == nowhere)
         return std::nullopt;

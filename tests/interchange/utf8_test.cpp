@@ -1,4 +1,5 @@
 #include "exported.h"
+#include "hang_guard.h"
 #include "imported.h"
 
 #include <gmock/gmock.h>
@@ -80,6 +81,14 @@ TEST(GedcomUtf8, PiecesOfACharacterAreNoLettersOfWindows)
         imported(withNote("1 NOTE \u00FC\u00E4\u00F6\u00FC\u00E4\u00F6 a\xE2\x82z \u00FC\xAA\x61 a\xE2\xAAz"));
     EXPECT_EQ(noteIn(family).remove(QChar::ReplacementCharacter),
               QStringLiteral("\u00FC\u00E4\u00F6\u00FC\u00E4\u00F6 az \u00FCa az"));
+}
+
+TEST(GedcomUtf8, ManyPiecesOfCharactersAreReadInTime)
+{
+    constexpr qsizetype bytes = 500'000;
+    const QByteArray text = withNote("1 NOTE " + QByteArray(bytes, '\x80'));
+    const HangGuard guard;
+    EXPECT_EQ(noteIn(imported(text)).size(), bytes);
 }
 
 } // namespace
