@@ -42,7 +42,9 @@ void FactLines::tell(NodeIndex line, const QString& above, int depth)
 
 void FactLines::tellFact(NodeIndex line, const QString& label, int depth)
 {
-    if (index_.isMissed(record_, tree_[line].line))
+    if (!dangling_)
+        dangling_ = danglingIn(record_);
+    if (index_.isMissed(tree_[line].line, *dangling_))
         return;
     sheet_.add([&] { return FurtherFact{label, names_.valueOf(tree_, line), depth}; });
     tellBelow(line, {}, depth + 1);

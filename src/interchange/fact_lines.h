@@ -5,6 +5,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
+#include <string_view>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -86,6 +89,7 @@ private:
     RecordNames& names_;
     FactSheet& sheet_;
     Judge judge_;
+    std::optional<std::unordered_set<std::string_view>> dangling_; // once it was asked for
 };
 
 } // namespace lineara

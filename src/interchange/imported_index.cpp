@@ -33,8 +33,7 @@ bool isReachable(const GedcomRecord& record, const SourceRecord& source)
 {
     if (record.xref.empty() || record.xref == pointsAtNobody)
         return false;
-    const QByteArray& dangling = source.origin().dangling;
-    return dangling.isEmpty() || !parted(viewOfBytes(dangling)).contains(record.xref);
+    return source.origin().dangling.isEmpty() || !danglingIn(source).contains(record.xref);
 }
 
 } // namespace
@@ -49,6 +48,11 @@ GedcomRecord readableRecord(const SourceRecord& source)
         record.xref = first->xref;
     }
     return record;
+}
+
+std::unordered_set<std::string_view> danglingIn(const SourceRecord& source)
+{
+    return parted(viewOfBytes(source.origin().dangling));
 }
 
 ImportedIndex::ImportedIndex(const ObjectContext& family) : family_(family)
@@ -120,11 +124,9 @@ std::vector<const SourceRecord*> ImportedIndex::familiesNaming(std::string_view 
 }
 
 /// Families of older versions of the program don't know which pointers led nowhere when they were imported.
-bool ImportedIndex::isMissed(const SourceRecord& record, const GedcomLine& pointer) const
+bool ImportedIndex::isMissed(const GedcomLine& pointer, const std::unordered_set<std::string_view>& dangling) const
 {
-    if (!knowsDangling_ || !leadsToARecord(pointer) || target(pointer.value))
-        return false;
-    return !parted(viewOfBytes(record.origin().dangling)).contains(pointer.value);
+    return knowsDangling_ && leadsToARecord(pointer) && !dangling.contains(pointer.value) && !target(pointer.value);
 }
 
 } // namespace lineara

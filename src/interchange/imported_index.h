@@ -5,6 +5,7 @@
 #include "xref_places.h"
 
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace lineara {
@@ -15,6 +16,9 @@ struct GedcomLine;
 
 /// The record as readers of genealogies want it. The views look into its text.
 GedcomRecord readableRecord(const SourceRecord& source);
+
+/// The cross-references in the record that led nowhere when it was imported. Views into it.
+std::unordered_set<std::string_view> danglingIn(const SourceRecord& source);
 
 /// Finds the imported records of a family by their cross-references, and families by whom they name. It looks at all of
 /// them once, when it is made; records that are removed later are not found while they are gone.
@@ -36,8 +40,9 @@ public:
     /// The families that name somebody by `xref`, in the order of the file. Perhaps some others, too.
     std::vector<const SourceRecord*> familiesNaming(std::string_view xref) const;
 
-    /// Whether a pointer of the record leads nowhere because the person whom it named was removed.
-    bool isMissed(const SourceRecord& record, const GedcomLine& pointer) const;
+    /// Whether a pointer leads nowhere because the person whom it named was removed. `dangling` are the pointers of its
+    /// record that never led anywhere.
+    bool isMissed(const GedcomLine& pointer, const std::unordered_set<std::string_view>& dangling) const;
 
 private:
     void add(const SourceRecord& source);

@@ -9,6 +9,7 @@
 
 #include <QStringBuilder>
 
+#include <initializer_list>
 #include <utility>
 
 namespace lineara {
@@ -21,23 +22,36 @@ QString nameOfPerson(const SourceRecord& record, const GedcomTree& tree)
     return name.isEmpty() ? ImportTexts::tr("person without a name") : name;
 }
 
-/// A text of the record itself is that of a note. Titles of files are told by the name of the file where it has none.
-QString titleIn(const GedcomTree& tree)
+/// What the first of the lines below says that says something.
+QString firstSaid(const GedcomTree& tree, NodeIndex parent, std::initializer_list<std::string_view> tags)
 {
-    if (QString own = tree.text(0).trimmed(); !own.isEmpty())
-        return own;
-    for (const std::string_view tag : {"TITL", "NAME", "AUTH", "PUBL", "ABBR", "TEXT", "NOTE"}) {
-        const auto line = tree.child(0, tag);
+    for (const std::string_view tag : tags) {
+        const auto line = tree.child(parent, tag);
         QString text = line ? tree.text(*line).trimmed() : QString();
         if (!text.isEmpty())
             return text;
     }
+    return {};
+}
+
+/// The title of a file is told by its name where it has none.
+QString titleOfFile(const GedcomTree& tree)
+{
     const auto file = tree.child(0, "FILE");
     if (!file)
         return {};
-    const auto title = tree.child(*file, "TITL");
-    QString text = title ? tree.text(*title).trimmed() : QString();
-    return text.isEmpty() ? tree.text(*file).trimmed() : text;
+    QString title = firstSaid(tree, *file, {"TITL"});
+    return title.isEmpty() ? tree.text(*file).trimmed() : title;
+}
+
+/// A text of the record itself is that of a note. What is said about a source or a picture is less than its title.
+QString titleIn(const GedcomTree& tree)
+{
+    for (const QString& title : {tree.text(0).trimmed(), firstSaid(tree, 0, {"TITL", "NAME", "AUTH", "PUBL", "ABBR"}),
+                                 titleOfFile(tree), firstSaid(tree, 0, {"TEXT", "NOTE"})})
+        if (!title.isEmpty())
+            return title;
+    return {};
 }
 
 /// "Anna, Bert", but the last.

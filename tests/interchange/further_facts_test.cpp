@@ -64,19 +64,20 @@ TEST(FurtherFacts, AreNoneOfSomebodyWhoWasMadeHere)
 
 TEST(FurtherFacts, TellPointersByWhatTheyPointAt)
 {
-    EXPECT_THAT(factsOf("1 OCCU Miller\n2 SOUR @S1@\n3 PAGE 7\n3 NOTE @N1@\n2 SOUR @S2@\n2 SOUR @S3@\n2 SOUR @S4@\n"
-                        "3 REPO @R1@\n1 OBJE @M1@\n1 OBJE @M2@\n1 OBJE @M3@\n1 SUBM @U1@\n1 _PLACE @L1@\n1 ASSO @I2@\n",
-                        "0 @S1@ SOUR\n1 AUTH Bert Smith\n1 TITL The Mills\n2 CONC  of Ely\n"
-                        "0 @S2@ SOUR\n1 AUTH Bert Smith\n1 PUBL 1850\n0 @S3@ SOUR\n1 PUBL 1850\n"
-                        "0 @S4@ SOUR\n1 ABBR Ely\n0 @R1@ REPO\n1 NAME The Library\n0 @N1@ NOTE Long\n1 CONT words\n"
-                        "0 @M1@ OBJE\n1 FILE mill.txt\n1 TITL The mill\n0 @M2@ OBJE\n1 FILE mill.txt\n2 TITL A mill\n"
-                        "0 @M3@ OBJE\n1 FILE mill.txt\n0 @U1@ SUBM\n1 NAME Carl Smith\n0 @L1@ _LOC\n1 NAME Ely\n"
-                        "0 @I2@ INDI\n1 NAME Dora /Smith/\n"),
-                ElementsAre("Occupation=Miller", "-Source=The Mills of Ely", "--Page=7", "--Note=Long\nwords",
-                            "-Source=Bert Smith", "-Source=1850", "-Source=Ely", "--Repository=The Library",
-                            "Picture or recording=The mill", "Picture or recording=A mill",
-                            "Picture or recording=mill.txt", "Submitter=Carl Smith", "_PLACE=Ely",
-                            "Associate=Dora Smith"));
+    EXPECT_THAT(
+        factsOf("1 OCCU Miller\n2 SOUR @S1@\n3 PAGE 7\n3 NOTE @N1@\n2 SOUR @S2@\n2 SOUR @S3@\n2 SOUR @S4@\n"
+                "3 REPO @R1@\n1 OBJE @M1@\n1 OBJE @M2@\n1 OBJE @M3@\n1 SUBM @U1@\n1 _PLACE @L1@\n1 ASSO @I2@\n",
+                "0 @S1@ SOUR\n1 AUTH Bert Smith\n1 TITL The Mills\n2 CONC  of Ely\n"
+                "0 @S2@ SOUR\n1 AUTH Bert Smith\n1 PUBL 1850\n0 @S3@ SOUR\n1 PUBL 1850\n"
+                "0 @S4@ SOUR\n1 ABBR Ely\n0 @R1@ REPO\n1 NAME The Library\n0 @N1@ NOTE Long\n1 CONT words\n"
+                "0 @M1@ OBJE\n1 FILE mill.txt\n1 TITL The mill\n0 @M2@ OBJE\n1 NOTE by Tom\n1 FILE mill.txt\n2 TITL A "
+                "mill\n"
+                "0 @M3@ OBJE\n1 NOTE by Tom\n1 FILE mill.txt\n0 @U1@ SUBM\n1 NAME Carl Smith\n0 @L1@ _LOC\n1 NAME Ely\n"
+                "0 @I2@ INDI\n1 NAME Dora /Smith/\n"),
+        ElementsAre("Occupation=Miller", "-Source=The Mills of Ely", "--Page=7", "--Note=Long\nwords",
+                    "-Source=Bert Smith", "-Source=1850", "-Source=Ely", "--Repository=The Library",
+                    "Picture or recording=The mill", "Picture or recording=A mill", "Picture or recording=mill.txt",
+                    "Submitter=Carl Smith", "_PLACE=Ely", "Associate=Dora Smith"));
 }
 
 TEST(FurtherFacts, TellPointersThatNothingSaysAsTheyStand)

@@ -92,6 +92,23 @@ TEST(FurtherFacts, OfEverybodyTakeLinearTime)
     EXPECT_LT(secondsOf(lineLength / 5), mostTimes * few + unmeasurable);
 }
 
+// As an excerpt has them that was made without its sources.
+TEST(FurtherFacts, OfOnePersonWithManyPointersThatLeadNowhereTakeLinearTime)
+{
+    const auto secondsOf = [](int pointers) {
+        QByteArray text = "0 HEAD\n0 @I1@ INDI\n";
+        for (int pointer = 0; pointer < pointers; ++pointer)
+            text += "1 SOUR @S" + QByteArray::number(pointer) + "@\n";
+        const auto family = imported(text + "0 TRLR\n");
+        const std::clock_t before = std::clock();
+        EXPECT_EQ(ImportedFacts(*family.context).count(member(family, 0)), static_cast<std::size_t>(pointers));
+        return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+    };
+    const HangGuard guard;
+    const double few = secondsOf(lineLength / 40);
+    EXPECT_LT(secondsOf(lineLength / 5), mostTimes * few + unmeasurable);
+}
+
 TEST(LongTexts, AreExportedInLinearTime)
 {
     const auto secondsOf = [](qsizetype length) {
