@@ -156,7 +156,7 @@ TEST_F(MenuCommands, WhoseRelativesAreSoughtMustBeSelected)
     openFamily();
     for (const char* const command : {"Relationship", "Highlight Ancestors", "Highlight Descendants", "Show All"})
         EXPECT_FALSE(offers(familyMenu(), command)) << command;
-    EXPECT_TRUE(offers(familyMenu(), "Checks"));
+    EXPECT_TRUE(waitUntil([this] { return offers(familyMenu(), "Checks"); }));
     select(child);
     for (const char* const command : {"Relationship", "Highlight Ancestors", "Highlight Descendants", "Checks"})
         EXPECT_TRUE(waitUntil([&] { return offers(familyMenu(), command); })) << command;
