@@ -9,6 +9,7 @@
 #include "node_ledger.h"
 #include "person_reading.h"
 #include "record_names.h"
+#include "tag_labels.h"
 #include "taken_pictures.h"
 
 #include <optional>
@@ -41,7 +42,7 @@ public:
             readFields();
             findFamilies();
             findClaims();
-            lines_.tellBelow(0);
+            tellOwnLines();
         }
         lines_.tellStrays();
         for (const FamilyRole role : familyRoles) {
@@ -64,7 +65,25 @@ private:
         ledger_.open();
         const GedcomRecords none;
         SharedNotes noNotes(none);
-        takePictureLines(record_, tree_, readPerson(tree_, ledger_, noNotes), index_, ledger_);
+        filesLeft_ = takePictureLines(record_, tree_, readPerson(tree_, ledger_, noNotes), index_, ledger_);
+    }
+
+    void tellOwnLines()
+    {
+        for (const NodeIndex line : tree_.children(0)) {
+            if (isContinuation(tree_[line].line.tag))
+                continue;
+            lines_.tell(line);
+            const auto left = filesLeft_.find(line);
+            if (left != filesLeft_.end())
+                tellFiles(tagLabel(tree_[line].line.tag), left->second);
+        }
+    }
+
+    void tellFiles(const QString& label, const QStringList& titles)
+    {
+        for (const QString& title : titles)
+            sheet_.add([&] { return FurtherFact{label, title}; });
     }
 
     void findFamilies()
@@ -142,6 +161,7 @@ private:
     ImportNotes notes_;
     NodeLedger ledger_;
     FactLines lines_;
+    FilesLeft filesLeft_;
     std::vector<FamilyFacts> families_;
     std::unordered_map<const SourceRecord*, std::size_t> places_; // of families_
     std::vector<std::size_t> order_;                              // of families_

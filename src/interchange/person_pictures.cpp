@@ -25,16 +25,13 @@ bool isPicture(const QByteArray& bytes)
            std::any_of(starts.begin(), starts.end(), [&](const QByteArray& start) { return bytes.startsWith(start); });
 }
 
-/// Names of the files below an object that may be pictures, and the lines they stand in.
+/// Names of the files of an object that may be pictures, and the lines they stand in.
 std::vector<std::pair<NodeIndex, QString>> pictureFiles(const GedcomTree& tree, NodeIndex object)
 {
     std::vector<std::pair<NodeIndex, QString>> files;
-    for (const NodeIndex file : tree.children(object)) {
-        if (tree[file].line.tag != "FILE")
-            continue;
-        const QString name = tree.text(file).trimmed();
-        if (!name.isEmpty() && mayBePicture(formOf(tree, object, file), name))
-            files.emplace_back(file, name);
+    for (ObjectFile& file : filesOf(tree, object)) {
+        if (file.mayBePicture)
+            files.emplace_back(file.line, std::move(file.name));
     }
     return files;
 }
@@ -63,11 +60,19 @@ bool isMarkedPrimary(const GedcomTree& tree, NodeIndex object)
 }
 
 /// The format stands below the file in newer versions, beside it in older ones.
-QString formOf(const GedcomTree& tree, NodeIndex object, NodeIndex file)
+std::vector<ObjectFile> filesOf(const GedcomTree& tree, NodeIndex object)
 {
-    const auto own = tree.child(file, "FORM");
-    const auto form = own ? own : tree.child(object, "FORM");
-    return form ? tree.text(*form) : QString();
+    std::vector<ObjectFile> files;
+    const auto common = tree.child(object, "FORM"); // once, as there may be thousands of files
+    for (const NodeIndex line : tree.children(object)) {
+        if (tree[line].line.tag != "FILE")
+            continue;
+        const auto own = tree.child(line, "FORM");
+        const auto form = own ? own : common;
+        const QString name = tree.text(line).trimmed();
+        files.push_back({line, name, !name.isEmpty() && mayBePicture(form ? tree.text(*form) : QString(), name)});
+    }
+    return files;
 }
 
 bool refusesPictures(const GedcomLine& line)

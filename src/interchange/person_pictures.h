@@ -24,8 +24,16 @@ bool mayBePicture(const QString& form, const QString& name);
 /// Whether the object is marked as the picture of its person.
 bool isMarkedPrimary(const GedcomTree& tree, NodeIndex object);
 
-/// The format that a file of the object is said to have; empty if none.
-QString formOf(const GedcomTree& tree, NodeIndex object, NodeIndex file);
+/// A file that an object names.
+struct ObjectFile
+{
+    NodeIndex line;
+    QString name;
+    bool mayBePicture;
+};
+
+/// All files that the object names, in order.
+std::vector<ObjectFile> filesOf(const GedcomTree& tree, NodeIndex object);
 
 /// The picture of a person, as far as there is one.
 struct PictureReading

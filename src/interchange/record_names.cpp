@@ -34,21 +34,17 @@ QString firstSaid(const GedcomTree& tree, NodeIndex parent, std::initializer_lis
     return {};
 }
 
-/// The title of a file is told by its name where it has none.
-QString titleOfFile(const GedcomTree& tree)
+QString titleOfFirstFile(const GedcomTree& tree)
 {
     const auto file = tree.child(0, "FILE");
-    if (!file)
-        return {};
-    QString title = firstSaid(tree, *file, {"TITL"});
-    return title.isEmpty() ? tree.text(*file).trimmed() : title;
+    return file ? titleOfFile(tree, *file) : QString();
 }
 
 /// A text of the record itself is that of a note. What is said about a source or a picture is less than its title.
 QString titleIn(const GedcomTree& tree)
 {
     for (const QString& title : {tree.text(0).trimmed(), firstSaid(tree, 0, {"TITL", "NAME", "AUTH", "PUBL", "ABBR"}),
-                                 titleOfFile(tree), firstSaid(tree, 0, {"TEXT", "NOTE"})})
+                                 titleOfFirstFile(tree), firstSaid(tree, 0, {"TEXT", "NOTE"})})
         if (!title.isEmpty())
             return title;
     return {};
@@ -61,6 +57,12 @@ QString allButLast(const QStringList& names)
 }
 
 } // namespace
+
+QString titleOfFile(const GedcomTree& tree, NodeIndex file)
+{
+    QString title = firstSaid(tree, file, {"TITL"});
+    return title.isEmpty() ? tree.text(file).trimmed() : title;
+}
 
 const QString& RecordNames::of(const SourceRecord& record)
 {

@@ -13,6 +13,9 @@ namespace lineara {
 class ImportedIndex;
 class SourceRecord;
 
+/// What a FILE line calls its file: the title below it, or else the name.
+QString titleOfFile(const GedcomTree& tree, NodeIndex file);
+
 /// What imported records are called where others point at them. Each is looked at once, so names are as of the first
 /// question.
 class RecordNames

@@ -170,6 +170,23 @@ TEST(FurtherFacts, ArePicturesThatWereNotTaken)
     EXPECT_THAT(factsBesidePicture("1 OBJE @M1@\n1 _PHOTO @VOID@\n", {}), ElementsAre("Picture or recording=a.jpg"));
 }
 
+TEST(FurtherFacts, AreTheFilesBesideTheOneThatWasTaken)
+{
+    const auto besideTheTaken = [](const QByteArray& person) {
+        const auto family = imported("0 HEAD\n0 @I1@ INDI\n" + person +
+                                     "0 @M1@ OBJE\n1 FILE a.jpg\n1 FILE b.jpg\n2 TITL At home\n1 FILE voice.wav\n"
+                                     "0 TRLR\n");
+        member(family, 0).source()->setTakenPicture(
+            std::make_shared<TakenPicture>(TakenPicture{QStringLiteral("a.jpg"), {}}));
+        return factsOf(family, 0);
+    };
+    EXPECT_THAT(besideTheTaken("1 OBJE @M1@\n2 NOTE seen\n1 _PHOTO @M1@\n"),
+                ElementsAre("Picture or recording: Note=seen", "Picture or recording=At home",
+                            "Picture or recording=voice.wav"));
+    EXPECT_THAT(besideTheTaken("1 OBJE\n2 FILE a.jpg\n2 FILE b.jpg\n3 TITL At home\n"),
+                ElementsAre("Picture or recording: File=b.jpg", "-Title=At home"));
+}
+
 /// Families of older versions know of a picture, but not which one it is.
 TEST(FurtherFacts, AreNotTheFirstPictureWhereNobodyKnowsWhichWasTaken)
 {
