@@ -1136,10 +1136,6 @@
         <translation>Kind (nicht verbunden)</translation>
     </message>
     <message>
-        <source>person without a name</source>
-        <translation>Person ohne Namen</translation>
-    </message>
-    <message>
         <source>not in the file</source>
         <translation>nicht in der Datei</translation>
     </message>
@@ -1170,6 +1166,39 @@
     <message>
         <source>held bytes that are no UTF-8; they were read as Windows-1252</source>
         <translation>enthielt Bytes, die kein UTF-8 sind; sie wurden als Windows-1252 gelesen</translation>
+    </message>
+    <message>
+        <source>a person without a name</source>
+        <comment>in “Family with %1” and “Family of %1”</comment>
+        <translation>einer Person ohne Namen</translation>
+    </message>
+    <message>
+        <source>Source without a title</source>
+        <translation>Quelle ohne Titel</translation>
+    </message>
+    <message>
+        <source>Note without a text</source>
+        <translation>Notiz ohne Text</translation>
+    </message>
+    <message>
+        <source>Picture or recording without a file</source>
+        <translation>Bild oder Aufnahme ohne Datei</translation>
+    </message>
+    <message>
+        <source>Repository without a name</source>
+        <translation>Archiv ohne Namen</translation>
+    </message>
+    <message>
+        <source>Submitter without a name</source>
+        <translation>Einsender ohne Namen</translation>
+    </message>
+    <message>
+        <source>a person without a name</source>
+        <translation>eine Person ohne Namen</translation>
+    </message>
+    <message>
+        <source>Family with an unknown partner</source>
+        <translation>Familie mit unbekanntem Partner</translation>
     </message>
 </context>
 <context>

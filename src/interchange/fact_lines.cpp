@@ -42,9 +42,7 @@ void FactLines::tell(NodeIndex line, const QString& above, int depth)
 
 void FactLines::tellFact(NodeIndex line, const QString& label, int depth)
 {
-    if (!dangling_)
-        dangling_ = danglingIn(record_);
-    if (index_.isMissed(tree_[line].line, *dangling_))
+    if (isMissed(tree_[line].line))
         return;
     sheet_.add([&] { return FurtherFact{label, names_.valueOf(tree_, line), depth}; });
     tellBelow(line, {}, depth + 1);
@@ -67,12 +65,18 @@ void FactLines::tellStrays()
 {
     for (const GedcomStray& stray : tree_.strays()) {
         const GedcomLine& line = stray.line;
+        if (isMissed(line))
+            continue;
         const QString label = line.defect == LineDefect::None ? tagLabel(line.tag) : ImportTexts::tr("Unreadable line");
-        sheet_.add([&] {
-            return FurtherFact{label, QString::fromUtf8(line.value.data(), static_cast<qsizetype>(line.value.size())),
-                               0};
-        });
+        sheet_.add([&] { return FurtherFact{label, names_.valueOf(line), 0}; });
     }
+}
+
+bool FactLines::isMissed(const GedcomLine& line)
+{
+    if (!vain_)
+        vain_ = vainPointersIn(record_);
+    return index_.isMissed(line, *vain_);
 }
 
 } // namespace lineara

@@ -83,13 +83,15 @@ private:
     void tellFact(NodeIndex line, const QString& label, int depth);
     void tellBelow(NodeIndex parent, const QString& above, int depth);
 
+    bool isMissed(const GedcomLine& line);
+
     const SourceRecord& record_;
     const GedcomTree& tree_;
     const ImportedIndex& index_;
     RecordNames& names_;
     FactSheet& sheet_;
     Judge judge_;
-    std::optional<std::unordered_set<std::string_view>> dangling_; // once it was asked for
+    std::optional<std::unordered_set<std::string_view>> vain_; // once it was asked for
 };
 
 } // namespace lineara

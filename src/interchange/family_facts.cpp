@@ -41,7 +41,7 @@ public:
             if (tag == "CHIL" && member == facts_.person_)
                 lines_.tellBelow(line);
             else if (isPartnerTag(tag) && !(member && isLinked(*facts_.person_, *member, &Person::parents)))
-                lines_.tellFact(line, member ? ImportTexts::tr("Parent (not linked)") : tagLabel(tag));
+                tellMember(line, member ? ImportTexts::tr("Parent (not linked)") : tagLabel(tag));
         }
     }
 
@@ -68,7 +68,7 @@ private:
         if (member && (isOneself || isLinked(*facts_.person_, *member, &Person::partners)))
             lines_.tellBelow(line, label);
         else
-            lines_.tellFact(line, member ? ImportTexts::tr("Partner (not linked)") : label);
+            tellMember(line, member ? ImportTexts::tr("Partner (not linked)") : label);
     }
 
     /// How children belong to the family is told to them.
@@ -76,7 +76,16 @@ private:
     {
         const SourceRecord* const member = facts_.memberAt(line);
         if (!member || !isLinked(*facts_.person_, *member, &Person::children))
-            lines_.tellFact(line, member ? ImportTexts::tr("Child (not linked)") : tagLabel("CHIL"));
+            tellMember(line, member ? ImportTexts::tr("Child (not linked)") : tagLabel("CHIL"));
+    }
+
+    /// A line that names nobody says nothing, but some programs write one for each family.
+    void tellMember(NodeIndex line, const QString& label)
+    {
+        if (tree_[line].line.value.empty() && tree_.textBytes(line).isEmpty())
+            lines_.tellBelow(line, label);
+        else
+            lines_.tellFact(line, label);
     }
 
     const FamilyFacts& facts_;
@@ -106,8 +115,9 @@ const SourceRecord* FamilyFacts::memberAt(NodeIndex line) const
 void FamilyFacts::tell(FamilyRole role, RecordNames& names, FactSheet& sheet) const
 {
     const bool isChild = role == FamilyRole::Child;
-    sheet.begin(
-        [this, isChild, &names] { return isChild ? names.ofFamily(tree_) : names.ofFamilyOf(*person_, tree_); });
+    sheet.begin([this, isChild, &names] {
+        return isChild ? names.ofFamily(*family_, tree_) : names.ofFamilyOf(*person_, *family_, tree_);
+    });
     Teller teller(*this, names, sheet);
     if (isChild)
         teller.toAChild();

@@ -55,6 +55,13 @@ std::unordered_set<std::string_view> danglingIn(const SourceRecord& source)
     return parted(viewOfBytes(source.origin().dangling));
 }
 
+std::unordered_set<std::string_view> vainPointersIn(const SourceRecord& source)
+{
+    auto vain = danglingIn(source);
+    vain.erase(readableRecord(source).xref);
+    return vain;
+}
+
 ImportedIndex::ImportedIndex(const ObjectContext& family) : family_(family)
 {
     const auto sources = family.allSources();
@@ -124,9 +131,9 @@ std::vector<const SourceRecord*> ImportedIndex::familiesNaming(std::string_view 
 }
 
 /// Families of older versions of the program don't know which pointers led nowhere when they were imported.
-bool ImportedIndex::isMissed(const GedcomLine& pointer, const std::unordered_set<std::string_view>& dangling) const
+bool ImportedIndex::isMissed(const GedcomLine& pointer, const std::unordered_set<std::string_view>& vain) const
 {
-    return knowsDangling_ && leadsToARecord(pointer) && !dangling.contains(pointer.value) && !target(pointer.value);
+    return knowsDangling_ && leadsToARecord(pointer) && !vain.contains(pointer.value) && !target(pointer.value);
 }
 
 } // namespace lineara

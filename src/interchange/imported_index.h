@@ -20,6 +20,10 @@ GedcomRecord readableRecord(const SourceRecord& source);
 /// The cross-references in the record that led nowhere when it was imported. Views into it.
 std::unordered_set<std::string_view> danglingIn(const SourceRecord& source);
 
+/// Of these what its pointers named in vain: pointers at a record's own cross-reference led to the earlier record that
+/// has the same one.
+std::unordered_set<std::string_view> vainPointersIn(const SourceRecord& source);
+
 /// Finds the imported records of a family by their cross-references, and families by whom they name. It looks at all of
 /// them once, when it is made; records that are removed later are not found while they are gone.
 class ImportedIndex
@@ -40,9 +44,9 @@ public:
     /// The families that name somebody by `xref`, in the order of the file. Perhaps some others, too.
     std::vector<const SourceRecord*> familiesNaming(std::string_view xref) const;
 
-    /// Whether a pointer leads nowhere because the person whom it named was removed. `dangling` are the pointers of its
-    /// record that never led anywhere.
-    bool isMissed(const GedcomLine& pointer, const std::unordered_set<std::string_view>& dangling) const;
+    /// Whether a pointer leads nowhere because the person whom it named was removed. `vain` are the
+    /// vainPointersIn() its record.
+    bool isMissed(const GedcomLine& pointer, const std::unordered_set<std::string_view>& vain) const;
 
 private:
     void add(const SourceRecord& source);

@@ -15,11 +15,32 @@
 namespace lineara {
 namespace {
 
-QString nameOfPerson(const SourceRecord& record, const GedcomTree& tree)
+/// Empty if the person has none.
+QString nameOfPerson(const SourceRecord& record, bool isVersionSeven)
 {
     const Person* const person = record.person();
-    QString name = person ? person->name().value_or(QString()) : shownName(tree);
-    return name.isEmpty() ? ImportTexts::tr("person without a name") : name;
+    return person ? person->name().value_or(QString()) : shownName(GedcomTree(readableRecord(record), isVersionSeven));
+}
+
+/// In the case that the language asks for after "with" and "of".
+QString nameInHeading(const SourceRecord& record, bool isVersionSeven)
+{
+    const QString name = nameOfPerson(record, isVersionSeven);
+    return name.isEmpty() ? ImportTexts::tr("a person without a name", "in “Family with %1” and “Family of %1”") : name;
+}
+
+/// Of records that say nothing; empty if their tag is not one of the standard.
+QString thatNothingIsSaid(std::string_view tag)
+{
+    if (tag == "SOUR")
+        return ImportTexts::tr("Source without a title");
+    if (tag == "NOTE" || tag == "SNOTE")
+        return ImportTexts::tr("Note without a text");
+    if (tag == "OBJE")
+        return ImportTexts::tr("Picture or recording without a file");
+    if (tag == "REPO")
+        return ImportTexts::tr("Repository without a name");
+    return tag == "SUBM" ? ImportTexts::tr("Submitter without a name") : QString();
 }
 
 /// What the first of the lines below says that says something.
@@ -77,23 +98,33 @@ QString RecordNames::read(const SourceRecord& record)
     const GedcomTree tree(readableRecord(record), index_.isVersionSeven());
     if (tree.size() == 0)
         return {};
-    if (tree[0].line.tag == "INDI")
-        return nameOfPerson(record, tree);
-    if (tree[0].line.tag == "FAM")
-        return ofFamily(tree);
-    QString title = titleIn(tree);
-    return title.isEmpty() ? titleOfPicture(tree) : title;
+    const std::string_view tag = tree[0].line.tag;
+    if (tag == "FAM")
+        return ofFamily(record, tree);
+    if (tag == "INDI") {
+        const QString name = nameOfPerson(record, index_.isVersionSeven());
+        return name.isEmpty() ? ImportTexts::tr("a person without a name") : name;
+    }
+    for (const QString& title : {titleIn(tree), titleBehind(tree)})
+        if (!title.isEmpty())
+            return title;
+    return thatNothingIsSaid(tag);
 }
 
-/// A source may be nothing but the picture of it.
-QString RecordNames::titleOfPicture(const GedcomTree& tree) const
+/// A source may be nothing but the picture of it, or what a library has, and a note nothing but its source.
+QString RecordNames::titleBehind(const GedcomTree& tree) const
 {
-    const auto object = tree.child(0, "OBJE");
-    if (!object || !leadsToARecord(tree[*object].line))
-        return {};
-    const SourceRecord* const picture = index_.target(tree[*object].line.value);
-    const GedcomTree lines = picture ? GedcomTree(readableRecord(*picture), index_.isVersionSeven()) : GedcomTree();
-    return lines.size() == 0 ? QString() : titleIn(lines);
+    for (const std::string_view tag : {"OBJE", "SOUR", "REPO", "NOTE", "SNOTE"}) {
+        const auto pointer = tree.child(0, tag);
+        if (!pointer || !leadsToARecord(tree[*pointer].line))
+            continue;
+        const SourceRecord* const behind = index_.target(tree[*pointer].line.value);
+        const GedcomTree lines = behind ? GedcomTree(readableRecord(*behind), index_.isVersionSeven()) : GedcomTree();
+        QString title = lines.size() == 0 ? QString() : titleIn(lines);
+        if (!title.isEmpty())
+            return title;
+    }
+    return {};
 }
 
 QString RecordNames::valueOf(const GedcomTree& tree, NodeIndex line)
@@ -103,6 +134,13 @@ QString RecordNames::valueOf(const GedcomTree& tree, NodeIndex line)
         return text;
     const QString told = valueOfPointer(tree[line].line.value);
     return text.isEmpty() ? told : QString(told % u'\n' % text);
+}
+
+QString RecordNames::valueOf(const GedcomLine& line)
+{
+    if (line.isPointer)
+        return valueOfPointer(line.value);
+    return QString::fromUtf8(line.value.data(), static_cast<qsizetype>(line.value.size()));
 }
 
 QString RecordNames::valueOfPointer(std::string_view xref)
@@ -116,23 +154,32 @@ QString RecordNames::valueOfPointer(std::string_view xref)
     return u'@' % QString::fromUtf8(xref.data(), static_cast<qsizetype>(xref.size())) % u'@';
 }
 
-QStringList RecordNames::partnersIn(const GedcomTree& family, const SourceRecord* but)
+RecordNames::Partners RecordNames::partnersIn(const SourceRecord& family, const GedcomTree& tree,
+                                              const SourceRecord* but) const
 {
-    QStringList names;
-    for (const NodeIndex index : family.children(0)) {
-        const GedcomLine& line = family[index].line;
-        if ((line.tag != "HUSB" && line.tag != "WIFE") || !leadsToARecord(line))
+    Partners partners;
+    for (const NodeIndex index : tree.children(0)) {
+        const GedcomLine& line = tree[index].line;
+        if (line.tag != "HUSB" && line.tag != "WIFE")
             continue;
-        const SourceRecord* const partner = index_.target(line.value);
-        if (partner && partner != but && readableRecord(*partner).tag == "INDI")
-            names << of(*partner);
+        const SourceRecord* const partner = leadsToARecord(line) ? index_.target(line.value) : nullptr;
+        if (!partner || readableRecord(*partner).tag != "INDI")
+            partners.isSomebodyUnknown = partners.isSomebodyUnknown || isUnknown(family, line);
+        else if (partner != but)
+            partners.names << nameInHeading(*partner, index_.isVersionSeven());
     }
-    return names;
+    return partners;
 }
 
-QString RecordNames::ofFamily(const GedcomTree& family)
+/// Who was removed is no member any more.
+bool RecordNames::isUnknown(const SourceRecord& family, const GedcomLine& member) const
 {
-    const QStringList parents = partnersIn(family, nullptr);
+    return !member.value.empty() && !index_.isMissed(member, vainPointersIn(family));
+}
+
+QString RecordNames::ofFamily(const SourceRecord& family, const GedcomTree& tree) const
+{
+    const QStringList parents = partnersIn(family, tree, nullptr).names;
     if (parents.isEmpty())
         return ImportTexts::tr("Family of unknown parents");
     if (parents.size() == 1)
@@ -140,11 +187,12 @@ QString RecordNames::ofFamily(const GedcomTree& family)
     return ImportTexts::tr("Family of %1 and %2").arg(allButLast(parents), parents.back());
 }
 
-QString RecordNames::ofFamilyOf(const SourceRecord& partner, const GedcomTree& family)
+QString RecordNames::ofFamilyOf(const SourceRecord& partner, const SourceRecord& family, const GedcomTree& tree) const
 {
-    const QStringList others = partnersIn(family, &partner);
+    const auto [others, isSomebodyUnknown] = partnersIn(family, tree, &partner);
     if (others.isEmpty())
-        return ImportTexts::tr("Family without a partner");
+        return isSomebodyUnknown ? ImportTexts::tr("Family with an unknown partner")
+                                 : ImportTexts::tr("Family without a partner");
     if (others.size() == 1)
         return ImportTexts::tr("Family with %1").arg(others.front());
     return ImportTexts::tr("Family with %1 and %2").arg(allButLast(others), others.back());

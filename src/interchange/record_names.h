@@ -3,6 +3,7 @@
 #include "gedcom_tree.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <string_view>
 #include <unordered_map>
@@ -23,23 +24,33 @@ class RecordNames
 public:
     explicit RecordNames(const ImportedIndex& index) : index_(index) {}
 
-    /// Persons as they are shown, families by their parents, other records by their title, name, text or
-    /// picture; empty if the record says nothing of the kind.
+    /// Persons as they are shown, families by their parents, other records by their title, name, text or picture, or
+    /// else by that of a record that they point at. That there is none of these is told of records of the standard;
+    /// empty for others.
     const QString& of(const SourceRecord& record);
 
     /// The whole value of a line, with its continuations. A pointer without a name stands between @ signs.
     QString valueOf(const GedcomTree& tree, NodeIndex line);
+    /// The same for a line without a place in its tree, which has no continuations.
+    QString valueOf(const GedcomLine& line);
 
-    /// "Family of Anna and Bert", from a family's record.
-    QString ofFamily(const GedcomTree& family);
+    /// "Family of Anna and Bert", from a family's record and its lines.
+    QString ofFamily(const SourceRecord& family, const GedcomTree& tree) const;
     /// "Family with Bert", as `partner` would say.
-    QString ofFamilyOf(const SourceRecord& partner, const GedcomTree& family);
+    QString ofFamilyOf(const SourceRecord& partner, const SourceRecord& family, const GedcomTree& tree) const;
 
 private:
+    struct Partners
+    {
+        QStringList names;
+        bool isSomebodyUnknown = false;
+    };
+
     QString read(const SourceRecord& record);
-    QString titleOfPicture(const GedcomTree& tree) const;
+    QString titleBehind(const GedcomTree& tree) const;
     QString valueOfPointer(std::string_view xref);
-    QStringList partnersIn(const GedcomTree& family, const SourceRecord* but);
+    Partners partnersIn(const SourceRecord& family, const GedcomTree& tree, const SourceRecord* but) const;
+    bool isUnknown(const SourceRecord& family, const GedcomLine& member) const;
 
     const ImportedIndex& index_;
     std::unordered_map<const SourceRecord*, QString> names_;

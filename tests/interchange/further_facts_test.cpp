@@ -80,11 +80,20 @@ TEST(FurtherFacts, TellPointersByWhatTheyPointAt)
                     "Submitter=Carl Smith", "_PLACE=Ely", "Associate=Dora Smith"));
 }
 
+TEST(FurtherFacts, TellPointersOfBrokenLinesByWhatTheyPointAt)
+{
+    const auto family = imported("0 HEAD\n0 @I1@ INDI\n1 SEX M\n3 SOUR @S1@\n3 ASSO @I2@\n3 ASSO @I9@\n"
+                                 "0 @I2@ INDI\n1 NAME Bert\n0 @S1@ SOUR\n1 TITL The Mills\n0 TRLR\n");
+    EXPECT_THAT(factsOf(family, 0), ElementsAre("Sex=M", "Source=The Mills", "Associate=Bert", "Associate=@I9@"));
+    family.context->remove(member(family, 1));
+    EXPECT_THAT(factsOf(family, 0), ElementsAre("Sex=M", "Source=The Mills", "Associate=@I9@"));
+}
+
 TEST(FurtherFacts, TellPointersThatNothingSaysAsTheyStand)
 {
     EXPECT_THAT(factsOf("1 SOUR @S1@\n1 SOUR @S9@\n1 SOUR @VOID@\n1 NOTE @N9@\n1 FAMC @F9@\n1 ASSO @I9@\n",
                         "0 @S1@ SOUR\n1 REFN 5\n"),
-                ElementsAre("Source=@S1@", "Source=@S9@", "Source=not in the file", "Note=@N9@",
+                ElementsAre("Source=Source without a title", "Source=@S9@", "Source=not in the file", "Note=@N9@",
                             "Family as a child=@F9@", "Associate=@I9@"));
 }
 
@@ -93,7 +102,7 @@ TEST(FurtherFacts, CallPersonsWhatTheyAreCalledNow)
     const auto family = imported("0 HEAD\n0 @I1@ INDI\n1 ASSO @I2@\n1 ASSO @I3@\n0 @I2@ INDI\n1 NAME Bert\n"
                                  "0 @I3@ INDI\n0 TRLR\n");
     member(family, 1).setName(QStringLiteral("Bertram %1"));
-    EXPECT_THAT(factsOf(family, 0), ElementsAre("Associate=Bertram %1", "Associate=person without a name"));
+    EXPECT_THAT(factsOf(family, 0), ElementsAre("Associate=Bertram %1", "Associate=a person without a name"));
 }
 
 TEST(FurtherFacts, AreReadAsTheVersionOfTheirFileWritesThem)
@@ -125,7 +134,20 @@ TEST(FurtherFacts, TellSourcesWithoutATitleByWhatElseTheySay)
                         "0 @S1@ SOUR\n1 TITL\n1 TEXT A letter\n0 @S2@ SOUR\n1 NOTE A visit\n"
                         "0 @S3@ SOUR\n1 OBJE @M1@\n0 @S4@ SOUR\n1 NOTE @N1@\n1 CHAN\n2 DATE 2000\n"
                         "0 @M1@ OBJE\n1 FILE letter.jpg\n0 @N1@ NOTE\n1 SOUR @S4@\n"),
-                ElementsAre("Source=A letter", "Source=A visit", "Source=letter.jpg", "Source=@S4@"));
+                ElementsAre("Source=A letter", "Source=A visit", "Source=letter.jpg", "Source=Source without a title"));
+}
+
+TEST(FurtherFacts, TellRecordsThatSayNothingByWhatIsBehindThem)
+{
+    EXPECT_THAT(factsOf("1 SOUR @S1@\n1 OCCU Miller\n2 NOTE @N1@\n2 NOTE @N2@\n1 SOUR @S2@\n3 REPO @R2@\n1 OBJE @M1@\n"
+                        "1 SUBM @U1@\n1 _PLACE @L1@\n",
+                        "0 @S1@ SOUR\n1 REPO @R1@\n0 @N1@ NOTE\n1 SOUR @S3@\n0 @N2@ NOTE\n0 @S2@ SOUR\n1 REPO @R2@\n"
+                        "0 @R1@ REPO\n1 NAME The Library\n0 @R2@ REPO\n0 @S3@ SOUR\n1 TITL The Mills\n0 @M1@ OBJE\n"
+                        "0 @U1@ SUBM\n0 @L1@ _LOC\n"),
+                ElementsAre("Source=The Library", "Occupation=Miller", "-Note=The Mills", "-Note=Note without a text",
+                            "Source=Source without a title", "Picture or recording=Picture or recording without a file",
+                            "Submitter=Submitter without a name", "_PLACE=@L1@",
+                            "Repository=Repository without a name"));
 }
 
 /// Somebody may be removed before anything was asked, and come back afterwards.
@@ -148,6 +170,14 @@ TEST(FurtherFacts, DoNotTakeALaterRecordForOneThatWasRemoved)
     EXPECT_THAT(factsOf(family, 0), ElementsAre("Associate=Bert"));
     family.context->remove(member(family, 1));
     EXPECT_THAT(factsOf(family, 0), IsEmpty());
+}
+
+TEST(FurtherFacts, DoNotNameARemovedNamesake)
+{
+    const auto family = imported("0 HEAD\n0 @I1@ INDI\n1 NAME Bert\n0 @I1@ INDI\n1 NAME Carl\n1 ASSO @I1@\n0 TRLR\n");
+    EXPECT_THAT(factsOf(family, 1), ElementsAre("Associate=Bert"));
+    family.context->remove(member(family, 0));
+    EXPECT_THAT(factsOf(family, 1), IsEmpty());
 }
 
 /// Of a person who names pictures of that kind, of which the import took `taken`.
@@ -236,12 +266,16 @@ TEST(FurtherFactsOfFamilies, AreHeadedByWhoBelongsToThem)
 {
     const auto heading = [](const QByteArray& members) {
         const auto facts = factsOf("1 NAME Anna\n", "0 @I2@ INDI\n1 NAME Bert\n0 @I3@ INDI\n1 NAME Carl\n"
-                                                    "0 @I4@ INDI\n1 NAME Dora\n0 @F1@ FAM\n" +
+                                                    "0 @I4@ INDI\n1 NAME Dora\n0 @I5@ INDI\n0 @F1@ FAM\n" +
                                                         members + "1 MARR Y\n");
         return facts.empty() ? std::string() : facts.front();
     };
     EXPECT_EQ(heading("1 HUSB @I2@\n1 WIFE @I1@\n"), "#Family with Bert");
     EXPECT_EQ(heading("1 WIFE @I1@\n"), "#Family without a partner");
+    EXPECT_EQ(heading("1 HUSB\n1 WIFE @I1@\n"), "#Family without a partner");
+    EXPECT_EQ(heading("1 HUSB @VOID@\n1 WIFE @I1@\n"), "#Family with an unknown partner");
+    EXPECT_EQ(heading("1 HUSB @I9@\n1 WIFE @I1@\n"), "#Family with an unknown partner");
+    EXPECT_EQ(heading("1 HUSB @I5@\n1 WIFE @I1@\n"), "#Family with a person without a name");
     EXPECT_EQ(heading("1 HUSB @I2@\n1 WIFE @I1@\n1 WIFE @I3@\n1 WIFE @I4@\n"), "#Family with Bert, Carl and Dora");
     EXPECT_EQ(heading("1 HUSB @I2@\n1 CHIL @I1@\n2 _FREL adopted\n"), "#Family of Bert");
     EXPECT_EQ(heading("1 CHIL @I1@\n2 _FREL adopted\n"), "#Family of unknown parents");
@@ -284,8 +318,15 @@ TEST(FurtherFactsOfFamilies, NameMembersWhoseLinkTheUserHasTaken)
 TEST(FurtherFactsOfFamilies, NameMembersWhoAreNotInTheFile)
 {
     EXPECT_THAT(factsOf("", "0 @F1@ FAM\n1 HUSB @I9@\n1 WIFE @I1@\n1 CHIL @VOID@\n2 _NAME Tim\n1 CHIL Tom\n"),
-                ElementsAre("#Family without a partner", "-Husband=@I9@", "-Child=not in the file", "--_NAME=Tim",
+                ElementsAre("#Family with an unknown partner", "-Husband=@I9@", "-Child=not in the file", "--_NAME=Tim",
                             "-Child=Tom"));
+}
+
+TEST(FurtherFactsOfFamilies, AreNoneOfLinesThatNameNobody)
+{
+    EXPECT_THAT(factsOf("", "0 @F1@ FAM\n1 HUSB\n1 WIFE @I1@\n1 CHIL\n"), IsEmpty());
+    EXPECT_THAT(factsOf("", "0 @F1@ FAM\n1 HUSB\n2 AGE 25y\n1 WIFE\n1 CHIL @I1@\n"),
+                ElementsAre("#Family of unknown parents", "-Husband: Age=25y"));
 }
 
 TEST(FurtherFactsOfFamilies, ThatDoNotNameThePersonAreTheClaimOfThatAlone)
