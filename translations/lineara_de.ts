@@ -730,6 +730,10 @@
         <source>&amp;Copy</source>
         <translation>&amp;Kopieren</translation>
     </message>
+    <message>
+        <source>The Selected Fact</source>
+        <translation>Die ausgewählte Angabe</translation>
+    </message>
 </context>
 <context>
     <name>HelpTexts</name>

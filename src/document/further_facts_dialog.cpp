@@ -8,6 +8,8 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QPlainTextEdit>
+#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace lineara {
@@ -19,6 +21,10 @@ struct FurtherFactsTexts
     Q_DECLARE_TR_FUNCTIONS(FurtherFacts)
 };
 
+constexpr int width = 640;
+constexpr int listHeight = 360;
+constexpr int paneHeight = 110; // five lines or so
+
 QString heading(const Person& person, const SourceOrigin& origin)
 {
     const QString name = person.name().value_or(FurtherFactsTexts::tr("a person without a name"));
@@ -26,6 +32,32 @@ QString heading(const Person& person, const SourceOrigin& origin)
                                  "what is shown in the list. It is kept, and given back when the family is exported, "
                                  "as far as it still holds.")
         .arg(origin.file, name, QString::number(origin.line));
+}
+
+/// The current fact of the list whole, to be read and copied in part.
+QPlainTextEdit* paneBelow(const FurtherFactsList& list)
+{
+    auto* const pane = new QPlainTextEdit;
+    pane->setObjectName(QStringLiteral("currentFact"));
+    pane->setAccessibleName(FurtherFactsTexts::tr("The Selected Fact"));
+    pane->setReadOnly(true);
+    pane->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    pane->setTabChangesFocus(true);
+    const auto show = [pane, &list] { pane->setPlainText(list.currentText()); };
+    QObject::connect(&list, &QTreeWidget::currentItemChanged, pane, show);
+    show();
+    return pane;
+}
+
+QSplitter* splitBetween(QWidget* list, QWidget* pane)
+{
+    auto* const splitter = new QSplitter(Qt::Vertical);
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(list);
+    splitter->addWidget(pane);
+    splitter->setStretchFactor(0, 1);
+    splitter->setSizes({listHeight, paneHeight});
+    return splitter;
 }
 
 } // namespace
@@ -39,16 +71,18 @@ void showFurtherFacts(QWidget& owner, const Person& person, const std::vector<Fu
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setObjectName(QStringLiteral("furtherFactsDialog"));
     dialog->setWindowTitle(FurtherFactsTexts::tr("Further Facts"));
-    dialog->resize(640, 480);
+    dialog->resize(width, listHeight + 2 * paneHeight);
     auto* const text = new QLabel(heading(person, source->origin()));
     text->setTextFormat(Qt::PlainText);
     text->setWordWrap(true);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::close);
+    auto* const list = new FurtherFactsList(facts);
     auto* const column = new QVBoxLayout(dialog);
     column->addWidget(text);
-    column->addWidget(new FurtherFactsList(facts), 1);
+    column->addWidget(splitBetween(list, paneBelow(*list)), 1);
     column->addWidget(buttons);
+    list->setFocus();
     dialog->show();
 }
 

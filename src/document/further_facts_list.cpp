@@ -29,13 +29,31 @@ enum Column
 constexpr int wholeValue = Qt::UserRole;
 constexpr int mostLabelWidth = 280;
 constexpr int columnGap = 8;
-constexpr qsizetype mostInARow = 300;   // characters
-constexpr qsizetype mostInATip = 2'000; // a screenful
 constexpr int indent = 2;
 
-QString shortened(const QString& text, qsizetype most)
+struct Extent
 {
-    return text.size() <= most ? text : QString(text.first(most).trimmed() % u'…');
+    qsizetype characters;
+    int lines;
+};
+
+constexpr Extent mostInARow{300, 6};
+constexpr Extent mostInATip{2'000, 30}; // a screenful
+
+QString shortened(const QString& text, Extent most)
+{
+    qsizetype end = std::min(text.size(), most.characters);
+    qsizetype lineEnd = -1;
+    for (int line = 0; line < most.lines && lineEnd < end; ++line) {
+        const auto next = text.indexOf(u'\n', lineEnd + 1);
+        lineEnd = next < 0 ? text.size() : next;
+    }
+    end = std::min(end, lineEnd);
+    if (end == text.size())
+        return text;
+    if (end > 0 && text[end - 1].isHighSurrogate())
+        --end;
+    return text.first(end).trimmed() % u'…';
 }
 
 /// Notes may hold marks that would be taken for formatting.
@@ -67,6 +85,11 @@ bool isHeading(const QTreeWidgetItem& item)
     return !(item.flags() & Qt::ItemIsSelectable);
 }
 
+bool isHeading(const QModelIndex& index)
+{
+    return index.isValid() && !(index.flags() & Qt::ItemIsSelectable);
+}
+
 void showHeading(QTreeWidgetItem& item)
 {
     item.setFlags(Qt::ItemIsEnabled);
@@ -83,8 +106,10 @@ int depthOf(const QTreeWidgetItem& item)
 
 QString lineOf(const QTreeWidgetItem& item)
 {
-    const QString value = item.data(Value, wholeValue).toString();
-    const QString label = QString(indent * depthOf(item), u' ') % item.text(Label);
+    QString value = item.data(Value, wholeValue).toString();
+    const QString margin(indent * depthOf(item), u' ');
+    const QString label = margin % item.text(Label);
+    value.replace(u'\n', QString(u'\n' % margin % QString(indent, u' ')));
     return value.isEmpty() ? label : QString(label % u": " % value);
 }
 
@@ -111,13 +136,13 @@ void FurtherFactsList::fill(const std::vector<FurtherFact>& facts)
         above.resize(std::min(above.size(), static_cast<std::size_t>(fact.depth)));
         auto* const item = above.empty() ? new QTreeWidgetItem(this) : new QTreeWidgetItem(above.back());
         item->setText(Label, fact.label);
+        item->setToolTip(Label, plainToolTip(fact.label));
         above.push_back(item);
         if (fact.isHeading) {
             showHeading(*item);
             continue;
         }
         item->setTextAlignment(Label, Qt::AlignLeft | Qt::AlignTop);
-        item->setToolTip(Label, plainToolTip(fact.label));
         item->setText(Value, shortened(fact.value, mostInARow));
         item->setData(Value, wholeValue, fact.value);
         if (!fact.value.isEmpty())
@@ -166,6 +191,47 @@ QString FurtherFactsList::selectedText()
         lines << lineOf(item);
     }
     return lines.join(u'\n');
+}
+
+QString FurtherFactsList::currentText() const
+{
+    const QTreeWidgetItem* const item = currentItem();
+    if (!item)
+        return {};
+    const QString value = item->data(Value, wholeValue).toString();
+    return value.isEmpty() ? item->text(Label) : value;
+}
+
+QModelIndex FurtherFactsList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const QModelIndex wanted = QTreeWidget::moveCursor(action, modifiers);
+    if (!isHeading(wanted))
+        return wanted;
+    if (action == MoveLeft)
+        return currentIndex();
+    const bool isUpwards = action == MoveUp || action == MovePrevious || action == MovePageUp || action == MoveEnd;
+    for (const bool direction : {isUpwards, !isUpwards}) {
+        if (const QModelIndex fact = factFrom(wanted, direction); fact.isValid())
+            return fact;
+    }
+    return currentIndex();
+}
+
+QModelIndex FurtherFactsList::factFrom(QModelIndex at, bool isUpwards) const
+{
+    while (isHeading(at))
+        at = isUpwards ? indexAbove(at) : indexBelow(at);
+    return at;
+}
+
+/// Nobody could scroll to a heading by the keyboard otherwise.
+void FurtherFactsList::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTreeWidget::currentChanged(current, previous);
+    if (const QModelIndex above = indexAbove(current); isHeading(above)) {
+        scrollTo(above);
+        scrollTo(current);
+    }
 }
 
 } // namespace lineara

@@ -9,6 +9,7 @@
 #include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 
@@ -139,7 +140,8 @@ TEST_F(ImportedDocument, CopiesWhatIsSelectedWithItsHeading)
     EXPECT_EQ(list.selectedText(), QStringLiteral("Family without a partner\n    Source: The <b>Book</b> of Ely"));
 }
 
-TEST_F(ImportedDocument, IsReadByTheArrowKeys)
+// Headings can't be selected, so a step onto one would show nothing and seem to be none.
+TEST_F(ImportedDocument, IsReadByTheArrowKeysPastTheHeadings)
 {
     FurtherFactsList& list = listOf(0);
     list.setFocus();
@@ -150,7 +152,17 @@ TEST_F(ImportedDocument, IsReadByTheArrowKeys)
         QTest::keyClick(&list, Qt::Key_Down);
         read << list.currentItem()->text(0);
     }
-    EXPECT_EQ(read.join(u' '), QStringLiteral("Place Birth: Place Family without a partner Marriage"));
+    EXPECT_EQ(read.join(u' '), QStringLiteral("Place Birth: Place Marriage Source"));
+}
+
+TEST_F(ImportedDocument, ShowsTheCurrentFactWhole)
+{
+    FurtherFactsList& list = listOf(0);
+    const auto& pane = *dialog()->findChild<QPlainTextEdit*>(QStringLiteral("currentFact"));
+    EXPECT_TRUE(pane.isReadOnly());
+    EXPECT_EQ(pane.toPlainText(), QStringLiteral("Miller"));
+    list.setCurrentItem(list.topLevelItem(2)->child(0)->child(0));
+    EXPECT_EQ(pane.toPlainText(), QStringLiteral("The <b>Book</b> of Ely"));
 }
 
 TEST_F(ImportedDocument, HasNothingToShowOfSomebodyWhoWasMadeHere)
@@ -169,6 +181,63 @@ TEST(FurtherFactsList, ShortensLongValuesAndKeepsThemWhole)
     EXPECT_GT(note.toolTip(1).size(), note.text(1).size());
     list.selectAll();
     EXPECT_EQ(list.selectedText(), QStringLiteral("Note: ") + words);
+}
+
+QString linesOf(int count)
+{
+    return QStringLiteral("line\n").repeated(count).chopped(1);
+}
+
+TEST(FurtherFactsList, ShortensValuesOfManyLines)
+{
+    const FurtherFactsList list({{QStringLiteral("Note"), linesOf(50), 0}, {QStringLiteral("Note"), linesOf(6), 0}});
+    EXPECT_EQ(list.topLevelItem(0)->text(1), QString(linesOf(6) + u'…'));
+    EXPECT_EQ(list.topLevelItem(0)->toolTip(1).count(QStringLiteral("<br>")), 29);
+    EXPECT_EQ(list.topLevelItem(1)->text(1), linesOf(6));
+    EXPECT_EQ(list.currentText(), linesOf(50));
+}
+
+TEST(FurtherFactsList, ShortensBetweenCharacters)
+{
+    const QString tree = QStringLiteral("\U0001F333");
+    const FurtherFactsList list({{QStringLiteral("Note"), QString(u'x' + tree.repeated(1'000)), 0}});
+    EXPECT_EQ(list.topLevelItem(0)->text(1), QString(u'x' + tree.repeated(149) + u'…'));
+}
+
+TEST(FurtherFactsList, CopiesAllLinesOfAValueBelowItsLabel)
+{
+    FurtherFactsList list({{QStringLiteral("Marriage"), QStringLiteral("Y"), 0},
+                           {QStringLiteral("Note"), QStringLiteral("first\nsecond"), 1}});
+    list.selectAll();
+    EXPECT_EQ(list.selectedText(), QStringLiteral("Marriage: Y\n  Note: first\n    second"));
+}
+
+TEST(FurtherFactsList, GoesPastHeadingsByEveryKey)
+{
+    FurtherFactsList list({{QStringLiteral("Family of Anna"), {}, 0, true},
+                           {QStringLiteral("first"), {}, 1},
+                           {QStringLiteral("Family with Bert"), {}, 0, true},
+                           {QStringLiteral("second"), {}, 1}});
+    list.resize(400, 300);
+    list.show();
+    const auto after = [&list](Qt::Key key) {
+        QTest::keyClick(&list, key);
+        return list.currentText().toStdString();
+    };
+    EXPECT_EQ(after(Qt::Key_Up), "first");
+    EXPECT_EQ(after(Qt::Key_Down), "second");
+    EXPECT_EQ(after(Qt::Key_Left), "second");
+    EXPECT_EQ(after(Qt::Key_Up), "first");
+    EXPECT_EQ(after(Qt::Key_End), "second");
+    EXPECT_EQ(after(Qt::Key_Home), "first");
+    EXPECT_EQ(after(Qt::Key_PageDown), "second");
+    EXPECT_EQ(after(Qt::Key_PageUp), "first");
+}
+
+TEST(FurtherFactsList, TellsWholeHeadingsInTooltips)
+{
+    const FurtherFactsList list({{QStringLiteral("Family of A & B"), {}, 0, true}, {QStringLiteral("first"), {}, 1}});
+    EXPECT_EQ(list.topLevelItem(0)->toolTip(0), QStringLiteral("<p>Family of A &amp; B</p>"));
 }
 
 TEST(FurtherFactsList, ShowsTextsAsTheyStand)
