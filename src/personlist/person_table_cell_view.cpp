@@ -86,6 +86,7 @@ PersonTableCellView::PersonTableCellView(ObjectContext& context, RecordId person
             surroundings_.facts.show(*shown);
     });
     refresh();
+    refreshFacts();
     showRefused();
 }
 
@@ -180,7 +181,6 @@ void PersonTableCellView::refresh()
     if (!notesTextField_->isModified())
         notesTextField_->showNotes(person->additional().value_or(QString()));
     showPicture(*person);
-    showFacts(*person);
     update();
 }
 
@@ -194,9 +194,12 @@ void PersonTableCellView::showPicture(const Person& person)
     picRemoveButton_->setEnabled(person.pic());
 }
 
-void PersonTableCellView::showFacts(const Person& person)
+void PersonTableCellView::refreshFacts()
 {
-    const int count = surroundings_.facts.count(person);
+    const Person* const person = edit_.person();
+    if (!person)
+        return;
+    const int count = surroundings_.facts.count(*person);
     factsButton_->setText(CellTexts::tr("%n further fact(s) from the imported file", nullptr, count));
     factsButton_->setVisible(count > 0);
 }

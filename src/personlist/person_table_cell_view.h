@@ -58,6 +58,8 @@ public:
 
     /// Shows what the record says, except where something is being typed.
     void refresh();
+    /// Shows how many further facts there are now.
+    void refreshFacts();
     /// Takes what was typed into the record.
     void commit();
     /// What commit() would make of the person, or no value where that is what it is already.
@@ -92,7 +94,6 @@ private:
     QColor ground() const;
     void paintVeil(QPainter& painter) const;
     void showPicture(const Person& person);
-    void showFacts(const Person& person);
 
     RecordId person_;
     PersonEdit edit_;

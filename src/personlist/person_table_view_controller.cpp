@@ -238,18 +238,29 @@ void PersonTableViewController::observeChange(const Change& change)
     const auto* const one = std::get_if<AttributesChanged>(&change);
     if (one && one->attributes.testFlag(PersonAttribute::Image))
         thumbnails_->forget(one->person.recordId());
-    if ((one && (one->attributes & ~notShown)) || std::holds_alternative<Replayed>(change) || isLinkOfOpenRow(change))
+    const bool concernsFacts = concernsFactsOfOpenRow(change);
+    areFactsStale_ = areFactsStale_ || concernsFacts;
+    if ((one && (one->attributes & ~notShown)) || std::holds_alternative<Replayed>(change) || concernsFacts)
         showLater();
     if (auto* const cell = openRow_->cell(); cell && one && one->person.recordId() == *openRow_->person())
         cell->refresh();
 }
 
-/// Further facts are told of persons by their links, too.
-bool PersonTableViewController::isLinkOfOpenRow(const Change& change) const
+/// They hang on links and on which picture is shown, and name persons as long as the records of these are there. To
+/// count them for each letter of a name would take its time where there are thousands.
+bool PersonTableViewController::concernsFactsOfOpenRow(const Change& change) const
 {
-    const auto* const link = std::get_if<LinkChanged>(&change);
     const auto open = openRow_->person();
-    return link && open && (link->owner.recordId() == *open || link->member.recordId() == *open);
+    const auto isOpen = [&open](const Record& record) { return record.recordId() == *open; };
+    if (!open)
+        return false;
+    if (const auto* const link = std::get_if<LinkChanged>(&change))
+        return isOpen(link->owner) || isOpen(link->member);
+    if (const auto* const values = std::get_if<AttributesChanged>(&change))
+        return isOpen(values->person) && values->attributes.testFlag(PersonAttribute::Image);
+    if (const auto* const removed = std::get_if<RecordRemoved>(&change))
+        return removed->record.entity() == Entity::Source;
+    return std::holds_alternative<Replayed>(change);
 }
 
 /// Once for everything that changes in the present event.
@@ -262,8 +273,12 @@ void PersonTableViewController::showLater()
         [this] {
             isStale_ = false;
             personsArrayController_->refresh();
-            if (auto* const cell = openRow_->cell())
+            const bool areFactsStale = std::exchange(areFactsStale_, false);
+            auto* const cell = openRow_->cell();
+            if (cell)
                 cell->refresh();
+            if (cell && areFactsStale)
+                cell->refreshFacts();
         },
         Qt::QueuedConnection);
 }

@@ -46,6 +46,34 @@ TEST_F(FurtherFactsInTheList, AreCountedAnewWhenTheLinksOfThePersonChange)
     EXPECT_FALSE(button().isVisible());
 }
 
+TEST_F(FurtherFactsInTheList, AreNotCountedAnewWhenAFieldChanges)
+{
+    int counted = 0;
+    shown.list->setFurtherFacts({[&counted](const Person&) { return ++counted; }, [](const Person&) {}});
+    shown.select(known);
+    const int before = counted;
+    known.setName(QStringLiteral("Anne"));
+    known.setBirthYear(1850);
+    unknown.setName(QStringLiteral("Bertram"));
+    QApplication::processEvents();
+    EXPECT_EQ(counted, before);
+    known.changePic(QByteArray("picture"));
+    QApplication::processEvents();
+    EXPECT_EQ(counted, before + 1);
+}
+
+TEST_F(FurtherFactsInTheList, AreCountedAnewWhenAnImportedRecordGoes)
+{
+    unknown.setSource(shown.context.insertSource({QStringLiteral("family.ged"), 1}, "0 @I2@ INDI\n"));
+    shown.list->setFurtherFacts(
+        {[this](const Person&) { return static_cast<int>(shown.context.allSources().size()); }, [](const Person&) {}});
+    shown.select(known);
+    EXPECT_TRUE(button().isVisible());
+    shown.context.remove(unknown);
+    QApplication::processEvents();
+    EXPECT_FALSE(button().isVisible());
+}
+
 TEST_F(FurtherFactsInTheList, TakeNoRoomWhereThereAreNone)
 {
     shown.select(unknown);

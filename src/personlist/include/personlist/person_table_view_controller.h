@@ -79,7 +79,7 @@ public:
 private:
     PersonTableCellView* makeCell(RecordId person);
     void observeChange(const Change& change);
-    bool isLinkOfOpenRow(const Change& change) const;
+    bool concernsFactsOfOpenRow(const Change& change) const;
     void showLater();
     void rowChosen(std::optional<int> row);
     void chosen(std::optional<RecordId> person);
@@ -112,6 +112,7 @@ private:
     std::optional<RecordId> found_;    // whom the search has come to
     int linksSelected_ = 0;            // how often the user selected a link
     bool isStale_ = false;
+    bool areFactsStale_ = false; // the count in the open row
     std::function<void(Person&)> personChosen_ = [](Person&) {};
     std::function<void()> typed_ = [] {};
     FurtherFacts facts_;
