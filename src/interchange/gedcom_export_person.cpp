@@ -5,14 +5,11 @@
 #include <QStringBuilder>
 
 #include <algorithm>
-#include <array>
 
 namespace lineara {
 namespace {
 
 using Line = EditedRecord::Line;
-
-constexpr std::array<std::string_view, 6> namePieces = {"NPFX", "GIVN", "NICK", "SPFX", "SURN", "NSFX"};
 
 GedcomDate birthOf(const PersonValues& values)
 {
@@ -41,7 +38,7 @@ public:
             record_.insert(afterText(0), gedcomLines(1, "NAME", gedcomName(plain), record_.dialect()));
             return;
         }
-        const auto nickname = record_.child(*line, "NICK");
+        const auto nickname = record_.child(*line, nicknameTag);
         const QString value = changedName(plain, record_.text(*line), nickname ? record_.text(*nickname) : QString());
         record_.replace(*line, gedcomLines(1, "NAME", value, record_.dialect()));
         for (const Line piece : record_.children(*line)) {

@@ -9,13 +9,9 @@
 #include <QStringBuilder>
 
 #include <algorithm>
-#include <array>
 
 namespace lineara {
 namespace {
-
-constexpr std::string_view nickname = "NICK";
-constexpr std::array<std::string_view, 6> namePieces = {"NPFX", "GIVN", nickname, "SPFX", "SURN", "NSFX"};
 
 /// "day 5, month 3, year 1600", without what is absent.
 QString inWords(const GedcomDate& date)
@@ -166,14 +162,14 @@ private:
 
 QString nameOf(const GedcomTree& tree, NodeIndex line)
 {
-    const auto nick = tree.child(line, nickname);
+    const auto nick = tree.child(line, nicknameTag);
     const QString whole = plainName(tree.text(line));
     if (!whole.isEmpty())
         return nick ? plainName(tree.text(line), tree.text(*nick)) : whole;
     QStringList pieces;
     for (const std::string_view tag : namePieces) {
         const auto piece = tree.child(line, tag);
-        if (piece && tag == nickname)
+        if (piece && tag == nicknameTag)
             pieces << u'"' % tree.text(*piece).simplified() % u'"';
         else if (piece)
             pieces << tree.text(*piece);
