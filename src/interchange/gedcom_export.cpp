@@ -2,6 +2,7 @@
 
 #include "gedcom_export_changes.h"
 #include "gedcom_export_dialect.h"
+#include "gedcom_export_objects.h"
 #include "gedcom_export_pictures.h"
 #include "gedcom_export_xrefs.h"
 #include "gedzip_writing.h"
@@ -97,8 +98,9 @@ std::string changedHeader(EditedRecord header, GedcomDialect dialect)
 class GenealogyText
 {
 public:
-    GenealogyText(const KeptRecords& kept, const GedcomChanges& changes, GedcomDialect dialect)
-        : kept_(kept), changes_(changes), dialect_(dialect)
+    /// `changes` give the records that are made of others their names.
+    GenealogyText(const KeptRecords& kept, GedcomChanges& changes, GedcomDialect dialect)
+        : kept_(kept), changes_(changes), dialect_(dialect), objects_([&changes] { return changes.nextXref('O'); })
     {}
 
     QByteArray text(const Progress& progress)
@@ -141,7 +143,12 @@ private:
 
     std::string converted(std::string_view lines) const
     {
-        return kept_.dialect() == dialect_ ? std::string(lines) : convertedLines(lines, kept_.dialect(), dialect_);
+        if (kept_.dialect() == dialect_)
+            return std::string(lines);
+        const bool hasObject = lines.find("OBJE") != std::string_view::npos;
+        const bool isForSeven = dialect_ == GedcomDialect::Seven;
+        const std::string objects = hasObject ? (isForSeven ? objects_.of(lines) : objectInFive(lines)) : std::string();
+        return convertedLines(hasObject ? objects : lines, kept_.dialect(), dialect_);
     }
 
     void append(std::string_view lines)
@@ -154,6 +161,7 @@ private:
     const KeptRecords& kept_;
     const GedcomChanges& changes_;
     GedcomDialect dialect_;
+    ObjectsInSeven objects_;
     bool hasHeader_ = false;
     bool isEnded_ = false;
     QByteArray out_;

@@ -38,6 +38,7 @@ public:
     void addRecord(const std::string& lines) { new_ += lines; }
     const ExportGraph& graph() const { return graph_; }
     std::string takeXref(const std::string& wish) { return xrefs_.take(wish); }
+    std::string nextXref(char letter) { return xrefs_.next(letter); }
 
 private:
     std::vector<FamilySheet> keptFamilies() const;

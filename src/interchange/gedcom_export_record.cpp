@@ -50,22 +50,33 @@ std::optional<EditedRecord::Line> EditedRecord::child(Line parent, std::string_v
 QString EditedRecord::text(Line line) const
 {
     // As a record of its own the line would skip the levels above it.
-    std::string shifted;
+    std::string text;
     const int level = lines_[line].read.level.value_or(0);
     const Line last = end(line);
     for (Line at = line; at < last; ++at) {
         const GedcomLine& read = lines_[at].read;
-        if (!read.level || *read.level > level + 1)
-            continue;
-        const auto digits = lines_[at].raw.find_first_of("0123456789");
-        const auto afterLevel = lines_[at].raw.find_first_not_of("0123456789", digits);
-        shifted += std::to_string(*read.level - level);
-        shifted += lines_[at].raw.substr(afterLevel);
-        shifted += '\n';
+        if (read.level && *read.level <= level + 1)
+            text += shifted(at, at + 1, -level);
     }
     GedcomRecord record;
-    record.text = shifted;
+    record.text = text;
     return GedcomTree(record, dialect_ == GedcomDialect::Seven).text(0);
+}
+
+std::string EditedRecord::shifted(Line begin, Line end, int levels) const
+{
+    constexpr std::string_view digits = "0123456789";
+    std::string out;
+    for (Line at = begin; at < end; ++at) {
+        const Entry& entry = lines_[at];
+        std::string_view raw = entry.raw;
+        if (entry.read.level && levels != 0) {
+            out += std::to_string(*entry.read.level + levels);
+            raw.remove_prefix(raw.find_first_not_of(digits, raw.find_first_of(digits)));
+        }
+        out.append(raw).append(1, '\n');
+    }
+    return out;
 }
 
 void EditedRecord::strike(Line line)
@@ -95,6 +106,16 @@ void EditedRecord::replace(Line line, std::string lines)
     isChanged_ = true;
     strikeContinuations(line);
     replaced_[line] = std::move(lines);
+}
+
+void EditedRecord::rename(Line line, std::string_view tag)
+{
+    isChanged_ = true;
+    const Entry& entry = lines_[line];
+    const auto at = static_cast<std::size_t>(entry.read.tag.data() - entry.raw.data());
+    std::string renamed(entry.raw.substr(0, at));
+    renamed.append(tag).append(entry.raw.substr(at + entry.read.tag.size())).append(1, '\n');
+    replaced_[line] = std::move(renamed);
 }
 
 void EditedRecord::insert(Line before, std::string_view lines)

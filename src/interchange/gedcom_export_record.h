@@ -35,6 +35,8 @@ public:
     /// The value with its continuations, as the import reads it.
     QString text(Line line) const;
     bool isStruck(Line line) const { return lines_[line].isStruck; }
+    /// These lines as they stood, but so many levels deeper. Lines that can't be read have none.
+    std::string shifted(Line begin, Line end, int levels) const;
 
     /// Leaves out the line and all below it.
     void strike(Line line);
@@ -42,6 +44,8 @@ public:
     void strikeAlone(Line line);
     /// Puts other lines in the place of this one and its continuations.
     void replace(Line line, std::string lines);
+    /// Gives the line another tag; what stands below it stays.
+    void rename(Line line, std::string_view tag);
     /// Adds lines in front of this place; what is added twice at one place keeps the order of adding.
     void insert(Line before, std::string_view lines);
 

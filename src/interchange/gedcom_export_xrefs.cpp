@@ -40,6 +40,16 @@ std::string ExportXrefs::take(const std::string& wish)
     return xref;
 }
 
+std::string ExportXrefs::next(char letter)
+{
+    readUsed();
+    std::uint64_t& last = last_[letter];
+    std::string xref = numberedXref(letter, ++last);
+    while (!used_.insert(xref).second)
+        xref = numberedXref(letter, ++last);
+    return xref;
+}
+
 /// Everything between two @ signs of a line: pointers that lead nowhere must not come to lead to a new record.
 void ExportXrefs::readUsed()
 {

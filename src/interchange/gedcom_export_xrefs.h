@@ -2,6 +2,7 @@
 
 #include "gedcom_export_kept.h"
 
+#include <cstdint>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -17,6 +18,9 @@ public:
     /// The wish, or its letter with the first number that is free.
     std::string take(const std::string& wish);
 
+    /// The letter with the next number that is free: for many names of one kind.
+    std::string next(char letter);
+
     /// The records' lines with cross-references as 7.0 allows them: of upper case letters, digits and underscores. The
     /// record that is called `unreachable`, which pointers by that name don't mean, gets a name of its own.
     std::string inSeven(std::string_view lines, std::string_view unreachable = {});
@@ -29,6 +33,7 @@ private:
     const KeptRecords& kept_;
     std::unordered_set<std::string> used_;
     std::unordered_map<std::string, std::string> renamed_;
+    std::unordered_map<char, std::uint64_t> last_; ///< number that was given
     bool isRead_ = false;
 };
 

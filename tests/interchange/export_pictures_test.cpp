@@ -3,16 +3,13 @@
 #include "exported.h"
 
 #include "gedzip.h"
-#include "gedzip_writing.h"
 #include "store/family_content.h"
 #include "store/family_file.h"
 
 #include <gmock/gmock.h>
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
-#include <QImage>
 #include <QTemporaryDir>
 
 using namespace lineara;
@@ -21,28 +18,9 @@ using testing::IsEmpty;
 
 namespace {
 
-QByteArray png(Qt::GlobalColor colour)
-{
-    QImage image(8, 8, QImage::Format_RGB32);
-    image.fill(colour);
-    QBuffer buffer;
-    image.save(&buffer, "PNG");
-    return buffer.data();
-}
-
 const QByteArray red = png(Qt::red);
 const QByteArray blue = png(Qt::blue);
 const QByteArray green = png(Qt::green);
-
-QByteArray archiveOf(const QByteArray& genealogy, const ArchiveFiles& files)
-{
-    return gedzipOf(genealogy, files, {}).value();
-}
-
-QByteArray genealogyIn(const QByteArray& archive)
-{
-    return Gedzip::openBytes(archive, {}).value()->genealogy({}).value();
-}
 
 std::vector<std::string> filesIn(const QByteArray& archive)
 {
@@ -50,11 +28,6 @@ std::vector<std::string> filesIn(const QByteArray& archive)
     for (const QString& file : Gedzip::openBytes(archive, {}).value()->ownFiles())
         files.push_back(file.toStdString());
     return files;
-}
-
-QByteArray pictureOf(const Person& person)
-{
-    return person.pic() ? person.pic()->data() : QByteArrayLiteral("none");
 }
 
 QByteArray person(const QByteArray& xref, const QByteArray& lines)
@@ -94,6 +67,17 @@ private:
     QTemporaryDir folder_;
 };
 
+/// What the FILE lines say, in order.
+std::vector<std::string> fileLinesOf(const QByteArray& text)
+{
+    std::vector<std::string> names;
+    for (const std::string& line : linesOf(text)) {
+        if (line.substr(1).starts_with(" FILE "))
+            names.push_back(line.substr(7));
+    }
+    return names;
+}
+
 ExportReport reportOf(const ImportedFamily& family, const QString& path, GedcomFormat format)
 {
     return exportGedcomFile(FamilyContent(*family.context), path, format).value();
@@ -121,10 +105,9 @@ TEST(ArchivedPictures, KeepTheirNamesThroughEveryRoundTrip)
     const QByteArray first = exported(*family.context, GedcomFormat::Gedzip);
     EXPECT_THAT(filesIn(first), ElementsAre("Pictures/a.png", "Zo\xC3\xAB M\xC3\xBCller.png", "b.png", "c/100%.png",
                                             "c/what?.png", "home/me/Tom.png", "my photo.png"));
-    EXPECT_THAT(difference(text, genealogyIn(first)),
-                ElementsAre("-2 VERS 5.5.1", "+2 VERS 7.0", "-2 FILE C:\\Pictures\\a.png", "+2 FILE Pictures/a.png",
-                            "-2 FILE ../../b.png", "+2 FILE b.png", "-2 FILE c/what?.png", "+2 FILE c/what%3F.png",
-                            "-1 FILE /home/me/Tom.png", "+1 FILE home/me/Tom.png"));
+    EXPECT_THAT(fileLinesOf(genealogyIn(first)),
+                ElementsAre("my%20photo.png", "Zo\xC3\xAB M\xC3\xBCller.png", "Pictures/a.png", "b.png", "./c/100%.png",
+                            "c/what%3F.png", "home/me/Tom.png"));
     const auto again = imported(first);
     EXPECT_EQ(again.report.pictures, 8u) << notesOf(again);
     for (std::size_t at = 0; at < 8; ++at)

@@ -1,8 +1,11 @@
 #include "exported.h"
 
+#include "gedzip.h"
 #include "store/family_content.h"
 
+#include <QBuffer>
 #include <QFile>
+#include <QImage>
 
 #include <algorithm>
 #include <map>
@@ -123,6 +126,30 @@ std::string familyText(const ObjectContext& family)
         out << '\n';
     }
     return out.str();
+}
+
+QByteArray png(Qt::GlobalColor colour)
+{
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(colour);
+    QBuffer buffer;
+    image.save(&buffer, "PNG");
+    return buffer.data();
+}
+
+QByteArray archiveOf(const QByteArray& genealogy, const ArchiveFiles& files)
+{
+    return gedzipOf(genealogy, files, {}).value();
+}
+
+QByteArray genealogyIn(const QByteArray& archive)
+{
+    return Gedzip::openBytes(archive, {}).value()->genealogy({}).value();
+}
+
+QByteArray pictureOf(const Person& person)
+{
+    return person.pic() ? person.pic()->data() : QByteArrayLiteral("none");
 }
 
 QByteArray dataFile(const QString& name)

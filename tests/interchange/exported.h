@@ -2,6 +2,7 @@
 
 #include "imported.h"
 
+#include "gedzip_writing.h"
 #include "interchange/gedcom_export.h"
 
 #include <set>
@@ -20,6 +21,15 @@ std::vector<std::string> difference(const QByteArray& before, const QByteArray& 
 
 /// Values of all persons in order, and their links by position: the same for families that are the same.
 std::string familyText(const ObjectContext& family);
+
+/// The bytes of a small picture.
+QByteArray png(Qt::GlobalColor colour);
+
+QByteArray archiveOf(const QByteArray& genealogy, const ArchiveFiles& files);
+QByteArray genealogyIn(const QByteArray& archive);
+
+/// The bytes of a person's picture, or "none".
+QByteArray pictureOf(const Person& person);
 
 /// The bytes of a file among the data of the tests.
 QByteArray dataFile(const QString& name);

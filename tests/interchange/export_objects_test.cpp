@@ -1,0 +1,164 @@
+// Pictures, recordings and documents are written in one way by 5.5.1 and in another by 7.0.
+
+#include "exported.h"
+
+#include <gmock/gmock.h>
+
+using namespace lineara;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+QByteArray versionFive(const QByteArray& records)
+{
+    return "0 HEAD\n1 GEDC\n2 VERS 5.5.1\n2 FORM LINEAGE-LINKED\n1 CHAR UTF-8\n" + records + "0 TRLR\n";
+}
+
+/// The lines of an export to 7.0 behind its header.
+std::vector<std::string> inSeven(const ImportedFamily& family)
+{
+    auto lines = linesOf(exported(*family.context, GedcomFormat::Gedcom70));
+    lines.erase(lines.begin(), lines.begin() + 3);
+    return lines;
+}
+
+/// The same family, and the same lines whenever it is exported to 7.0 again.
+void expectToComeBack(const ImportedFamily& family)
+{
+    const QByteArray seven = exported(*family.context, GedcomFormat::Gedcom70);
+    EXPECT_EQ(exported(*family.context, GedcomFormat::Gedcom70), seven);
+    const auto again = imported(seven);
+    EXPECT_EQ(familyText(*again.context), familyText(*family.context));
+    EXPECT_EQ(exported(*again.context, GedcomFormat::Gedcom70), seven);
+}
+
+} // namespace
+
+TEST(ObjectsIn7, BecomeRecordsThatArePointedAt)
+{
+    const auto family = imported(versionFive("0 @I1@ INDI\n1 NAME Ada /Oak/\n1 OBJE\n2 FORM jpeg\n2 FILE x.jpg\n"
+                                             "2 TITL Ada as a child\n1 SEX F\n"));
+    EXPECT_THAT(inSeven(family), ElementsAre("0 @I1@ INDI", "1 NAME Ada /Oak/", "1 OBJE @O1@", "1 SEX F", "0 @O1@ OBJE",
+                                             "1 FILE x.jpg", "2 FORM image/jpeg", "2 TITL Ada as a child", "0 TRLR"));
+    expectToComeBack(family);
+}
+
+TEST(ObjectsIn7, HaveNamesThatNothingHas)
+{
+    const auto family = imported(versionFive("0 @I1@ INDI\n1 NAME Ada\n1 OBJE @O1@\n1 OBJE @O3@\n1 OBJE\n2 FILE a.png\n"
+                                             "1 SOUR @S1@\n2 OBJE\n3 FILE b.png\n0 @O1@ OBJE\n1 FILE c.png\n"
+                                             "0 @O2@ INDI\n1 NAME Ben\n1 OBJE\n2 FILE d.png\n0 @S1@ SOUR\n"));
+    EXPECT_THAT(inSeven(family),
+                ElementsAre("0 @I1@ INDI", "1 NAME Ada", "1 OBJE @O1@", "1 OBJE @O3@", "1 OBJE @O4@", "1 SOUR @S1@",
+                            "2 OBJE @O5@", "0 @O4@ OBJE", "1 FILE a.png", "2 FORM image/png", "0 @O5@ OBJE",
+                            "1 FILE b.png", "2 FORM image/png", "0 @O1@ OBJE", "1 FILE c.png", "2 FORM image/png",
+                            "0 @O2@ INDI", "1 NAME Ben", "1 OBJE @O6@", "0 @O6@ OBJE", "1 FILE d.png",
+                            "2 FORM image/png", "0 @S1@ SOUR", "0 TRLR"));
+    expectToComeBack(family);
+}
+
+TEST(ObjectsIn7, ShareWhatIsSaidOfThemWithTheirLinks)
+{
+    const auto family = imported(
+        versionFive("0 @F1@ FAM\n1 OBJE\n2 _PRIM Y\n3 _BY me\n2 FILE a.png\n3 FORM png\n4 MEDI photo\n2 NOTE one\n"
+                    "3 CONT two\n2 REFN 7\n2 FILE b.tif\n3 FORM tif\n2 _PHOTO_RIN 5\n2 SOUR @S1@\n3 PAGE 4\n"
+                    "3 OBJE\n4 FILE scan.pdf\n0 @S1@ SOUR\n"));
+    EXPECT_THAT(inSeven(family),
+                ElementsAre("0 @F1@ FAM", "1 OBJE @O1@", "2 _PRIM Y", "3 _BY me", "2 _PHOTO_RIN 5", "0 @O1@ OBJE",
+                            "1 FILE a.png", "2 FORM image/png", "3 MEDI photo", "1 NOTE one", "2 CONT two", "1 REFN 7",
+                            "1 FILE b.tif", "2 FORM image/tiff", "1 SOUR @S1@", "2 PAGE 4", "2 OBJE @O2@",
+                            "0 @O2@ OBJE", "1 FILE scan.pdf", "2 FORM application/pdf", "0 @S1@ SOUR", "0 TRLR"));
+    expectToComeBack(family);
+}
+
+TEST(ObjectsIn7, SayTheFormatOfEachFileBelowIt)
+{
+    const auto family = imported(
+        versionFive("0 @O1@ OBJE\n1 FORM jpeg\n1 TITL Both\n1 FILE a.jpg\n1 FILE b.jpg\n1 NOTE of both\n"
+                    "0 @O2@ OBJE\n1 FILE c.jpg\n2 FORM JPG\n3 TYPE photo\n2 TITL See\n1 TITL Other\n"
+                    "0 @O3@ OBJE\n1 FORM wav\n2 TYPE audio\n1 FILE d\n0 @O4@ OBJE\n1 FILE e.doc\n2 FORM Word file\n"
+                    "0 @O5@ OBJE\n1 FORM 8BPS\n1 FILE f.psd\n0 @O6@ OBJE\n1 FILE g\n0 @O7@ OBJE\n1 FILE h.png\n2 FORM "
+                    "image/png\n"));
+    EXPECT_THAT(inSeven(family),
+                ElementsAre("0 @O1@ OBJE", "1 FILE a.jpg", "2 FORM image/jpeg", "2 TITL Both", "1 FILE b.jpg",
+                            "2 FORM image/jpeg", "1 NOTE of both", "0 @O2@ OBJE", "1 FILE c.jpg", "2 FORM image/jpeg",
+                            "3 MEDI photo", "2 TITL See", "1 _TITL Other", "0 @O3@ OBJE", "1 FILE d",
+                            "2 FORM audio/wav", "3 TYPE audio", "0 @O4@ OBJE", "1 FILE e.doc", "2 _FORM Word file",
+                            "2 FORM application/msword", "0 @O5@ OBJE", "1 FILE f.psd", "2 FORM application/x-8bps",
+                            "0 @O6@ OBJE", "1 FILE g", "2 FORM application/octet-stream", "0 @O7@ OBJE", "1 FILE h.png",
+                            "2 FORM image/png", "0 TRLR"));
+}
+
+TEST(ObjectsIn7, WithoutAFileKeepWhatTheySay)
+{
+    const auto family = imported(
+        versionFive("0 @I1@ INDI\n1 OBJE see the album\n1 OBJE\n1 OBJE\n2 _ALBUM 3\n1 _ALBUM\n0 @O1@ OBJE\n1 FORM bmp\n"
+                    "1 TITL Flower\n1 BLOB\n2 CONT .HM.......k.1\n2 CONT a@@b\n1 OBJE @O2@\n0 @O2@ OBJE\n1 BLOB x\n"));
+    EXPECT_THAT(inSeven(family),
+                ElementsAre("0 @I1@ INDI", "1 OBJE @O3@", "1 OBJE @VOID@", "1 OBJE @VOID@", "2 _ALBUM 3", "1 _ALBUM",
+                            "0 @O3@ OBJE", "1 NOTE see the album", "1 FILE", "2 FORM application/octet-stream",
+                            "0 @O1@ OBJE", "1 _BLOB", "2 CONT .HM.......k.1", "2 CONT a@b", "1 _OBJE @O2@", "1 FILE",
+                            "2 FORM image/bmp", "2 TITL Flower", "0 @O2@ OBJE", "1 _BLOB x", "1 FILE",
+                            "2 FORM application/octet-stream", "0 TRLR"));
+    expectToComeBack(family);
+}
+
+TEST(ObjectsIn7, KeepLinesThatCanNotBeRead)
+{
+    const auto family = imported(versionFive("0 @I1@ INDI\n1 OBJE\n3 FORM lost\n2 FILE a.png\nwords\n4 deep 1\n"
+                                             "2 _PRIM Y\n4 deep 2\n1 NAME Ada\n"));
+    EXPECT_THAT(inSeven(family),
+                ElementsAre("0 @I1@ INDI", "1 OBJE @O1@", "2 _PRIM Y", "4 deep 2", "1 NAME Ada", "0 @O1@ OBJE",
+                            "2 FORM lost", "1 FILE a.png", "words", "3 deep 1", "2 FORM image/png", "0 TRLR"));
+    expectToComeBack(family);
+}
+
+TEST(ObjectsIn7, AreThePicturesThatTheyWere)
+{
+    const QByteArray red = png(Qt::red);
+    const QByteArray blue = png(Qt::blue);
+    const QByteArray text = versionFive("0 @I1@ INDI\n1 NAME Ada\n1 OBJE\n2 FILE a.png\n2 FORM png\n1 OBJE\n2 _PRIM Y\n"
+                                        "2 FILE b.png\n2 FORM png\n1 OBJE\n2 FILE c.pcx\n2 FORM pcx\n"
+                                        "0 @I2@ INDI\n1 NAME Ben\n1 OBJE\n2 FORM photo\n2 FILE d\n");
+    const auto family = imported(archiveOf(text, {{"a.png", red}, {"b.png", blue}, {"d", red}}));
+    ASSERT_EQ(pictureOf(member(family, 0)), blue);
+    const QByteArray archive = exported(*family.context, GedcomFormat::Gedzip);
+    EXPECT_TRUE(exported(*family.context, GedcomFormat::Gedzip) == archive);
+    EXPECT_FALSE(genealogyIn(archive).contains("1 OBJE\n"));
+    const auto again = imported(archive);
+    EXPECT_EQ(familyText(*again.context), familyText(*family.context));
+    EXPECT_EQ(pictureOf(member(again, 0)), blue);
+    EXPECT_EQ(pictureOf(member(again, 1)), red);
+    EXPECT_TRUE(exported(*again.context, GedcomFormat::Gedzip) == archive);
+}
+
+TEST(ObjectsIn7, ComeOutAsTheUserLeftThem)
+{
+    const QByteArray red = png(Qt::red);
+    const QByteArray blue = png(Qt::blue);
+    const QByteArray text = versionFive("0 @I1@ INDI\n1 NAME Ada\n1 OBJE\n2 FILE a.png\n2 TITL Ada\n1 OBJE\n"
+                                        "2 FILE will.pdf\n0 @I2@ INDI\n1 NAME Ben\n1 OBJE\n2 FILE b.png\n2 FORM png\n");
+    const auto family = imported(archiveOf(text, {{"a.png", red}, {"b.png", blue}}));
+    member(family, 0).removePic();
+    member(family, 1).changePic(red);
+    const QByteArray archive = exported(*family.context, GedcomFormat::Gedzip);
+    EXPECT_THAT(linesOf(genealogyIn(archive)),
+                ElementsAre("0 HEAD", "1 GEDC", "2 VERS 7.0", "0 @I1@ INDI", "1 NAME Ada", "1 OBJE @O1@", "0 @O1@ OBJE",
+                            "1 FILE will.pdf", "2 FORM application/pdf", "0 @I2@ INDI", "1 NAME Ben", "1 OBJE @O105@",
+                            "0 @O105@ OBJE", "1 FILE pictures/p105.png", "2 FORM image/png", "0 TRLR"));
+    const auto again = imported(archive);
+    EXPECT_EQ(pictureOf(member(again, 0)), "none");
+    EXPECT_EQ(pictureOf(member(again, 1)), red);
+    EXPECT_TRUE(exported(*again.context, GedcomFormat::Gedzip) == archive);
+}
+
+TEST(ObjectsIn551, HaveItsFormats)
+{
+    const QByteArray seven = "0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @O1@ OBJE\n1 FILE a.jpg\n2 FORM image/jpeg\n3 MEDI OTHER\n"
+                             "2 TITL A\n1 FILE b\n2 FORM application/x-8bps\n1 FILE c\n2 FORM chemical/x-pdb\n0 TRLR\n";
+    EXPECT_THAT(difference(seven, exported(*imported(seven).context)),
+                ElementsAre("-2 VERS 7.0", "+2 VERS 5.5.1", "+2 FORM LINEAGE-LINKED", "+1 CHAR UTF-8",
+                            "-2 FORM image/jpeg", "-3 MEDI OTHER", "+2 FORM jpg", "+3 TYPE OTHER",
+                            "-2 FORM application/x-8bps", "+2 FORM 8bps"));
+}
