@@ -146,9 +146,11 @@ private:
         if (kept_.dialect() == dialect_)
             return std::string(lines);
         const bool hasObject = lines.find("OBJE") != std::string_view::npos;
-        const bool isForSeven = dialect_ == GedcomDialect::Seven;
-        const std::string objects = hasObject ? (isForSeven ? objects_.of(lines) : objectInFive(lines)) : std::string();
-        return convertedLines(hasObject ? objects : lines, kept_.dialect(), dialect_);
+        if (dialect_ == GedcomDialect::Five) {
+            std::string five = convertedLines(lines, dialect_);
+            return hasObject ? objectInFive(five) : five;
+        }
+        return convertedLines(hasObject ? objects_.of(lines) : std::string(lines), dialect_);
     }
 
     void append(std::string_view lines)

@@ -1,5 +1,6 @@
 #include "gedcom_export_dialect.h"
 
+#include "gedcom_export_enums.h"
 #include "gedcom_line.h"
 #include "gedcom_tree.h"
 
@@ -8,6 +9,8 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace lineara {
 namespace {
@@ -61,40 +64,56 @@ QString dateInFive(const QString& date)
 class LineConversion
 {
 public:
-    LineConversion(GedcomDialect from, GedcomDialect to) : from_(from), to_(to) {}
-
-    void add(std::string_view raw)
+    LineConversion(std::string_view text, GedcomDialect to) : to_(to)
     {
-        const auto line = GedcomLineReader(raw).next();
-        if (!line)
-            return;
-        if (line->defect != LineDefect::None) {
-            flush();
-            out_ += raw;
-            out_ += '\n';
-        } else if (pending_ && line->tag == "CONC" && *line->level == textLevel_ + 1) {
-            goOn(*line);
-        } else {
-            flush();
-            begin(*line);
+        while (!text.empty()) {
+            const auto length = std::min(text.find('\n'), text.size());
+            if (const auto line = GedcomLineReader(text.substr(0, length)).next())
+                lines_.push_back({text.substr(0, length), *line});
+            text.remove_prefix(std::min(length + 1, text.size()));
         }
     }
 
     std::string result() &&
     {
+        for (std::size_t at = 0; at < lines_.size(); ++at)
+            add(at);
         flush();
         return std::move(out_);
     }
 
 private:
+    struct Entry
+    {
+        std::string_view raw;
+        GedcomLine read;
+    };
+
     struct Pending
     {
+        std::size_t at; ///< of the first of its lines
         int level;
         std::string_view xref;
         std::string_view tag;
+        std::string_view parent; ///< tag of the line that it stands below
         bool isPointer;
         std::string value;
     };
+
+    void add(std::size_t at)
+    {
+        const GedcomLine& line = lines_[at].read;
+        if (line.defect != LineDefect::None) {
+            flush();
+            out_ += lines_[at].raw;
+            out_ += '\n';
+        } else if (pending_ && line.tag == "CONC" && *line.level == textLevel_ + 1) {
+            goOn(at);
+        } else {
+            flush();
+            begin(at);
+        }
+    }
 
     /// A continuation is never a pointer.
     static std::string_view valueOf(const GedcomLine& line)
@@ -104,23 +123,35 @@ private:
     }
 
     /// Words below a pointer are no part of it. 7.0 has no CONC that could hold them.
-    void goOn(const GedcomLine& line)
+    void goOn(std::size_t at)
     {
         if (!pending_->isPointer) {
-            pending_->value += valueOf(line);
+            pending_->value += valueOf(lines_[at].read);
             return;
         }
         flush();
-        begin(line);
+        begin(at);
         if (to_ == GedcomDialect::Seven)
             pending_->tag = "CONT";
     }
 
-    void begin(const GedcomLine& line)
+    void begin(std::size_t at)
     {
+        const GedcomLine& line = lines_[at].read;
+        const std::size_t level = *line.level;
+        above_.resize(level + 1);
+        above_[level] = line.tag;
+        if (at == saidAbove_)
+            return;
         const bool isText = isContinuation(line.tag);
         textLevel_ = *line.level - (isText ? 1 : 0);
-        pending_ = Pending{*line.level, line.xref, line.tag, line.isPointer && !isText, std::string(valueOf(line))};
+        pending_ = Pending{at,
+                           *line.level,
+                           line.xref,
+                           line.tag,
+                           level > 0 ? above_[level - 1] : std::string_view(),
+                           line.isPointer && !isText,
+                           std::string(valueOf(line))};
     }
 
     void flush()
@@ -140,32 +171,89 @@ private:
     std::string_view tagOf(const Pending& line) const
     {
         const bool isShared = line.isPointer || (line.level == 0 && !line.xref.empty());
-        if (!isShared)
-            return line.tag;
-        if (to_ == GedcomDialect::Seven && line.tag == "NOTE")
-            return "SNOTE";
-        return to_ == GedcomDialect::Five && line.tag == "SNOTE" ? "NOTE" : line.tag;
+        if (to_ == GedcomDialect::Seven) {
+            const bool isRole = line.tag == "RELA" && line.parent == "ASSO";
+            return isShared && line.tag == "NOTE" ? "SNOTE" : isRole ? "ROLE" : line.tag;
+        }
+        const bool isRole = line.tag == "ROLE" && line.parent == "ASSO";
+        return isShared && line.tag == "SNOTE" ? "NOTE" : isRole ? "RELA" : line.tag;
     }
 
     void writeText(const Pending& line, const std::string& tag)
     {
-        QString text = QString::fromUtf8(line.value.data(), static_cast<qsizetype>(line.value.size()));
-        QString phrase;
-        if (line.tag == "DATE") {
-            text = to_ == GedcomDialect::Seven ? dateInSeven(text) : dateInFive(text);
-            if (to_ == GedcomDialect::Seven)
-                phrase = takePhrase(text);
-        }
-        const bool hasCalendar = line.tag == "DATE" && text.contains(QStringView(u"@#"));
-        if (from_ == GedcomDialect::Five)
-            text = withSingleAts(text);
-        else if (text.startsWith(QStringView(u"@@")))
-            text.remove(0, 1);
+        const QString text = QString::fromUtf8(line.value.data(), static_cast<qsizetype>(line.value.size()));
+        const PhrasedValue said = to_ == GedcomDialect::Seven ? inSeven(line, text) : inFive(line, text);
+        const bool hasCalendar = line.tag == "DATE" && said.value.contains(QStringView(u"@#"));
         // An escape of a date is no text.
-        out_ += hasCalendar ? std::to_string(line.level) + ' ' + tag + ' ' + text.toStdString() + '\n'
-                            : linesOf(line, tag, text);
-        if (!phrase.isEmpty())
-            out_ += gedcomLines(line.level + 1, "PHRASE", phrase, to_);
+        out_ += hasCalendar ? std::to_string(line.level) + ' ' + tag + ' ' + said.value.toStdString() + '\n'
+                            : linesOf(line, tag, said.value);
+        if (!said.phrase.isEmpty())
+            out_ += gedcomLines(line.level + 1, "PHRASE", said.phrase, to_);
+    }
+
+    PhrasedValue inSeven(const Pending& line, const QString& text) const
+    {
+        PhrasedValue said{text, {}};
+        if (line.tag == "DATE") {
+            said.value = dateInSeven(text);
+            said.phrase = takePhrase(said.value);
+        }
+        said.value = withSingleAts(said.value);
+        const auto other = enumerationInSeven(line.parent, line.tag, said.value);
+        return other && !goesOn(line) ? *other : said;
+    }
+
+    /// A phrase that the value says now is not said again.
+    PhrasedValue inFive(const Pending& line, const QString& text)
+    {
+        PhrasedValue said{line.tag == "DATE" ? dateInFive(text) : withoutEscape(text), {}};
+        if (!isEnumeration(line.parent, line.tag) || goesOn(line))
+            return said;
+        const auto phraseAt = phraseBelow(line);
+        const QString phrase = phraseAt ? withoutEscape(utf16(lines_[*phraseAt].read.value)) : QString();
+        const PhrasedValue other = enumerationInFive(line.parent, line.tag, {said.value, phrase});
+        if (phraseAt && other.phrase.isEmpty())
+            saidAbove_ = *phraseAt;
+        return {other.value, {}};
+    }
+
+    static QString utf16(std::string_view text)
+    {
+        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    }
+
+    /// 7.0 doubles an @ that a value begins with.
+    static QString withoutEscape(const QString& text)
+    {
+        return text.startsWith(QStringView(u"@@")) ? text.sliced(1) : text;
+    }
+
+    /// Whether the text of the line has further lines.
+    bool goesOn(const Pending& line) const { return childOf(line, "CONT").has_value(); }
+
+    /// The only line that its text stands in.
+    std::optional<std::size_t> phraseBelow(const Pending& line) const
+    {
+        const auto phrase = childOf(line, "PHRASE");
+        if (!phrase || lines_[*phrase].read.isPointer)
+            return std::nullopt;
+        const bool isLast = *phrase + 1 == lines_.size();
+        const bool isAlone = isLast || lines_[*phrase + 1].read.level.value_or(0) <= line.level + 1;
+        return isAlone ? phrase : std::nullopt;
+    }
+
+    std::optional<std::size_t> childOf(const Pending& line, std::string_view tag) const
+    {
+        for (std::size_t at = line.at + 1; at < lines_.size(); ++at) {
+            const GedcomLine& read = lines_[at].read;
+            if (read.defect != LineDefect::None)
+                continue;
+            if (*read.level <= line.level)
+                break;
+            if (*read.level == line.level + 1 && read.tag == tag)
+                return at;
+        }
+        return std::nullopt;
     }
 
     /// A CONT goes on by CONC lines beside it, any other line by such below it.
@@ -195,24 +283,20 @@ private:
         return phrase;
     }
 
-    GedcomDialect from_;
     GedcomDialect to_;
+    std::vector<Entry> lines_;
     std::optional<Pending> pending_;
-    int textLevel_ = 0; ///< of the line whose text is being joined
+    std::vector<std::string_view> above_;  ///< by level: the tags that lead to the line
+    std::optional<std::size_t> saidAbove_; ///< a line whose words stand in another one already
+    int textLevel_ = 0;                    ///< of the line whose text is being joined
     std::string out_;
 };
 
 } // namespace
 
-std::string convertedLines(std::string_view text, GedcomDialect from, GedcomDialect to)
+std::string convertedLines(std::string_view text, GedcomDialect to)
 {
-    LineConversion conversion(from, to);
-    while (!text.empty()) {
-        const auto length = std::min(text.find('\n'), text.size());
-        conversion.add(text.substr(0, length));
-        text.remove_prefix(std::min(length + 1, text.size()));
-    }
-    return std::move(conversion).result();
+    return LineConversion(text, to).result();
 }
 
 } // namespace lineara

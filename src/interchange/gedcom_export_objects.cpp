@@ -216,12 +216,12 @@ std::string ObjectsInSeven::takenOut(EditedRecord& lines, std::size_t object) co
 
 std::string objectInFive(std::string_view record)
 {
-    EditedRecord lines(record, GedcomDialect::Seven);
+    EditedRecord lines(record, GedcomDialect::Five);
     if (!isObjectRecord(lines))
         return std::string(record);
     for (const Line file : lines.children(0, "FILE")) {
         for (const Line form : lines.children(file, "FORM")) {
-            lines.replace(form, gedcomLines(2, "FORM", formatOf(lines.text(form)), GedcomDialect::Seven));
+            lines.replace(form, gedcomLines(2, "FORM", formatOf(lines.text(form)), GedcomDialect::Five));
             for (const Line medium : lines.children(form, "MEDI"))
                 lines.rename(medium, "TYPE");
         }

@@ -29,7 +29,8 @@ private:
     std::function<std::string()> nextXref_;
 };
 
-/// The record of an object of 7.0 with its formats as 5.5.1 has them; any other record as it stands.
+/// The record of an object with its formats as 5.5.1 has them, in whose other lines it is written already; any other
+/// record as it stands.
 std::string objectInFive(std::string_view record);
 
 } // namespace lineara

@@ -46,7 +46,11 @@ Descent descentBelow(const GedcomTree& tree, NodeIndex line, std::string_view ta
     static const QStringList births = {QStringLiteral("birth"), QStringLiteral("natural"),
                                        QStringLiteral("biological")};
     static const QStringList nothing = {QString(), QStringLiteral("unknown"), QStringLiteral("private")};
-    const auto said = tree.child(line, tag);
+    auto said = tree.child(line, tag);
+    const auto phrase = said ? tree.child(*said, "PHRASE") : std::nullopt;
+    // What 7.0 has no word for is said by the phrase.
+    if (phrase && tree.text(*said).trimmed().compare(u"other", Qt::CaseInsensitive) == 0)
+        said = phrase;
     const QString word = said ? tree.text(*said).trimmed().toLower() : QString();
     if (births.contains(word))
         return Descent::ByBirth;

@@ -3,6 +3,8 @@
 #include "gedzip.h"
 #include "store/family_content.h"
 
+#include <gtest/gtest.h>
+
 #include <QBuffer>
 #include <QFile>
 #include <QImage>
@@ -126,6 +128,27 @@ std::string familyText(const ObjectContext& family)
         out << '\n';
     }
     return out.str();
+}
+
+QByteArray versionFive(const QByteArray& records)
+{
+    return "0 HEAD\n1 GEDC\n2 VERS 5.5.1\n2 FORM LINEAGE-LINKED\n1 CHAR UTF-8\n" + records + "0 TRLR\n";
+}
+
+std::vector<std::string> inSeven(const ImportedFamily& family)
+{
+    auto lines = linesOf(exported(*family.context, GedcomFormat::Gedcom70));
+    lines.erase(lines.begin(), lines.begin() + 3);
+    return lines;
+}
+
+void expectToComeBack(const ImportedFamily& family)
+{
+    const QByteArray seven = exported(*family.context, GedcomFormat::Gedcom70);
+    EXPECT_EQ(exported(*family.context, GedcomFormat::Gedcom70), seven);
+    const auto again = imported(seven);
+    EXPECT_EQ(familyText(*again.context), familyText(*family.context));
+    EXPECT_EQ(exported(*again.context, GedcomFormat::Gedcom70), seven);
 }
 
 QByteArray png(Qt::GlobalColor colour)

@@ -22,6 +22,15 @@ std::vector<std::string> difference(const QByteArray& before, const QByteArray& 
 /// Values of all persons in order, and their links by position: the same for families that are the same.
 std::string familyText(const ObjectContext& family);
 
+/// These records of 5.5.1 as a whole genealogy.
+QByteArray versionFive(const QByteArray& records);
+
+/// The lines of an export to 7.0 behind its header.
+std::vector<std::string> inSeven(const ImportedFamily& family);
+
+/// Expects the same family, and the same lines whenever it is exported to 7.0 again.
+void expectToComeBack(const ImportedFamily& family);
+
 /// The bytes of a small picture.
 QByteArray png(Qt::GlobalColor colour);
 
