@@ -1,13 +1,11 @@
 #include "gedcom_export_dialect.h"
 
+#include "gedcom_export_dates.h"
 #include "gedcom_export_enums.h"
 #include "gedcom_line.h"
 #include "gedcom_tree.h"
 
-#include <QStringList>
-
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -15,49 +13,10 @@
 namespace lineara {
 namespace {
 
-struct Renaming
+/// Lines that say when something was written. They may have no phrase.
+bool isExactDate(std::string_view parent, std::string_view tag)
 {
-    std::u16string_view five;
-    std::u16string_view seven;
-};
-
-constexpr std::array<Renaming, 6> calendars = {{{u"@#DGREGORIAN@", u"GREGORIAN"},
-                                                {u"@#DJULIAN@", u"JULIAN"},
-                                                {u"@#DHEBREW@", u"HEBREW"},
-                                                {u"@#DFRENCH R@", u"FRENCH_R"},
-                                                {u"@#DROMAN@", u"_ROMAN"},
-                                                {u"@#DUNKNOWN@", u"_UNKNOWN"}}};
-constexpr std::array<std::u16string_view, 3> eras = {u"B.C.", u"BC", u"B.C"};
-
-QString textOf(std::u16string_view view)
-{
-    return QString::fromUtf16(view.data(), static_cast<qsizetype>(view.size()));
-}
-
-QString dateInSeven(QString date)
-{
-    for (const Renaming& calendar : calendars)
-        date.replace(textOf(calendar.five), textOf(calendar.seven), Qt::CaseInsensitive);
-    QStringList words = date.split(u' ');
-    for (QString& word : words) {
-        if (std::ranges::any_of(eras, [&](auto era) { return word.compare(textOf(era), Qt::CaseInsensitive) == 0; }))
-            word = QStringLiteral("BCE");
-    }
-    return words.join(u' ');
-}
-
-QString dateInFive(const QString& date)
-{
-    QStringList words = date.split(u' ');
-    for (QString& word : words) {
-        const auto calendar =
-            std::ranges::find_if(calendars, [&](const auto& one) { return word == textOf(one.seven); });
-        if (calendar != calendars.end())
-            word = textOf(calendar->five);
-        else if (word == u"BCE")
-            word = textOf(eras.front());
-    }
-    return words.join(u' ');
+    return tag == "DATE" && (parent == "HEAD" || parent == "CHAN" || parent == "CREA");
 }
 
 /// Reads lines, joins what belongs together, and writes it again.
@@ -193,28 +152,29 @@ private:
 
     PhrasedValue inSeven(const Pending& line, const QString& text) const
     {
-        PhrasedValue said{text, {}};
-        if (line.tag == "DATE") {
-            said.value = dateInSeven(text);
-            said.phrase = takePhrase(said.value);
-        }
-        said.value = withSingleAts(said.value);
-        const auto other = enumerationInSeven(line.parent, line.tag, said.value);
-        return other && !goesOn(line) ? *other : said;
+        const QString plain = withSingleAts(text);
+        if (line.tag != "DATE" && !isEnumeration(line.parent, line.tag))
+            return {plain, {}};
+        const PhrasedValue said =
+            line.tag == "DATE" ? dateInSeven(plain)
+                               : enumerationInSeven(line.parent, line.tag, plain).value_or(PhrasedValue{plain, {}});
+        const bool mayHavePhrase = !isExactDate(line.parent, line.tag) && !childOf(line, "PHRASE");
+        return goesOn(line) || (!said.phrase.isEmpty() && !mayHavePhrase) ? PhrasedValue{plain, {}} : said;
     }
 
     /// A phrase that the value says now is not said again.
     PhrasedValue inFive(const Pending& line, const QString& text)
     {
-        PhrasedValue said{line.tag == "DATE" ? dateInFive(text) : withoutEscape(text), {}};
-        if (!isEnumeration(line.parent, line.tag) || goesOn(line))
-            return said;
+        const QString plain = withoutEscape(text);
+        if ((line.tag != "DATE" && !isEnumeration(line.parent, line.tag)) || goesOn(line))
+            return {plain, {}};
         const auto phraseAt = phraseBelow(line);
-        const QString phrase = phraseAt ? withoutEscape(utf16(lines_[*phraseAt].read.value)) : QString();
-        const PhrasedValue other = enumerationInFive(line.parent, line.tag, {said.value, phrase});
-        if (phraseAt && other.phrase.isEmpty())
+        const PhrasedValue said{plain, phraseAt ? withoutEscape(utf16(lines_[*phraseAt].read.value)) : QString()};
+        const PhrasedValue five =
+            line.tag == "DATE" ? dateInFive(said) : enumerationInFive(line.parent, line.tag, said);
+        if (phraseAt && five.phrase.isEmpty())
             saidAbove_ = *phraseAt;
-        return {other.value, {}};
+        return {five.value, {}};
     }
 
     static QString utf16(std::string_view text)
@@ -267,20 +227,6 @@ private:
         for (auto at = lines.find(below); at != std::string::npos; at = lines.find(below, at + 1))
             lines.replace(at, below.size(), beside);
         return lines;
-    }
-
-    /// "(said to be old)" and "INT 1850 (said to be)": the words in brackets are a line of their own in 7.0.
-    static QString takePhrase(QString& date)
-    {
-        const auto open = date.indexOf(u'(');
-        const QString trimmed = date.trimmed();
-        const bool isInterpreted = trimmed.startsWith(QStringView(u"INT "), Qt::CaseInsensitive);
-        if (open < 0 || !trimmed.endsWith(u')') || !(trimmed.startsWith(u'(') || isInterpreted))
-            return {};
-        const auto close = date.lastIndexOf(u')');
-        QString phrase = date.sliced(open + 1, close - open - 1);
-        date = isInterpreted ? date.first(open).trimmed().sliced(4).trimmed() : QString();
-        return phrase;
     }
 
     GedcomDialect to_;
