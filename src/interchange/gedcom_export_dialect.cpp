@@ -3,9 +3,11 @@
 #include "gedcom_export_dates.h"
 #include "gedcom_export_enums.h"
 #include "gedcom_line.h"
+#include "gedcom_pointer.h"
 #include "gedcom_tree.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -17,6 +19,17 @@ namespace {
 bool isExactDate(std::string_view parent, std::string_view tag)
 {
     return tag == "DATE" && (parent == "HEAD" || parent == "CHAN" || parent == "CREA");
+}
+
+/// Lines of persons and families that can say nothing but whom they mean.
+bool isMemberLine(std::string_view record, std::string_view tag)
+{
+    static constexpr std::array<std::string_view, 3> ofFamilies = {"HUSB", "WIFE", "CHIL"};
+    static constexpr std::array<std::string_view, 7> ofPersons = {"FAMC", "FAMS", "ALIA", "ASSO",
+                                                                  "ANCI", "DESI", "SUBM"};
+    if (record == "FAM")
+        return std::ranges::find(ofFamilies, tag) != ofFamilies.end();
+    return record == "INDI" && std::ranges::find(ofPersons, tag) != ofPersons.end();
 }
 
 /// Reads lines, joins what belongs together, and writes it again.
@@ -121,10 +134,33 @@ private:
         std::string tag(tagOf(line));
         if (!line.xref.empty())
             tag = std::string(1, '@').append(line.xref).append("@ ").append(tag);
-        if (line.isPointer)
+        if (isEmptyPointer(line))
+            out_ += gedcomPointer(line.level, tag, pointsAtNobody);
+        else if (line.isPointer && isNoPointerInFive(line))
+            out_ += hasLinesBelow(line) ? gedcomLines(line.level, tag, {}, to_) : std::string();
+        else if (line.isPointer)
             out_ += gedcomPointer(line.level, tag, line.value);
         else
             writeText(line, tag);
+    }
+
+    /// 7.0 wants a pointer where 5.5.1 may leave one out.
+    bool isEmptyPointer(const Pending& line) const
+    {
+        const bool mayBe = to_ == GedcomDialect::Seven && line.level == 1 && line.value.empty();
+        return mayBe && isMemberLine(line.parent, line.tag) && !goesOn(line);
+    }
+
+    /// 5.5.1 has no pointer at nobody. The tags of other programs mean by it what they want.
+    bool isNoPointerInFive(const Pending& line) const
+    {
+        return to_ == GedcomDialect::Five && line.value == pointsAtNobody && !line.tag.starts_with('_');
+    }
+
+    bool hasLinesBelow(const Pending& line) const
+    {
+        const bool isLast = line.at + 1 == lines_.size();
+        return !isLast && lines_[line.at + 1].read.level.value_or(0) > line.level;
     }
 
     std::string_view tagOf(const Pending& line) const

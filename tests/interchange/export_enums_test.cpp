@@ -82,13 +82,13 @@ TEST(EnumerationsIn551, KeepPhrasesThatItHasNoPlaceFor)
     const QByteArray seven =
         "0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @I1@ INDI\n1 ASSO @I1@\n2 ROLE FRIEND\n3 PHRASE from school\n"
         "1 NAME Ada\n2 TYPE OTHER\n1 NAME Addie\n2 TYPE OTHER\n3 PHRASE Aka\n1 NAME A\n2 TYPE OTHER\n"
-        "3 PHRASE at\n4 CONT school\n1 SOUR @VOID@\n2 EVEN BIRT\n3 ROLE GODP\n0 TRLR\n";
+        "3 PHRASE at\n4 CONT school\n1 SOUR @S1@\n2 EVEN BIRT\n3 ROLE GODP\n0 TRLR\n";
     const QByteArray five = exported(*imported(seven).context);
     auto lines = linesOf(five);
     lines.erase(lines.begin(), lines.begin() + 6);
     EXPECT_THAT(lines,
                 ElementsAre("1 ASSO @I1@", "2 RELA FRIEND", "3 PHRASE from school", "1 NAME Ada", "2 TYPE other",
                             "1 NAME Addie", "2 TYPE other", "3 PHRASE Aka", "1 NAME A", "2 TYPE other", "3 PHRASE at",
-                            "4 CONT school", "1 SOUR @VOID@", "2 EVEN BIRT", "3 ROLE (GODP)", "0 TRLR"));
+                            "4 CONT school", "1 SOUR @S1@", "2 EVEN BIRT", "3 ROLE (GODP)", "0 TRLR"));
     EXPECT_TRUE(exported(*imported(five).context, GedcomFormat::Gedcom70) == seven);
 }
