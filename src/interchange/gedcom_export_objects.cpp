@@ -145,9 +145,10 @@ private:
         if (!type)
             moved += gedcomLines(2, "_FORM", text, GedcomDialect::Five);
         Line below = format + 1;
-        while (below < lines_.end(format) && isContinuation(lines_[below].tag))
+        const Line end = lines_.end(format);
+        while (below < end && isContinuation(lines_[below].tag))
             ++below;
-        return moved + lines_.shifted(below, lines_.end(format), 1);
+        return moved + lines_.shifted(below, end, 1);
     }
 
     EditedRecord lines_;
@@ -168,7 +169,8 @@ PartedObject partsOf(const EditedRecord& lines, Line object)
     if (!text.trimmed().isEmpty())
         parts.record = gedcomLines(1, "NOTE", text, lines.dialect());
     bool isOfLink = false;
-    for (Line line = object + 1; line < lines.end(object); ++line) {
+    const Line end = lines.end(object);
+    for (Line line = object + 1; line < end; ++line) {
         const std::string_view tag = lines[line].tag;
         if (lines[line].level == level + 1) {
             isOfLink = tag.starts_with('_') || tag == "CROP";

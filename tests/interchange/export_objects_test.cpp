@@ -1,6 +1,7 @@
 // Pictures, recordings and documents are written in one way by 5.5.1 and in another by 7.0.
 
 #include "exported.h"
+#include "hang_guard.h"
 
 #include <gmock/gmock.h>
 
@@ -124,6 +125,19 @@ TEST(ObjectsIn7, ComeOutAsTheUserLeftThem)
     EXPECT_EQ(pictureOf(member(again, 0)), "none");
     EXPECT_EQ(pictureOf(member(again, 1)), red);
     EXPECT_TRUE(exported(*again.context, GedcomFormat::Gedzip) == archive);
+}
+
+TEST(ObjectsIn7, WithLongNotesTakeNoLongerThanTheirLinesDo)
+{
+#ifdef LINEARA_SANITIZED
+    constexpr int lines = 20'000;
+#else
+    constexpr int lines = 300'000;
+#endif
+    const QByteArray note = "2 NOTE long\n" + QByteArray("3 CONT a\n").repeated(lines);
+    const auto family = imported(versionFive("0 @I1@ INDI\n1 OBJE\n" + note + "2 FILE a.png\n"));
+    const HangGuard guard;
+    EXPECT_EQ(exported(*family.context, GedcomFormat::Gedcom70).count("\n2 CONT a"), lines);
 }
 
 TEST(ObjectsIn551, HaveItsFormats)
