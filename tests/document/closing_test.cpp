@@ -10,7 +10,7 @@ namespace {
 
 #ifdef LINEARA_SANITIZED
 constexpr int rounds = 100;
-constexpr int largeFamily = 20'000;
+constexpr int largeFamily = 4'000;
 #else
 constexpr int rounds = 1000;
 constexpr int largeFamily = 200'000;

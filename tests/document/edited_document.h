@@ -20,17 +20,20 @@
 
 namespace lineara {
 
-/// Handles events until `done`; false after a minute.
+/// How long a test waits for what has to come: what hangs ends, and a busy machine has its time. In milliseconds.
+inline constexpr qint64 patience = 300'000;
+
+/// Handles events until `done`; false when patience ends.
 inline bool runEventsUntil(const bool& done)
 {
     QElapsedTimer timer;
     timer.start();
-    while (!done && timer.elapsed() < 60'000)
+    while (!done && timer.elapsed() < patience)
         QApplication::processEvents(QEventLoop::AllEvents, 10);
     return done;
 }
 
-/// Lets the document's queue run empty, files be written and the canvas come to rest; false after a minute.
+/// Lets the document's queue run empty, files be written and the canvas come to rest; false when patience ends.
 inline bool settle(Document& document)
 {
     bool isWritten = false;

@@ -1,4 +1,5 @@
 #include "quiet_log.h"
+#include "quiet_platform.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -11,6 +12,7 @@ int main(int argc, char** argv)
     const QTemporaryDir settings;
     for (const char* const folder : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
         qputenv(folder, settings.path().toLocal8Bit());
+    lineara::quietPlatform();
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("lineara"));
     QApplication::setApplicationName(QStringLiteral("document_tests"));

@@ -1,4 +1,5 @@
 #include "quiet_log.h"
+#include "quiet_platform.h"
 
 #include <QApplication>
 
@@ -6,6 +7,7 @@
 
 int main(int argc, char** argv)
 {
+    lineara::quietPlatform();
     QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     testing::UnitTest::GetInstance()->listeners().Append(new lineara::QuietLog);
