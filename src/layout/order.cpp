@@ -1,5 +1,7 @@
 #include "order.h"
 
+#include "bounds.h"
+#include "cost.h"
 #include "crossings.h"
 #include "family_walk.h"
 #include "placement.h"
@@ -17,28 +19,6 @@ namespace lineara::layout {
 
 namespace {
 
-struct Cost
-{
-    Cost(const Chart& chart, const Arrangement& arrangement, double costOfDisorder);
-    double inAll() const { return static_cast<double>(crossings) + besides; }
-
-    std::uint64_t crossings;
-    double besides;
-};
-
-Cost::Cost(const Chart& chart, const Arrangement& arrangement, double costOfDisorder)
-    : crossings(countCrossings(chart, arrangement)),
-      besides(costOfDisorder * static_cast<double>(disorderOf(chart, arrangement)))
-{
-    constexpr double costOfLength = 0.07;
-    double length = 0;
-    for (const ChildLine& line : chart.lines) {
-        const StraightLine drawn(chart, arrangement, line);
-        length += std::abs(drawn.from - drawn.to);
-    }
-    besides += costOfLength * length;
-}
-
 /// Starts a family is walked from: many for a small one, where chance decides most and each costs least.
 std::size_t startsFor(const Chart& chart)
 {
@@ -49,30 +29,6 @@ std::size_t startsFor(const Chart& chart)
 std::size_t triesFor(const Chart& chart)
 {
     return std::clamp<std::size_t>(3'000 / (chart.blocks() + 1), 1, 12);
-}
-
-/// Lets the springs have their way as far as that does not cost crossings: everywhere at once if that can be, and then
-/// where it can.
-void straighten(const Chart& chart, Arrangement& arrangement, const Heard& heard)
-{
-    constexpr double easedBeyond = 2;
-    Hearing hearing(heard);
-    hearing.nextPart(0.5);
-    Arrangement pulled = arrangement;
-    Placement placement(chart);
-    placement.easeBeyond(easedBeyond);
-    placement.pull(pulled, passes(chart, 40, 12), hearing.ofPart());
-    const Cost crooked(chart, arrangement, chart.costOfDisorder);
-    const Cost straight(chart, pulled, chart.costOfDisorder);
-    if (straight.inAll() <= crooked.inAll() && straight.crossings <= crooked.crossings)
-        arrangement = std::move(pulled);
-    Straightening straightening(chart, easedBeyond);
-    const int most = passes(chart, 10, 1);
-    bool moved = true;
-    for (int pass = 0; moved && pass < most && !hearing.isStopped(); ++pass) {
-        hearing.nextPart(0.5 / most);
-        moved = straightening.goOver(arrangement, hearing.ofPart());
-    }
 }
 
 /// What siblings in their order may cost: less than a search leaves to chance.
@@ -112,20 +68,54 @@ std::vector<std::unique_ptr<Search>> searchesOf(const Chart& chart, const Heard&
     return best;
 }
 
-/// Untangles what the search has found so far.
-void untangle(const Chart& chart, Search& search, const Heard& heard)
+/// Brings siblings into their order, for as many crossings as given, and straightens the rows.
+Arrangement finished(const Chart& chart, const FamilyTree& tree, Arrangement arrangement, std::uint64_t affordable,
+                     const Heard& heard)
 {
     Hearing hearing(heard);
-    hearing.nextPart(0.1);
+    hearing.nextPart(0.5);
+    sortSiblings(chart, tree, arrangement, affordable, hearing.ofPart());
+    hearing.nextPart(0.5);
+    straighten(chart, arrangement, hearing.ofPart());
+    return arrangement;
+}
+
+/// What the search has found without a crossing, with shorter lines if moving branches makes them so. Large families
+/// have lines enough that are long in any case.
+Arrangement planeOf(const Chart& chart, Search& search, const Heard& heard)
+{
+    Hearing hearing(heard);
+    hearing.nextPart(0.2);
+    Arrangement plane = finished(chart, search.tree(), search.best(), 0, hearing.ofPart());
+    if (triesFor(chart) == 1)
+        return plane;
+    hearing.nextPart(0.6);
+    search.moveBranches(hearing.ofPart());
+    if (!search.isPlane())
+        return plane;
+    hearing.nextPart(0.2);
+    Arrangement moved = finished(chart, search.tree(), search.best(), 0, hearing.ofPart());
+    const bool isBetter = costOf(chart, moved) < costOf(chart, plane) &&
+                          stepsBackOf(chart, moved) <= stepsBackOf(chart, plane) && countCrossings(chart, moved) == 0;
+    return isBetter ? moved : plane;
+}
+
+/// What the search finds when it goes on, finished.
+Arrangement untangled(const Chart& chart, Search& search, const Heard& heard)
+{
+    Hearing hearing(heard);
+    hearing.nextPart(0.06);
     search.sweep(passes(chart, 6, 2), 0, hearing.ofPart());
-    hearing.nextPart(0.1);
+    hearing.nextPart(0.06);
     search.sweep(passes(chart, 8, 3), 0.2, hearing.ofPart());
     search.returnToBest();
-    hearing.nextPart(0.1);
+    hearing.nextPart(0.06);
     search.sift(2, hearing.ofPart());
     search.returnToBest();
-    hearing.nextPart(0.7);
+    hearing.nextPart(0.42);
     search.moveBranches(hearing.ofPart());
+    hearing.nextPart(0.4);
+    return finished(chart, search.tree(), search.best(), affordableFor(chart, search.best()), hearing.ofPart());
 }
 
 /// Brings everybody to where they would stand in the picture, the family about place 0, so that the same comes out when
@@ -164,28 +154,6 @@ bool isWorthMoving(const Chart& chart, const Arrangement& present, const Arrange
 
 } // namespace
 
-double costOf(const Chart& chart, const Arrangement& arrangement)
-{
-    return costOf(chart, arrangement, chart.costOfDisorder);
-}
-
-double costOf(const Chart& chart, const Arrangement& arrangement, double costOfDisorder)
-{
-    return Cost(chart, arrangement, costOfDisorder).inAll();
-}
-
-void setBounds(const Chart& chart, Arrangement& arrangement)
-{
-    std::vector<double> widths(chart.rows, 0);
-    for (BlockIndex block = 0; block < chart.blocks(); ++block)
-        widths[chart.rowOf[block]] += chart.width(block);
-    const double widest = *std::ranges::max_element(widths);
-    constexpr double slack = 40'000;
-    const double width = widest + std::min(1 + slack / (widest * widest), 2 + widest / 2);
-    arrangement.leftBound = -width / 2;
-    arrangement.rightBound = width / 2;
-}
-
 Arrangement orderAt(const Chart& chart, std::span<const double> places)
 {
     struct Entry
@@ -209,12 +177,7 @@ Arrangement orderAt(const Chart& chart, std::span<const double> places)
     arrangement.rows = sortIntoLists(chart.rows, entries, &Entry::block);
     for (std::uint32_t row = 0; row < chart.rows; ++row)
         std::ranges::stable_sort(arrangement.rows[row], {}, [&](BlockIndex block) { return middles[block]; });
-    const double first = std::ranges::min(arrangement.left);
-    double last = first;
-    for (BlockIndex block = 0; block < chart.blocks(); ++block)
-        last = std::max(last, arrangement.left[block] + chart.width(block));
-    for (double& left : arrangement.left)
-        left -= (first + last) / 2;
+    centre(chart, arrangement);
     return arrangement;
 }
 
@@ -233,13 +196,7 @@ std::optional<Arrangement> keptOrder(const Chart& chart, Arrangement arrangement
                                      const Heard& heard)
 {
     constexpr int mostRounds = 30;
-    setBounds(chart, arrangement);
-    for (std::uint32_t row = 0; row < chart.rows; ++row) {
-        std::vector<Wish> wishes;
-        for (const BlockIndex block : arrangement.rows[row])
-            wishes.push_back({arrangement.left[block], 1});
-        settleRow(chart, arrangement, row, wishes);
-    }
+    keepWithin(chart, arrangement, std::min(usualWidth(chart), widthOf(chart, arrangement)));
     toWholePoints(chart, arrangement, pitch);
     const FamilyTree tree = spanFrom(chart, 0);
     Hearing hearing(heard);
@@ -264,30 +221,31 @@ std::optional<Arrangement> orderFamilies(const Chart& chart, const Heard& heard)
     Hearing hearing(heard);
     hearing.nextPart(0.1);
     const auto searches = searchesOf(chart, hearing.ofPart());
-    const double share = 0.9 / static_cast<double>(std::max<std::size_t>(searches.size(), 1));
-    std::optional<Arrangement> best;
+    const double share = 0.8 / static_cast<double>(std::max<std::size_t>(searches.size(), 1));
+    Arrangement best;
     double least = std::numeric_limits<double>::infinity();
     for (const auto& search : searches) {
         // Where nothing is left to be untangled the other starts could only do as well.
         const bool isPlane = search->isPlane();
-        hearing.nextPart(0.6 * share);
-        if (!isPlane)
-            untangle(chart, *search, hearing.ofPart());
-        Arrangement found = search->best();
-        hearing.nextPart(0.2 * share);
-        sortSiblings(chart, search->tree(), found, isPlane ? 0 : affordableFor(chart, found), hearing.ofPart());
-        hearing.nextPart(0.2 * share);
-        straighten(chart, found, hearing.ofPart());
-        if (!hearing.goesOn(1))
+        hearing.nextPart(share);
+        Arrangement found =
+            isPlane ? planeOf(chart, *search, hearing.ofPart()) : untangled(chart, *search, hearing.ofPart());
+        if (hearing.isStopped())
             return std::nullopt;
-        if (isPlane || searches.size() == 1)
-            return found;
         const double cost = costOf(chart, found);
-        if (cost < least) {
+        if (isPlane || cost < least) {
             best = std::move(found);
             least = cost;
         }
+        if (isPlane)
+            break;
     }
+    if (hearing.isStopped())
+        return std::nullopt;
+    hearing.nextPart(0.1);
+    narrow(chart, best, hearing.ofPart());
+    if (!hearing.goesOn(1))
+        return std::nullopt;
     return best;
 }
 

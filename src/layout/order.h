@@ -9,16 +9,6 @@
 
 namespace lineara::layout {
 
-/// How good an arrangement is, less being better: its crossings, siblings in the wrong order, and a little for the
-/// length of its child lines.
-double costOf(const Chart& chart, const Arrangement& arrangement);
-
-/// The same with another weight of siblings in the wrong order.
-double costOf(const Chart& chart, const Arrangement& arrangement, double costOfDisorder);
-
-/// Sets the bounds for the rows of a chart: wide enough for the widest row, and for small families more than that.
-void setBounds(const Chart& chart, Arrangement& arrangement);
-
 /// Everybody of the chart in the order in which they stand in `places`, one per person of the family, and near there;
 /// only who stands between partners steps aside. Rows may overlap.
 Arrangement orderAt(const Chart& chart, std::span<const double> places);

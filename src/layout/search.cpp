@@ -1,8 +1,9 @@
 #include "search.h"
 
+#include "bounds.h"
 #include "branch_moves.h"
+#include "cost.h"
 #include "crossings.h"
-#include "order.h"
 
 #include <algorithm>
 #include <array>
@@ -39,7 +40,7 @@ Search::Search(const Chart& chart, FamilyTree tree, double costOfDisorder)
     : chart_(chart), tree_(std::move(tree)), costOfDisorder_(costOfDisorder), placement_(chart), sweep_(chart),
       sifting_(chart), now_(walkOrder(chart_, tree_))
 {
-    setBounds(chart_, now_);
+    setBounds(now_, usualWidth(chart_));
     centreRows();
     placement_.pull(now_, 6);
     for (int time = 0; time < 3; ++time) {
@@ -48,7 +49,7 @@ Search::Search(const Chart& chart, FamilyTree tree, double costOfDisorder)
         placement_.pull(now_, 3);
     }
     best_ = now_;
-    least_ = costOf(chart_, best_, costOfDisorder_);
+    least_ = Cost(chart_, best_, costOfDisorder_).inAll();
 }
 
 bool Search::isPlane() const
@@ -118,7 +119,7 @@ bool Search::siftRow(std::uint32_t row)
 
 void Search::compare()
 {
-    const double cost = costOf(chart_, now_, costOfDisorder_);
+    const double cost = Cost(chart_, now_, costOfDisorder_).inAll();
     if (cost < least_) {
         least_ = cost;
         best_ = now_;

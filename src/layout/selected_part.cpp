@@ -1,6 +1,7 @@
 #include "selected_part.h"
 
 #include "components.h"
+#include "cost.h"
 #include "order.h"
 
 #include <algorithm>

@@ -11,14 +11,14 @@ namespace lineara::layout {
 namespace {
 
 /// What a way to share out costs; less room missing counts before all nearness.
-struct Cost
+struct Crowding
 {
     std::int64_t lack = 0;
     std::int64_t distance = 0;
 
-    auto operator<=>(const Cost&) const = default;
-    Cost operator+(const Cost& other) const { return {lack + other.lack, distance + other.distance}; }
-    Cost operator-(const Cost& other) const { return {lack - other.lack, distance - other.distance}; }
+    auto operator<=>(const Crowding&) const = default;
+    Crowding operator+(const Crowding& other) const { return {lack + other.lack, distance + other.distance}; }
+    Crowding operator-(const Crowding& other) const { return {lack - other.lack, distance - other.distance}; }
 };
 
 /// Goes over the gaps from left to right; after each it knows the cheapest way to have put the first groups, as many
@@ -28,7 +28,7 @@ class Sharing
 public:
     Sharing(std::span<const GroupShare> groups, std::int64_t pitch) : groups_(groups), pitch_(pitch)
     {
-        constexpr Cost impossible{std::numeric_limits<std::int64_t>::max() / 4, 0};
+        constexpr Crowding impossible{std::numeric_limits<std::int64_t>::max() / 4, 0};
         best_.assign(groups.size() + 1, impossible);
         best_.front() = {};
         ends_.assign(groups.size() + 1, 0);
@@ -39,16 +39,16 @@ public:
     void add(const Gap& gap)
     {
         const std::int64_t room = gap.last - gap.first + pitch_;
-        std::vector<Cost> next(best_.size());
+        std::vector<Crowding> next(best_.size());
         std::vector<std::uint32_t> from(best_.size());
         const std::vector<std::int64_t> distances = distancesIn(gap);
-        const auto fitting = [&](std::size_t first) { return best_[first] - Cost{0, distances[first]}; };
+        const auto fitting = [&](std::size_t first) { return best_[first] - Crowding{0, distances[first]}; };
         // The gap gets the groups from `first` on: of those that fit in, the cheapest is at the front; of those that
         // are too many, the one is known that lacks least.
         std::deque<std::size_t> cheapest;
         std::size_t tooMany = 0;
         std::size_t firstFitting = 0;
-        const auto crowding = [&](std::size_t first) { return fitting(first) - Cost{ends_[first], 0}; };
+        const auto crowding = [&](std::size_t first) { return fitting(first) - Crowding{ends_[first], 0}; };
         for (std::size_t end = 0; end < best_.size(); ++end) {
             while (!cheapest.empty() && fitting(end) <= fitting(cheapest.back()))
                 cheapest.pop_back();
@@ -58,11 +58,12 @@ public:
                 if (cheapest.front() == firstFitting)
                     cheapest.pop_front();
             }
-            next[end] = fitting(cheapest.front()) + Cost{0, distances[end]};
+            next[end] = fitting(cheapest.front()) + Crowding{0, distances[end]};
             from[end] = static_cast<std::uint32_t>(cheapest.front());
             if (firstFitting == 0)
                 continue;
-            const Cost crowded = crowding(tooMany) + Cost{ends_[end] - std::max<std::int64_t>(room, 0), distances[end]};
+            const Crowding crowded =
+                crowding(tooMany) + Crowding{ends_[end] - std::max<std::int64_t>(room, 0), distances[end]};
             if (crowded < next[end]) {
                 next[end] = crowded;
                 from[end] = static_cast<std::uint32_t>(tooMany);
@@ -101,7 +102,7 @@ private:
     std::span<const GroupShare> groups_;
     std::int64_t pitch_;
     /// By how many groups there are so far.
-    std::vector<Cost> best_;
+    std::vector<Crowding> best_;
     std::vector<std::int64_t> ends_;
     /// For each gap: where the groups in it begin, by where they end.
     std::vector<std::vector<std::uint32_t>> cameFrom_;

@@ -298,6 +298,22 @@ std::int64_t disorderOf(const Chart& chart, const Arrangement& arrangement)
     return disorder;
 }
 
+std::int64_t stepsBackOf(const Chart& chart, const Arrangement& arrangement)
+{
+    std::int64_t steps = 0;
+    std::vector<std::pair<double, std::int32_t>> born;
+    for (std::size_t sibship = 0; sibship < chart.sibships.lists(); ++sibship) {
+        born.clear();
+        for (const Sibling& sibling : chart.sibships[sibship])
+            if (isKnown(sibling))
+                born.emplace_back(arrangement.placeOf(chart, sibling.place), sibling.bornIn);
+        std::ranges::sort(born);
+        for (std::size_t next = 1; next < born.size(); ++next)
+            steps += born[next - 1].second > born[next].second ? 1 : 0;
+    }
+    return steps;
+}
+
 bool sortSiblings(const Chart& chart, const FamilyTree& tree, Arrangement& arrangement, std::uint64_t mostAdded,
                   const Heard& heard)
 {

@@ -86,6 +86,9 @@ private:
 /// How many pairs of siblings stand in the wrong order.
 std::int64_t disorderOf(const Chart& chart, const Arrangement& arrangement);
 
+/// How often, from left to right, an elder one follows a younger one among the siblings whose years are known.
+std::int64_t stepsBackOf(const Chart& chart, const Arrangement& arrangement);
+
 /// Brings siblings into order wherever that adds no crossing, and further ones up to `mostAdded` crossings more than
 /// there are. Ends early if `heard` says so. Returns whether anybody moved.
 bool sortSiblings(const Chart& chart, const FamilyTree& tree, Arrangement& arrangement, std::uint64_t mostAdded,

@@ -1,5 +1,7 @@
 #include "straightening.h"
 
+#include "cost.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -81,6 +83,28 @@ void Straightening::exchange(std::span<const BlockIndex> part)
         std::swap(arrangement_->left[block], wanted_[block]);
     for (const std::uint32_t line : lines_)
         drawn_.lift(line);
+}
+
+void straighten(const Chart& chart, Arrangement& arrangement, const Heard& heard)
+{
+    constexpr double easedBeyond = 1;
+    Hearing hearing(heard);
+    hearing.nextPart(0.5);
+    Arrangement pulled = arrangement;
+    Placement placement(chart);
+    placement.easeBeyond(easedBeyond);
+    placement.pull(pulled, passes(chart, 40, 12), hearing.ofPart());
+    const Cost crooked(chart, arrangement, chart.costOfDisorder);
+    const Cost straight(chart, pulled, chart.costOfDisorder);
+    if (straight.inAll() <= crooked.inAll() && straight.crossings <= crooked.crossings)
+        arrangement = std::move(pulled);
+    Straightening straightening(chart, easedBeyond);
+    const int most = passes(chart, 10, 1);
+    bool moved = true;
+    for (int pass = 0; moved && pass < most && !hearing.isStopped(); ++pass) {
+        hearing.nextPart(0.5 / most);
+        moved = straightening.goOver(arrangement, hearing.ofPart());
+    }
 }
 
 } // namespace lineara::layout

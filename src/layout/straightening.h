@@ -40,4 +40,8 @@ private:
     std::vector<std::uint32_t> lines_;
 };
 
+/// Lets the springs have their way as far as that does not cost crossings: everywhere at once if that can be, and then
+/// where it can.
+void straighten(const Chart& chart, Arrangement& arrangement, const Heard& heard = {});
+
 } // namespace lineara::layout

@@ -2,6 +2,7 @@
 
 #include "chart.h"
 #include "components.h"
+#include "cost.h"
 #include "free_places.h"
 #include "order.h"
 #include "packing.h"

@@ -4,6 +4,7 @@
 #include "family_sketch.h"
 #include "family_walk.h"
 #include "layout/tidy.h"
+#include "order.h"
 #include "whole_chart.h"
 
 #include <gtest/gtest.h>
@@ -58,6 +59,22 @@ int wronglyOrdered(const Sketch& sketch, const Years& years, const std::vector<s
             wrong += years[siblings[next]] < years[siblings[next - 1]] ? 1 : 0;
     }
     return wrong;
+}
+
+TEST(SiblingOrder, CountsWhereAnElderOneFollowsAYoungerOne)
+{
+    Random random(64);
+    for (int round = 0; round < 100; ++round) {
+        SCOPED_TRACE(round);
+        const Sketch sketch = randomDescendants(random, 4, 5);
+        const Years years = randomYears(random, sketch);
+        // By nobody's years.
+        const auto x = tidiedByYear(sketch, Years(sketch.persons(), unknownBirthYear));
+        const std::vector<double> places(x.begin(), x.end());
+        const FamilyGraph graph = sketch.graph();
+        const Chart chart = wholeChart(graph, sketch.generations(), years);
+        EXPECT_EQ(stepsBackOf(chart, orderAt(chart, places)), wronglyOrdered(sketch, years, x));
+    }
 }
 
 TEST(SiblingOrder, ChildrenOfOneCoupleStandByTheirYears)

@@ -17,8 +17,10 @@ using Edges = std::vector<std::int32_t>;
 
 #ifdef LINEARA_SANITIZED
 constexpr int tidiedTwice = 30;
+constexpr int additions = 3;
 #else
 constexpr int tidiedTwice = 200;
+constexpr int additions = 10;
 #endif
 
 Edges tidiedFrom(const Sketch& sketch, const Edges& years, const Edges& present)
@@ -129,7 +131,7 @@ TEST(TidyAgain, AnAdditionLeavesNineteenOfTwentyNextToWhomTheyStood)
     const Sketch family = largeFamily(random, 12, 60);
     const Edges years = someYears(random, family.persons());
     const Edges x = tidiedFrom(family, years, {});
-    for (int addition = 0; addition < 10; ++addition) {
+    for (int addition = 0; addition < additions; ++addition) {
         SCOPED_TRACE(addition);
         Sketch sketch = family;
         Edges yearsNow = years;
