@@ -134,11 +134,14 @@ private:
         }
     }
 
-    void end(const std::string& trailer)
+    /// Whatever was made of lines below the trailer stands before it.
+    void end(std::string_view trailer)
     {
         isEnded_ = true;
         append(changes_.newRecords());
-        append(trailer);
+        const std::size_t behind = std::min(trailer.find("\n0 "), trailer.size() - 1) + 1;
+        append(trailer.substr(behind));
+        append(trailer.substr(0, behind));
     }
 
     std::string converted(std::string_view lines) const

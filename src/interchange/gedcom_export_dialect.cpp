@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -69,6 +70,7 @@ private:
         std::string_view tag;
         std::string_view parent; ///< tag of the line that it stands below
         bool isPointer;
+        bool isOfOthers; ///< it, or one that it stands below, has a tag of another program
         std::string value;
     };
 
@@ -123,6 +125,7 @@ private:
                            line.tag,
                            level > 0 ? above_[level - 1] : std::string_view(),
                            line.isPointer && !isText,
+                           std::ranges::any_of(above_, [](std::string_view tag) { return tag.starts_with('_'); }),
                            std::string(valueOf(line))};
     }
 
@@ -154,13 +157,15 @@ private:
     /// 5.5.1 has no pointer at nobody. The tags of other programs mean by it what they want.
     bool isNoPointerInFive(const Pending& line) const
     {
-        return to_ == GedcomDialect::Five && line.value == pointsAtNobody && !line.tag.starts_with('_');
+        return to_ == GedcomDialect::Five && line.value == pointsAtNobody && !line.isOfOthers;
     }
 
     bool hasLinesBelow(const Pending& line) const
     {
-        const bool isLast = line.at + 1 == lines_.size();
-        return !isLast && lines_[line.at + 1].read.level.value_or(0) > line.level;
+        const auto isRead = [](const Entry& next) { return next.read.defect == LineDefect::None; };
+        const auto rest = std::span(lines_).subspan(line.at + 1);
+        const auto next = std::ranges::find_if(rest, isRead);
+        return next != rest.end() && *next->read.level > line.level;
     }
 
     std::string_view tagOf(const Pending& line) const

@@ -117,6 +117,16 @@ private:
             lines_.strike(*title);
     }
 
+    /// The lines below a file's format, at level 3, with what 5.5.1 calls its TYPE.
+    static std::string withMedium(const std::string& details)
+    {
+        const std::string text = "2 FORM\n" + details;
+        EditedRecord format(text, GedcomDialect::Five);
+        for (const Line medium : format.children(0, "TYPE"))
+            format.rename(medium, "MEDI");
+        return format.result().substr(text.size() - details.size());
+    }
+
     std::string movedDown(Line line) const { return lines_.shifted(line, lines_.end(line), 1); }
 
     /// Lines to add below the file.
@@ -128,6 +138,9 @@ private:
             return common ? movedFormat(*common, name) : formLine(typeByName(name));
         for (const Line medium : lines_.children(*own, "TYPE"))
             lines_.rename(medium, "MEDI");
+        for (const Line further : lines_.children(file, "FORM"))
+            if (further != *own)
+                lines_.rename(further, "_FORM");
         if (const auto type = mediaTypeOf(lines_.text(*own), name)) {
             lines_.replace(*own, formLine(*type));
             return {};
@@ -148,7 +161,7 @@ private:
         const Line end = lines_.end(format);
         while (below < end && isContinuation(lines_[below].tag))
             ++below;
-        return moved + lines_.shifted(below, end, 1);
+        return moved + withMedium(lines_.shifted(below, end, 1));
     }
 
     EditedRecord lines_;

@@ -103,9 +103,11 @@ std::string ExportXrefs::newInSeven(std::string_view xref)
 {
     readUsed();
     const std::string wish = allowedInSeven(xref);
+    // Names of foreign letters all become the same underscores: of thousands each goes on where the last one ended.
+    std::uint64_t& last = lastOfWish_.try_emplace(wish, 1).first->second;
     std::string name = wish;
-    for (std::uint64_t number = 2; name == pointsAtNobody || !used_.insert(name).second; ++number)
-        name = wish + '_' + std::to_string(number);
+    while (name == pointsAtNobody || !used_.insert(name).second)
+        name = wish + '_' + std::to_string(++last);
     return name;
 }
 

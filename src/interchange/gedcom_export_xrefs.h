@@ -33,7 +33,8 @@ private:
     const KeptRecords& kept_;
     std::unordered_set<std::string> used_;
     std::unordered_map<std::string, std::string> renamed_;
-    std::unordered_map<char, std::uint64_t> last_; ///< number that was given
+    std::unordered_map<char, std::uint64_t> last_;              ///< number that was given
+    std::unordered_map<std::string, std::uint64_t> lastOfWish_; ///< number behind a name that several wish for
     bool isRead_ = false;
 };
 

@@ -46,6 +46,23 @@ TEST(ObjectsIn7, ShareWhatIsSaidOfThemWithTheirLinks)
     expectToComeBack(family);
 }
 
+TEST(ObjectsIn7, SayTheMediumOfTheirFormats)
+{
+    const auto family = imported(versionFive("0 @I1@ INDI\n1 OBJE\n2 FORM jpg\n3 TYPE photo\n2 FILE a.jpg\n"
+                                             "1 OBJE\n2 FILE b.tif\n3 FORM tif\n4 TYPE photo\n3 FORM bmp\n"));
+    EXPECT_THAT(inSeven(family), ElementsAre("0 @I1@ INDI", "1 OBJE @O1@", "1 OBJE @O2@", "0 @O1@ OBJE", "1 FILE a.jpg",
+                                             "2 FORM image/jpeg", "3 MEDI PHOTO", "0 @O2@ OBJE", "1 FILE b.tif",
+                                             "2 FORM image/tiff", "3 MEDI PHOTO", "2 _FORM bmp", "0 TRLR"));
+    expectToComeBack(family);
+}
+
+TEST(ObjectsIn7, BelowTheTrailerAreRecordsBeforeIt)
+{
+    const auto family = imported("0 HEAD\n1 GEDC\n2 VERS 5.5.1\n0 @I1@ INDI\n0 TRLR\n1 OBJE\n2 FILE a.png\n");
+    EXPECT_THAT(inSeven(family),
+                ElementsAre("0 @I1@ INDI", "0 @O1@ OBJE", "1 FILE a.png", "2 FORM image/png", "0 TRLR", "1 OBJE @O1@"));
+}
+
 TEST(ObjectsIn7, SayTheFormatOfEachFileBelowIt)
 {
     const auto family = imported(
@@ -58,7 +75,7 @@ TEST(ObjectsIn7, SayTheFormatOfEachFileBelowIt)
                 ElementsAre("0 @O1@ OBJE", "1 FILE a.jpg", "2 FORM image/jpeg", "2 TITL Both", "1 FILE b.jpg",
                             "2 FORM image/jpeg", "1 NOTE of both", "0 @O2@ OBJE", "1 FILE c.jpg", "2 FORM image/jpeg",
                             "3 MEDI PHOTO", "2 TITL See", "1 _TITL Other", "0 @O3@ OBJE", "1 FILE d",
-                            "2 FORM audio/wav", "3 TYPE audio", "0 @O4@ OBJE", "1 FILE e.doc", "2 _FORM Word file",
+                            "2 FORM audio/wav", "3 MEDI AUDIO", "0 @O4@ OBJE", "1 FILE e.doc", "2 _FORM Word file",
                             "2 FORM application/msword", "0 @O5@ OBJE", "1 FILE f.psd", "2 FORM application/x-8bps",
                             "0 @O6@ OBJE", "1 FILE g", "2 FORM application/octet-stream", "0 @O7@ OBJE", "1 FILE h.png",
                             "2 FORM image/png", "0 TRLR"));

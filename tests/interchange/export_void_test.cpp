@@ -37,6 +37,20 @@ TEST(VoidPointersIn551, LeaveTheWordsBelowThem)
     EXPECT_TRUE(exported(*again.context) == five);
 }
 
+TEST(VoidPointersIn551, KeepWhatStandsBehindALineThatCannotBeRead)
+{
+    const auto family = imported("0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @I1@ INDI\n1 BIRT\n2 DATE 1900\n2 SOUR @VOID@\n"
+                                 "garbage\n3 PAGE 5\n0 TRLR\n");
+    EXPECT_THAT(exported(*family.context).toStdString(), HasSubstr("2 DATE 1900\n2 SOUR\ngarbage\n3 PAGE 5\n"));
+}
+
+TEST(VoidPointersIn551, StayBelowTagsOfOtherPrograms)
+{
+    const auto family =
+        imported("0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @I1@ INDI\n1 _FOO\n2 ASSO @VOID@\n1 ALIA @VOID@\n0 TRLR\n");
+    EXPECT_THAT(exported(*family.context).toStdString(), HasSubstr("1 _FOO\n2 ASSO @VOID@\n0 TRLR\n"));
+}
+
 TEST(VoidPointersIn551, AreThereAgainIn7)
 {
     const auto again = imported(exported(*imported(genealogyWithVoids()).context));
