@@ -1,7 +1,6 @@
 #include "fact_lines.h"
 
 #include "import_texts.h"
-#include "imported_index.h"
 #include "record_names.h"
 #include "tag_labels.h"
 
@@ -42,7 +41,7 @@ void FactLines::tell(NodeIndex line, const QString& above, int depth)
 
 void FactLines::tellFact(NodeIndex line, const QString& label, int depth)
 {
-    if (isMissed(tree_[line].line))
+    if (missed_.contains(tree_[line].line))
         return;
     sheet_.add([&] { return FurtherFact{label, names_.valueOf(tree_, line), depth}; });
     tellBelow(line, {}, depth + 1);
@@ -65,18 +64,11 @@ void FactLines::tellStrays()
 {
     for (const GedcomStray& stray : tree_.strays()) {
         const GedcomLine& line = stray.line;
-        if (isMissed(line))
+        if (missed_.contains(line))
             continue;
         const QString label = line.defect == LineDefect::None ? tagLabel(line.tag) : ImportTexts::tr("Unreadable line");
         sheet_.add([&] { return FurtherFact{label, names_.valueOf(line), 0}; });
     }
-}
-
-bool FactLines::isMissed(const GedcomLine& line)
-{
-    if (!vain_)
-        vain_ = vainPointersIn(record_);
-    return index_.isMissed(line, *vain_);
 }
 
 } // namespace lineara

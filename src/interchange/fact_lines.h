@@ -1,19 +1,16 @@
 #pragma once
 
 #include "gedcom_tree.h"
+#include "imported_index.h"
 #include "interchange/further_facts.h"
 
 #include <cstdint>
 #include <functional>
-#include <optional>
-#include <string_view>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
 namespace lineara {
 
-class ImportedIndex;
 class RecordNames;
 class SourceRecord;
 
@@ -66,7 +63,7 @@ public:
     FactLines(
         const SourceRecord& record, const GedcomTree& tree, const ImportedIndex& index, RecordNames& names,
         FactSheet& sheet, Judge judge = [](NodeIndex) { return Telling::Fact; })
-        : record_(record), tree_(tree), index_(index), names_(names), sheet_(sheet), judge_(std::move(judge))
+        : tree_(tree), names_(names), sheet_(sheet), judge_(std::move(judge)), missed_(record, index)
     {}
 
     /// A line of level 1, as it is judged.
@@ -83,15 +80,11 @@ private:
     void tellFact(NodeIndex line, const QString& label, int depth);
     void tellBelow(NodeIndex parent, const QString& above, int depth);
 
-    bool isMissed(const GedcomLine& line);
-
-    const SourceRecord& record_;
     const GedcomTree& tree_;
-    const ImportedIndex& index_;
     RecordNames& names_;
     FactSheet& sheet_;
     Judge judge_;
-    std::optional<std::unordered_set<std::string_view>> vain_; // once it was asked for
+    MissedPointers missed_;
 };
 
 } // namespace lineara

@@ -36,6 +36,17 @@ bool isReachable(const GedcomRecord& record, const SourceRecord& source)
     return source.origin().dangling.isEmpty() || !danglingIn(source).contains(record.xref);
 }
 
+/// Of its value perhaps only the beginning: a whole record may be one line, and thousands may point at it.
+std::optional<GedcomLine> firstLineOf(std::string_view text)
+{
+    constexpr std::size_t mostRead = 1'000;
+    const auto beginning = text.substr(0, mostRead);
+    const auto line = GedcomLineReader(beginning).next();
+    const bool isWhole = line && line->number == 1 && beginning.find('\n') != std::string_view::npos;
+    const bool isCutInItsValue = line && line->defect == LineDefect::None && !line->value.empty();
+    return isWhole || isCutInItsValue ? line : GedcomLineReader(text).next();
+}
+
 } // namespace
 
 GedcomRecord readableRecord(const SourceRecord& source)
@@ -43,7 +54,7 @@ GedcomRecord readableRecord(const SourceRecord& source)
     GedcomRecord record;
     record.text = viewOfBytes(source.text());
     record.line = static_cast<std::uint32_t>(std::max(source.origin().line, 1));
-    if (const auto first = GedcomLineReader(record.text).next(); first && first->level == 0) {
+    if (const auto first = firstLineOf(record.text); first && first->level == 0) {
         record.tag = first->tag;
         record.xref = first->xref;
     }
@@ -53,13 +64,6 @@ GedcomRecord readableRecord(const SourceRecord& source)
 std::unordered_set<std::string_view> danglingIn(const SourceRecord& source)
 {
     return parted(viewOfBytes(source.origin().dangling));
-}
-
-std::unordered_set<std::string_view> vainPointersIn(const SourceRecord& source)
-{
-    auto vain = danglingIn(source);
-    vain.erase(readableRecord(source).xref);
-    return vain;
 }
 
 ImportedIndex::ImportedIndex(const ObjectContext& family) : family_(family)
@@ -130,10 +134,16 @@ std::vector<const SourceRecord*> ImportedIndex::familiesNaming(std::string_view 
     return families;
 }
 
-/// Families of older versions of the program don't know which pointers led nowhere when they were imported.
-bool ImportedIndex::isMissed(const GedcomLine& pointer, const std::unordered_set<std::string_view>& vain) const
+bool MissedPointers::contains(const GedcomLine& pointer)
 {
-    return knowsDangling_ && leadsToARecord(pointer) && !vain.contains(pointer.value) && !target(pointer.value);
+    if (!index_.knowsDangling() || !leadsToARecord(pointer))
+        return false;
+    if (!vain_) {
+        vain_ = danglingIn(record_);
+        // Pointers at a record's own cross-reference led to the earlier record that has the same one.
+        vain_->erase(readableRecord(record_).xref);
+    }
+    return !vain_->contains(pointer.value) && !index_.target(pointer.value);
 }
 
 } // namespace lineara

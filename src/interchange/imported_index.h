@@ -4,6 +4,7 @@
 #include "model/record.h"
 #include "xref_places.h"
 
+#include <optional>
 #include <string_view>
 #include <unordered_set>
 #include <vector>
@@ -19,10 +20,6 @@ GedcomRecord readableRecord(const SourceRecord& source);
 
 /// The cross-references in the record that led nowhere when it was imported. Views into it.
 std::unordered_set<std::string_view> danglingIn(const SourceRecord& source);
-
-/// Of these what its pointers named in vain: pointers at a record's own cross-reference led to the earlier record that
-/// has the same one.
-std::unordered_set<std::string_view> vainPointersIn(const SourceRecord& source);
 
 /// Finds the imported records of a family by their cross-references, and families by whom they name. It looks at all of
 /// them once, when it is made; records that are removed later are not found while they are gone.
@@ -44,9 +41,9 @@ public:
     /// The families that name somebody by `xref`, in the order of the file. Perhaps some others, too.
     std::vector<const SourceRecord*> familiesNaming(std::string_view xref) const;
 
-    /// Whether a pointer leads nowhere because the person whom it named was removed. `vain` are the
-    /// vainPointersIn() its record.
-    bool isMissed(const GedcomLine& pointer, const std::unordered_set<std::string_view>& vain) const;
+    /// Whether pointers at nobody's record can be told from those at somebody who was removed. Families of older
+    /// versions of the program don't know which pointers led nowhere when they were imported.
+    bool knowsDangling() const { return knowsDangling_; }
 
 private:
     void add(const SourceRecord& source);
@@ -60,6 +57,21 @@ private:
     bool hasVersion_ = false;
     bool isVersionSeven_ = false;
     bool knowsDangling_ = false;
+};
+
+/// Tells which pointers of a record lead nowhere because the person whom they named was removed.
+class MissedPointers
+{
+public:
+    /// The record and the index outlive this.
+    MissedPointers(const SourceRecord& record, const ImportedIndex& index) : record_(record), index_(index) {}
+
+    bool contains(const GedcomLine& pointer);
+
+private:
+    const SourceRecord& record_;
+    const ImportedIndex& index_;
+    std::optional<std::unordered_set<std::string_view>> vain_; // named in vain from the first; once it was asked for
 };
 
 } // namespace lineara

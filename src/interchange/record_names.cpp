@@ -15,20 +15,6 @@
 namespace lineara {
 namespace {
 
-/// Empty if the person has none.
-QString nameOfPerson(const SourceRecord& record, bool isVersionSeven)
-{
-    const Person* const person = record.person();
-    return person ? person->name().value_or(QString()) : shownName(GedcomTree(readableRecord(record), isVersionSeven));
-}
-
-/// In the case that the language asks for after "with" and "of".
-QString nameInHeading(const SourceRecord& record, bool isVersionSeven)
-{
-    const QString name = nameOfPerson(record, isVersionSeven);
-    return name.isEmpty() ? ImportTexts::tr("a person without a name", "in “Family with %1” and “Family of %1”") : name;
-}
-
 /// Of records that say nothing; empty if their tag is not one of the standard.
 QString thatNothingIsSaid(std::string_view tag)
 {
@@ -71,6 +57,16 @@ QString titleIn(const GedcomTree& tree)
     return {};
 }
 
+/// A person's is the one that is shown, where the record became one.
+QString ownNameIn(const SourceRecord& record, const GedcomTree& tree)
+{
+    if (tree.size() == 0)
+        return {};
+    if (tree[0].line.tag != "INDI")
+        return titleIn(tree);
+    return record.person() ? record.person()->name().value_or(QString()) : shownName(tree);
+}
+
 /// "Anna, Bert", but the last.
 QString allButLast(const QStringList& names)
 {
@@ -101,26 +97,37 @@ QString RecordNames::read(const SourceRecord& record)
     const std::string_view tag = tree[0].line.tag;
     if (tag == "FAM")
         return ofFamily(record, tree);
-    if (tag == "INDI") {
-        const QString name = nameOfPerson(record, index_.isVersionSeven());
-        return name.isEmpty() ? ImportTexts::tr("a person without a name") : name;
-    }
-    for (const QString& title : {titleIn(tree), titleBehind(tree)})
-        if (!title.isEmpty())
-            return title;
-    return thatNothingIsSaid(tag);
+    const QString own = ownNameOf(record, tree);
+    if (tag == "INDI")
+        return own.isEmpty() ? ImportTexts::tr("a person without a name") : own;
+    const QString title = own.isEmpty() ? titleBehind(tree) : own;
+    return title.isEmpty() ? thatNothingIsSaid(tag) : title;
+}
+
+/// What the record says of itself; empty if it does not. Asked of the same big record by thousands that point at it.
+const QString& RecordNames::ownNameOf(const SourceRecord& record)
+{
+    if (const auto known = ownNames_.find(&record); known != ownNames_.end())
+        return known->second;
+    return ownNameOf(record, GedcomTree(readableRecord(record), index_.isVersionSeven()));
+}
+
+const QString& RecordNames::ownNameOf(const SourceRecord& record, const GedcomTree& tree)
+{
+    if (const auto known = ownNames_.find(&record); known != ownNames_.end())
+        return known->second;
+    return ownNames_.emplace(&record, ownNameIn(record, tree)).first->second;
 }
 
 /// A source may be nothing but the picture of it, or what a library has, and a note nothing but its source.
-QString RecordNames::titleBehind(const GedcomTree& tree) const
+QString RecordNames::titleBehind(const GedcomTree& tree)
 {
     for (const std::string_view tag : {"OBJE", "SOUR", "REPO", "NOTE", "SNOTE"}) {
         const auto pointer = tree.child(0, tag);
         if (!pointer || !leadsToARecord(tree[*pointer].line))
             continue;
         const SourceRecord* const behind = index_.target(tree[*pointer].line.value);
-        const GedcomTree lines = behind ? GedcomTree(readableRecord(*behind), index_.isVersionSeven()) : GedcomTree();
-        QString title = lines.size() == 0 ? QString() : titleIn(lines);
+        const QString title = behind ? ownNameOf(*behind) : QString();
         if (!title.isEmpty())
             return title;
     }
@@ -154,30 +161,33 @@ QString RecordNames::valueOfPointer(std::string_view xref)
     return u'@' % QString::fromUtf8(xref.data(), static_cast<qsizetype>(xref.size())) % u'@';
 }
 
+/// In the case that the language asks for after "with" and "of".
+QString RecordNames::nameInHeading(const SourceRecord& person)
+{
+    const QString& name = ownNameOf(person);
+    return name.isEmpty() ? ImportTexts::tr("a person without a name", "in “Family with %1” and “Family of %1”") : name;
+}
+
+/// Who was removed is no member any more.
 RecordNames::Partners RecordNames::partnersIn(const SourceRecord& family, const GedcomTree& tree,
-                                              const SourceRecord* but) const
+                                              const SourceRecord* but)
 {
     Partners partners;
+    MissedPointers missed(family, index_);
     for (const NodeIndex index : tree.children(0)) {
         const GedcomLine& line = tree[index].line;
         if (line.tag != "HUSB" && line.tag != "WIFE")
             continue;
         const SourceRecord* const partner = leadsToARecord(line) ? index_.target(line.value) : nullptr;
         if (!partner || readableRecord(*partner).tag != "INDI")
-            partners.isSomebodyUnknown = partners.isSomebodyUnknown || isUnknown(family, line);
+            partners.isSomebodyUnknown = partners.isSomebodyUnknown || (!line.value.empty() && !missed.contains(line));
         else if (partner != but)
-            partners.names << nameInHeading(*partner, index_.isVersionSeven());
+            partners.names << nameInHeading(*partner);
     }
     return partners;
 }
 
-/// Who was removed is no member any more.
-bool RecordNames::isUnknown(const SourceRecord& family, const GedcomLine& member) const
-{
-    return !member.value.empty() && !index_.isMissed(member, vainPointersIn(family));
-}
-
-QString RecordNames::ofFamily(const SourceRecord& family, const GedcomTree& tree) const
+QString RecordNames::ofFamily(const SourceRecord& family, const GedcomTree& tree)
 {
     const QStringList parents = partnersIn(family, tree, nullptr).names;
     if (parents.isEmpty())
@@ -187,7 +197,7 @@ QString RecordNames::ofFamily(const SourceRecord& family, const GedcomTree& tree
     return ImportTexts::tr("Family of %1 and %2").arg(allButLast(parents), parents.back());
 }
 
-QString RecordNames::ofFamilyOf(const SourceRecord& partner, const SourceRecord& family, const GedcomTree& tree) const
+QString RecordNames::ofFamilyOf(const SourceRecord& partner, const SourceRecord& family, const GedcomTree& tree)
 {
     const auto [others, isSomebodyUnknown] = partnersIn(family, tree, &partner);
     if (others.isEmpty())

@@ -35,9 +35,9 @@ public:
     QString valueOf(const GedcomLine& line);
 
     /// "Family of Anna and Bert", from a family's record and its lines.
-    QString ofFamily(const SourceRecord& family, const GedcomTree& tree) const;
+    QString ofFamily(const SourceRecord& family, const GedcomTree& tree);
     /// "Family with Bert", as `partner` would say.
-    QString ofFamilyOf(const SourceRecord& partner, const SourceRecord& family, const GedcomTree& tree) const;
+    QString ofFamilyOf(const SourceRecord& partner, const SourceRecord& family, const GedcomTree& tree);
 
 private:
     struct Partners
@@ -47,13 +47,16 @@ private:
     };
 
     QString read(const SourceRecord& record);
-    QString titleBehind(const GedcomTree& tree) const;
+    const QString& ownNameOf(const SourceRecord& record);
+    const QString& ownNameOf(const SourceRecord& record, const GedcomTree& tree);
+    QString titleBehind(const GedcomTree& tree);
+    QString nameInHeading(const SourceRecord& person);
     QString valueOfPointer(std::string_view xref);
-    Partners partnersIn(const SourceRecord& family, const GedcomTree& tree, const SourceRecord* but) const;
-    bool isUnknown(const SourceRecord& family, const GedcomLine& member) const;
+    Partners partnersIn(const SourceRecord& family, const GedcomTree& tree, const SourceRecord* but);
 
     const ImportedIndex& index_;
     std::unordered_map<const SourceRecord*, QString> names_;
+    std::unordered_map<const SourceRecord*, QString> ownNames_; // empty for records that have none
 };
 
 } // namespace lineara

@@ -75,9 +75,9 @@ double secondsOfExporting(const ObjectContext& family, GedcomFormat format = Ged
 constexpr double mostTimes = 24;
 constexpr double unmeasurable = 0.05;
 
-/// Counts the further facts of everybody in the families that `familyOf` makes of two numbers.
-template<class FamilyOf, class ExpectedOf>
-void expectLinearTimeForFacts(FamilyOf familyOf, ExpectedOf expectedOf)
+/// Counts the further facts of everybody in the families that `familyOf` makes of two numbers, as `countOf` does.
+template<class FamilyOf, class ExpectedOf, class CountOf>
+void expectLinearTimeForFacts(FamilyOf familyOf, ExpectedOf expectedOf, CountOf countOf)
 {
     const auto secondsOf = [&](int number) {
         const auto family = familyOf(number);
@@ -85,13 +85,28 @@ void expectLinearTimeForFacts(FamilyOf familyOf, ExpectedOf expectedOf)
         ImportedFacts facts(*family.context);
         std::size_t count = 0;
         for (const Person* person : membersOf(family))
-            count += facts.count(*person);
+            count += countOf(facts, *person);
         EXPECT_EQ(count, expectedOf(static_cast<std::size_t>(number)));
         return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
     };
     const HangGuard guard;
     const double few = secondsOf(lineLength / 40);
     EXPECT_LT(secondsOf(lineLength / 5), mostTimes * few + unmeasurable);
+}
+
+template<class FamilyOf, class ExpectedOf>
+void expectLinearTimeForFacts(FamilyOf familyOf, ExpectedOf expectedOf)
+{
+    expectLinearTimeForFacts(familyOf, expectedOf,
+                             [](ImportedFacts& facts, const Person& person) { return facts.count(person); });
+}
+
+/// The same for lists of them, headings counted as well.
+template<class FamilyOf, class ExpectedOf>
+void expectLinearTimeForLists(FamilyOf familyOf, ExpectedOf expectedOf)
+{
+    expectLinearTimeForFacts(familyOf, expectedOf,
+                             [](ImportedFacts& facts, const Person& person) { return facts.of(person).size(); });
 }
 
 TEST(FurtherFacts, OfEverybodyTakeLinearTime)
@@ -122,6 +137,51 @@ TEST(FurtherFacts, OfOnePersonWhoPointsManyTimesAtARecordOfManyFilesTakeLinearTi
         return family;
     };
     expectLinearTimeForFacts(familyOf, [](std::size_t files) { return files; });
+}
+
+TEST(FurtherFacts, OfOnePersonWithManySourcesInOneBigRepositoryTakeLinearTime)
+{
+    const auto familyOf = [](int sources) {
+        QByteArray text = "0 HEAD\n0 @I1@ INDI\n";
+        QByteArray records = "0 @R1@ REPO\n" + QByteArray("1 _SHELF 5\n").repeated(sources);
+        for (int source = 0; source < sources; ++source) {
+            const QByteArray xref = "@S" + QByteArray::number(source) + '@';
+            text += "1 SOUR " + xref + '\n';
+            records += "0 " + xref + " SOUR\n1 REPO @R1@\n";
+        }
+        return imported(text + records + "0 TRLR\n");
+    };
+    expectLinearTimeForLists(familyOf, [](std::size_t sources) { return sources; });
+}
+
+TEST(FurtherFacts, OfOnePersonWhoPointsManyTimesAtARecordOfOneLongLineTakeLinearTime)
+{
+    const auto familyOf = [](int pointers) {
+        return imported("0 HEAD\n0 @I1@ INDI\n" + QByteArray("1 SOUR @S1@\n").repeated(pointers) + "0 @S1@ SOUR " +
+                        QByteArray("and more, ").repeated(pointers) + "\n0 TRLR\n");
+    };
+    expectLinearTimeForLists(familyOf, [](std::size_t pointers) { return pointers; });
+}
+
+TEST(FurtherFacts, OfAChildWithManyParentsWhoWereRemovedOrNeverKnownTakeLinearTime)
+{
+    const auto familyOf = [](int parents) {
+        QByteArray text = "0 HEAD\n0 @C1@ INDI\n";
+        QByteArray lines = "0 @F1@ FAM\n1 CHIL @C1@\n";
+        for (int parent = 0; parent < parents; ++parent) {
+            const QByteArray number = QByteArray::number(parent);
+            text += "0 @I" + number + "@ INDI\n";
+            lines += "1 HUSB @I" + number + "@\n";
+        }
+        for (int parent = 0; parent < parents; ++parent)
+            lines += "1 WIFE @X" + QByteArray::number(parent) + "@\n";
+        auto family = imported(text + lines + "0 TRLR\n");
+        const std::vector<Person*> members(membersOf(family).begin(), membersOf(family).end());
+        for (std::size_t person = 1; person < members.size(); ++person)
+            family.context->remove(*members[person]);
+        return family;
+    };
+    expectLinearTimeForLists(familyOf, [](std::size_t parents) { return parents + 1; });
 }
 
 TEST(LongTexts, AreExportedInLinearTime)
