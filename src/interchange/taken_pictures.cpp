@@ -144,8 +144,9 @@ private:
     {
         QStringList titles;
         for (const ObjectFile& file : object.named.files) {
-            if (file.name != taken)
-                titles << titleOfFile(object.tree, file.line);
+            QString title = file.name == taken ? QString() : titleOfFile(object.tree, file.line);
+            if (!title.isEmpty())
+                titles << std::move(title);
         }
         if (!titles.isEmpty())
             left_.emplace(line, std::move(titles));

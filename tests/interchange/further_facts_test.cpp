@@ -205,8 +205,8 @@ TEST(FurtherFacts, AreTheFilesBesideTheOneThatWasTaken)
 {
     const auto besideTheTaken = [](const QByteArray& person) {
         const auto family = imported("0 HEAD\n0 @I1@ INDI\n" + person +
-                                     "0 @M1@ OBJE\n1 FILE a.jpg\n1 FILE b.jpg\n2 TITL At home\n1 FILE voice.wav\n"
-                                     "0 TRLR\n");
+                                     "0 @M1@ OBJE\n1 FILE a.jpg\n1 FILE b.jpg\n2 TITL At home\n1 FILE\n"
+                                     "1 FILE voice.wav\n0 TRLR\n");
         member(family, 0).source()->setTakenPicture(
             std::make_shared<TakenPicture>(TakenPicture{QStringLiteral("a.jpg"), {}}));
         return factsOf(family, 0);
@@ -216,6 +216,16 @@ TEST(FurtherFacts, AreTheFilesBesideTheOneThatWasTaken)
                             "Picture or recording=voice.wav"));
     EXPECT_THAT(besideTheTaken("1 OBJE\n2 FILE a.jpg\n2 FILE b.jpg\n3 TITL At home\n"),
                 ElementsAre("Picture or recording: File=b.jpg", "-Title=At home"));
+}
+
+TEST(FurtherFacts, AreNotTheLinesOfAPictureThatWasRemoved)
+{
+    const auto family = imported("0 HEAD\n0 @I1@ INDI\n1 OBJE\n2 FILE a.jpg\n1 OBJE\n2 FILE b.jpg\n0 TRLR\n");
+    member(family, 0).source()->setTakenPicture(
+        std::make_shared<TakenPicture>(TakenPicture{QStringLiteral("a.jpg"), {}}));
+    member(family, 0).changePic(QByteArray("\x89PNG"));
+    member(family, 0).removePic();
+    EXPECT_THAT(factsOf(family, 0), ElementsAre("Picture or recording=", "-File=b.jpg"));
 }
 
 /// Families of older versions know of a picture, but not which one it is.

@@ -39,8 +39,9 @@ public:
     /// First what the person's own record holds, in the order of its lines; then family by family, below a heading,
     /// those of the person's parents first, what its record says: of a family of one's own everything, of that of one's
     /// parents how one belongs to it. Members to whom the family has no link are named, and a date of which a field
-    /// holds only a part is there, too; lines that named a person who was removed are not. Families of which there is
-    /// nothing to tell have no heading. Empty for a person who was not imported.
+    /// holds only a part is there, too. Lines that named a person who was removed are not, nor are those that spoke of
+    /// the picture that was taken, even when the person has another one or none now: these tell nothing that holds.
+    /// Families of which there is nothing to tell have no heading. Empty for a person who was not imported.
     std::vector<FurtherFact> of(const Person& person);
 
     /// How many facts these are, headings not counted.
