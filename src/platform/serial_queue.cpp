@@ -39,6 +39,7 @@ struct SerialQueue::State : std::enable_shared_from_this<State>
     bool held = false;
 
     void work();
+    void leave();
     std::shared_ptr<WorkBlock> next();
     void run(WorkBlock& block);
     void runOnMain(WorkBlock::Step step, bool wait);
@@ -51,6 +52,15 @@ void SerialQueue::State::work()
         // What the steps hold on to may be records and views: let go of it where these live.
         MainThread::post([block = std::move(block)]() mutable { block.reset(); });
     }
+}
+
+void SerialQueue::State::leave()
+{
+    {
+        const std::lock_guard lock(mutex);
+        stop.request_stop();
+    }
+    changed.notify_all();
 }
 
 std::shared_ptr<WorkBlock> SerialQueue::State::next()
@@ -103,30 +113,41 @@ namespace {
 class Threads
 {
 public:
+    // Queues are still there when a library ends the process, as Qt does when the display is lost.
     ~Threads()
     {
         for (auto& thread : threads_)
-            thread.join();
+            thread.stop();
+        for (auto& thread : threads_)
+            thread.runs.join();
     }
 
-    void start(std::function<void()> work)
+    // `stop` lets `work` end soon.
+    void start(std::function<void()> work, std::function<void()> stop)
     {
-        threads_.emplace_back([this, work = std::move(work)] {
+        auto run = [this, work = std::move(work)] {
             work();
             MainThread::post([this, id = std::this_thread::get_id()] { join(id); });
-        });
+        };
+        threads_.push_back({std::thread(std::move(run)), std::move(stop)});
     }
 
 private:
+    struct Thread
+    {
+        std::thread runs;
+        std::function<void()> stop;
+    };
+
     void join(std::thread::id id)
     {
         const auto left = std::find_if(threads_.begin(), threads_.end(),
-                                       [id](const std::thread& thread) { return thread.get_id() == id; });
-        left->join();
+                                       [id](const Thread& thread) { return thread.runs.get_id() == id; });
+        left->runs.join();
         threads_.erase(left);
     }
 
-    std::vector<std::thread> threads_;
+    std::vector<Thread> threads_;
 };
 
 } // namespace
@@ -135,18 +156,15 @@ SerialQueue::SerialQueue() : state_(std::make_shared<State>())
 {
     MainThread::prepare();
     static Threads threads;
-    threads.start([state = state_] { state->work(); });
+    threads.start([state = state_] { state->work(); }, [state = state_] { state->leave(); });
 }
 
 SerialQueue::~SerialQueue()
 {
+    state_->leave();
     std::deque<WorkBlock> dropped;
-    {
-        const std::lock_guard lock(state_->mutex);
-        state_->stop.request_stop();
-        dropped.swap(state_->blocks);
-    }
-    state_->changed.notify_all();
+    const std::lock_guard lock(state_->mutex);
+    dropped.swap(state_->blocks);
 }
 
 void SerialQueue::enqueue(WorkBlock block)

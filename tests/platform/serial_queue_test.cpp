@@ -6,7 +6,11 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <array>
 #include <atomic>
+#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <string>
@@ -165,4 +169,28 @@ TEST(SerialQueue, AQueueStillWorksAfterAThousandCameAndWent)
     bool ran = false;
     queue.enqueue(WorkBlock().onMainWaiting([&] { ran = true; }));
     EXPECT_TRUE(waitUntil([&] { return ran; }));
+}
+
+// As the windowing system does when it loses its display: nothing that the program holds is taken down before.
+TEST(SerialQueue, DoesNotKeepTheProcessThatEndsWithoutTakingItDown)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    constexpr unsigned patience = 60; // seconds
+    const auto endWithQueues = [] {
+        alarm(patience);
+        static std::array<SerialQueue*, 3> queues; // held to the end
+        for (SerialQueue*& queue : queues)
+            queue = new SerialQueue;
+        std::atomic<bool> works = false;
+        queues[1]->enqueue(WorkBlock().onMainWaiting([] {}));
+        queues[2]->enqueue(WorkBlock().compute([&works](std::stop_token stop) {
+            works = true;
+            while (!stop.stop_requested())
+                std::this_thread::yield();
+        }));
+        while (!works)
+            std::this_thread::yield();
+        std::exit(3);
+    };
+    EXPECT_EXIT(endWithQueues(), testing::ExitedWithCode(3), "");
 }
