@@ -4,8 +4,10 @@
 #include "paper/paper_parts.h"
 #include "paper_family.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
+#include <QSvgRenderer>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 
@@ -26,6 +28,13 @@ QImage decoded(const QByteArray& png)
     QImage image;
     EXPECT_TRUE(image.loadFromData(png, "PNG"));
     return image;
+}
+
+QByteArray encodedPng(const QImage& image)
+{
+    QBuffer png;
+    image.save(&png, "PNG");
+    return png.data();
 }
 
 QSize ownSize(const PaperPicture& picture)
@@ -146,6 +155,48 @@ TEST(SvgPicture, KeepsShapesThatComeAgainOnce)
     const QByteArray svg = bytesOf(PaperPicture(family.show()), svgWish());
     EXPECT_GT(svg.count("<use "), 300);
     EXPECT_LT(svg.count("<path "), 300);
+}
+
+/// How much two pictures of one size differ where they differ most, in a colour of the average of so many pixels
+/// across. Edges that are smoothed in other ways count little, a shape or a word that is missing much.
+int worstDifference(const QImage& one, const QImage& other, int across)
+{
+    const auto blurred = [&](const QImage& image) {
+        return image.scaled(image.size() / across, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    };
+    const QImage first = blurred(one);
+    const QImage second = blurred(other);
+    int worst = 0;
+    for (int y = 0; y < first.height(); ++y) {
+        for (int x = 0; x < first.width(); ++x) {
+            const QRgb here = first.pixel(x, y);
+            const QRgb there = second.pixel(x, y);
+            worst = std::max({worst, std::abs(qRed(here) - qRed(there)), std::abs(qGreen(here) - qGreen(there)),
+                              std::abs(qBlue(here) - qBlue(there))});
+        }
+    }
+    return worst;
+}
+
+// Drawn by a reader of SVG that knows nothing of the canvas.
+TEST(SvgPicture, LooksAsThePngDoes)
+{
+    PaperFamily family;
+    family.addThreeGenerations();
+    QImage portrait(80, 80, QImage::Format_RGB32);
+    portrait.fill(QColor(200, 40, 40));
+    family.pool.persons()[0]->changePic(encodedPng(portrait));
+    const PaperPicture picture(family.show(), {}, {QStringLiteral("The Family"), QStringLiteral("Footer")});
+    constexpr int enlarged = 4;
+    const QSize size = ownSize(picture) * enlarged;
+    const QImage png = decoded(bytesOf(picture, pngWish(size)));
+    QImage svg(size, QImage::Format_RGB32);
+    QPainter painter(&svg);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QSvgRenderer(bytesOf(picture, svgWish())).render(&painter);
+    painter.end();
+    constexpr int mostOfSmoothing = 20; // a partner's handle that is missing makes twice as much
+    EXPECT_LE(worstDifference(png, svg, 4 * enlarged), mostOfSmoothing);
 }
 
 TEST(SvgPicture, HasAGroundOrNone)
