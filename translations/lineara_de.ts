@@ -734,6 +734,10 @@
         <source>The Selected Fact</source>
         <translation>Die ausgewählte Angabe</translation>
     </message>
+    <message>
+        <source>… and %1 more characters. Copying the fact from the list takes them all.</source>
+        <translation>… und %1 weitere Zeichen. Wer die Angabe in der Liste kopiert, erhält alle.</translation>
+    </message>
 </context>
 <context>
     <name>HelpTexts</name>

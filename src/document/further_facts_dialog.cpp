@@ -3,13 +3,16 @@
 #include "further_facts_list.h"
 #include "model/person.h"
 #include "model/source_record.h"
+#include "personlist/long_words.h"
 
 #include <QCoreApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QLocale>
 #include <QPlainTextEdit>
 #include <QSplitter>
+#include <QStringBuilder>
 #include <QVBoxLayout>
 
 namespace lineara {
@@ -24,6 +27,7 @@ struct FurtherFactsTexts
 constexpr int width = 640;
 constexpr int listHeight = 360;
 constexpr int paneHeight = 110; // five lines or so
+constexpr qsizetype mostInThePane = 200'000;
 
 QString heading(const Person& person, const SourceOrigin& origin)
 {
@@ -34,7 +38,18 @@ QString heading(const Person& person, const SourceOrigin& origin)
         .arg(origin.file, name, QString::number(origin.line));
 }
 
-/// The current fact of the list whole, to be read and copied in part.
+/// A text of megabytes would keep its reader waiting at each step through the list.
+QString readable(const QString& text)
+{
+    if (text.size() <= mostInThePane)
+        return text;
+    const qsizetype end = text[mostInThePane - 1].isHighSurrogate() ? mostInThePane - 1 : mostInThePane;
+    const QString rest = QLocale().toString(text.size() - end);
+    return text.first(end) % u'\n' %
+           FurtherFactsTexts::tr("… and %1 more characters. Copying the fact from the list takes them all.").arg(rest);
+}
+
+/// The current fact of the list, to be read and copied in part.
 QPlainTextEdit* paneBelow(const FurtherFactsList& list)
 {
     auto* const pane = new QPlainTextEdit;
@@ -43,7 +58,8 @@ QPlainTextEdit* paneBelow(const FurtherFactsList& list)
     pane->setReadOnly(true);
     pane->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     pane->setTabChangesFocus(true);
-    const auto show = [pane, &list] { pane->setPlainText(list.currentText()); };
+    breakLongWords(*pane);
+    const auto show = [pane, &list] { showText(*pane, readable(list.currentText())); };
     QObject::connect(&list, &QTreeWidget::currentItemChanged, pane, show);
     show();
     return pane;

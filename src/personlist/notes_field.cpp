@@ -1,6 +1,7 @@
 #include "notes_field.h"
 
 #include "multi_line_text_delegate.h"
+#include "personlist/long_words.h"
 
 #include <QKeyEvent>
 #include <QTextDocument>
@@ -58,6 +59,7 @@ QString withEdit(const QString& text, const QString& edited)
 NotesField::NotesField(std::function<void(FieldEnd)> ended) : ended_(std::move(ended))
 {
     setTabChangesFocus(true);
+    breakLongWords(*this);
 }
 
 void NotesField::showNotes(const QString& notes)
@@ -93,7 +95,7 @@ void NotesField::settle()
 
 void NotesField::giveUp()
 {
-    setPlainText(shownOf(shown_).letters);
+    showText(*this, shownOf(shown_).letters);
     document()->setModified(false);
 }
 

@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <ctime>
+
 namespace lineara {
 namespace {
 
@@ -163,6 +165,41 @@ TEST_F(ImportedDocument, ShowsTheCurrentFactWhole)
     EXPECT_EQ(pane.toPlainText(), QStringLiteral("Miller"));
     list.setCurrentItem(list.topLevelItem(2)->child(0)->child(0));
     EXPECT_EQ(pane.toPlainText(), QStringLiteral("The <b>Book</b> of Ely"));
+}
+
+/// How long the dialog takes to go from a fact of a word to one of that many letters.
+double secondsOfShowing(Document& document, Person& person, int letters)
+{
+    showFurtherFacts(document.window(), person,
+                     {{QStringLiteral("Occupation"), QStringLiteral("Miller"), 0},
+                      {QStringLiteral("Note"), QString(letters, u'x'), 0}});
+    QApplication::processEvents();
+    auto& dialog = *document.window().findChild<QDialog*>(QStringLiteral("furtherFactsDialog"));
+    const std::clock_t before = std::clock();
+    QTest::keyClick(dialog.findChild<QTreeWidget*>(), Qt::Key_Down);
+    QApplication::processEvents();
+    const std::clock_t after = std::clock();
+    delete &dialog;
+    return static_cast<double>(after - before) / CLOCKS_PER_SEC;
+}
+
+TEST_F(ImportedDocument, ShowsALongWordInLinearTime)
+{
+    const double few = secondsOfShowing(*document, person(0), 25'000);
+    // Eight times the letters; and a little that can't be measured.
+    EXPECT_LT(secondsOfShowing(*document, person(0), 200'000), 16 * few + 0.05);
+}
+
+TEST_F(ImportedDocument, ShowsAsMuchOfTheCurrentFactAsCanBeRead)
+{
+    const QString trees = u'x' + QStringLiteral("\U0001F333").repeated(100'500);
+    showFurtherFacts(document->window(), person(0), {{QStringLiteral("Note"), trees, 0}});
+    const QString shown = dialog()->findChild<QPlainTextEdit*>(QStringLiteral("currentFact"))->toPlainText();
+    EXPECT_TRUE(shown.startsWith(trees.first(199'999) + u'\n'));
+    EXPECT_EQ(shown.mid(200'000).toStdString(),
+              "… and 1,002 more characters. Copying the fact from the list takes them all.");
+    auto& list = *dynamic_cast<FurtherFactsList*>(dialog()->findChild<QTreeWidget*>());
+    EXPECT_TRUE(list.selectedText() == QStringLiteral("Note: ") + trees);
 }
 
 TEST_F(ImportedDocument, HasNothingToShowOfSomebodyWhoWasMadeHere)
