@@ -4,6 +4,7 @@
 #include "model/person.h"
 #include "model/source_record.h"
 #include "personlist/long_words.h"
+#include "shortened_text.h"
 
 #include <QCoreApplication>
 #include <QDialog>
@@ -35,7 +36,7 @@ QString heading(const Person& person, const SourceOrigin& origin)
     return FurtherFactsTexts::tr("What “%1” tells of %2, in line %3 and below and in the records of families, beyond "
                                  "what is shown in the list. It is kept, and given back when the family is exported, "
                                  "as far as it still holds.")
-        .arg(origin.file, name, QString::number(origin.line));
+        .arg(toldName(origin.file), toldName(name), QString::number(origin.line));
 }
 
 /// A text of megabytes would keep its reader waiting at each step through the list.

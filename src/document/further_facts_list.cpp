@@ -1,5 +1,7 @@
 #include "further_facts_list.h"
 
+#include "shortened_text.h"
+
 #include <QAction>
 #include <QClipboard>
 #include <QCoreApplication>
@@ -26,41 +28,22 @@ enum Column
     Value
 };
 
-constexpr int wholeValue = Qt::UserRole;
+constexpr int wholeText = Qt::UserRole;
 constexpr int mostLabelWidth = 280;
 constexpr int columnGap = 8;
 constexpr int indent = 2;
 
-struct Extent
-{
-    qsizetype characters;
-    int lines;
-};
-
+constexpr Extent mostInALabel{120};
 constexpr Extent mostInARow{300, 6};
 constexpr Extent mostInATip{2'000, 30}; // a screenful
-
-QString shortened(const QString& text, Extent most)
-{
-    qsizetype end = std::min(text.size(), most.characters);
-    qsizetype lineEnd = -1;
-    for (int line = 0; line < most.lines && lineEnd < end; ++line) {
-        const auto next = text.indexOf(u'\n', lineEnd + 1);
-        lineEnd = next < 0 ? text.size() : next;
-    }
-    end = std::min(end, lineEnd);
-    if (end == text.size())
-        return text;
-    if (end > 0 && text[end - 1].isHighSurrogate())
-        --end;
-    return text.first(end).trimmed() % u'…';
-}
 
 /// Notes may hold marks that would be taken for formatting.
 QString plainToolTip(const QString& text)
 {
-    QString escaped = shortened(text, mostInATip).toHtmlEscaped();
-    return u"<p>" % escaped.replace(u'\n', QStringLiteral("<br>")) % u"</p>";
+    QString shown = shortened(text, mostInATip);
+    shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    std::replace_if(shown.begin(), shown.end(), isShownAsLineBreak, QChar(u'\n'));
+    return u"<p>" % shown.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")) % u"</p>";
 }
 
 /// Gives rows the height that their texts need in the width of the column, for which a tree does not ask.
@@ -104,11 +87,25 @@ int depthOf(const QTreeWidgetItem& item)
     return item.parent() ? depthOf(*item.parent()) + 1 : 0;
 }
 
+QString wholeTextOf(const QTreeWidgetItem& item, Column column)
+{
+    return item.data(column, wholeText).toString();
+}
+
+/// The text can be seen as far as its row has room, read further in a tooltip, and copied whole.
+void setTextOf(QTreeWidgetItem& item, Column column, const QString& text, Extent most)
+{
+    item.setText(column, shortened(text, most));
+    item.setData(column, wholeText, text);
+    if (!text.isEmpty())
+        item.setToolTip(column, plainToolTip(text));
+}
+
 QString lineOf(const QTreeWidgetItem& item)
 {
-    QString value = item.data(Value, wholeValue).toString();
+    QString value = wholeTextOf(item, Value);
     const QString margin(indent * depthOf(item), u' ');
-    const QString label = margin % item.text(Label);
+    const QString label = margin % wholeTextOf(item, Label);
     value.replace(u'\n', QString(u'\n' % margin % QString(indent, u' ')));
     return value.isEmpty() ? label : QString(label % u": " % value);
 }
@@ -135,18 +132,14 @@ void FurtherFactsList::fill(const std::vector<FurtherFact>& facts)
     for (const FurtherFact& fact : facts) {
         above.resize(std::min(above.size(), static_cast<std::size_t>(fact.depth)));
         auto* const item = above.empty() ? new QTreeWidgetItem(this) : new QTreeWidgetItem(above.back());
-        item->setText(Label, fact.label);
-        item->setToolTip(Label, plainToolTip(fact.label));
+        setTextOf(*item, Label, fact.label, mostInALabel);
         above.push_back(item);
         if (fact.isHeading) {
             showHeading(*item);
             continue;
         }
         item->setTextAlignment(Label, Qt::AlignLeft | Qt::AlignTop);
-        item->setText(Value, shortened(fact.value, mostInARow));
-        item->setData(Value, wholeValue, fact.value);
-        if (!fact.value.isEmpty())
-            item->setToolTip(Value, plainToolTip(fact.value));
+        setTextOf(*item, Value, fact.value, mostInARow);
     }
     expandAll();
     QTreeWidgetItemIterator first(this, QTreeWidgetItemIterator::Selectable);
@@ -198,8 +191,8 @@ QString FurtherFactsList::currentText() const
     const QTreeWidgetItem* const item = currentItem();
     if (!item)
         return {};
-    const QString value = item->data(Value, wholeValue).toString();
-    return value.isEmpty() ? item->text(Label) : value;
+    const QString value = wholeTextOf(*item, Value);
+    return value.isEmpty() ? wholeTextOf(*item, Label) : value;
 }
 
 QModelIndex FurtherFactsList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)

@@ -8,7 +8,7 @@
 
 namespace lineara {
 
-/// Facts as a tree to be read. Long values are cut in their rows; tooltips tell more of them, and copies all. The
+/// Facts as a tree to be read. Long texts are cut in their rows; tooltips tell more of them, and copies all. The
 /// keyboard goes from fact to fact, past the headings.
 class FurtherFactsList : public QTreeWidget
 {

@@ -202,6 +202,19 @@ TEST_F(ImportedDocument, ShowsAsMuchOfTheCurrentFactAsCanBeRead)
     EXPECT_TRUE(list.selectedText() == QStringLiteral("Note: ") + trees);
 }
 
+// The window would be as wide as the word otherwise.
+TEST_F(ImportedDocument, HasRoomForLongNames)
+{
+    person(0).setName(QString(100'000, u'W'));
+    showFurtherFacts(document->window(), person(0), {{QStringLiteral("Occupation"), QStringLiteral("Miller"), 0}});
+    QApplication::processEvents();
+    EXPECT_LE(dialog()->width(), 640);
+    const auto& heading = *dialog()->findChild<QLabel*>();
+    EXPECT_LT(heading.text().size(), 500);
+    EXPECT_LE(heading.minimumSizeHint().width(), heading.width());
+    EXPECT_LE(heading.heightForWidth(heading.width()), heading.height());
+}
+
 TEST_F(ImportedDocument, HasNothingToShowOfSomebodyWhoWasMadeHere)
 {
     showFurtherFacts(document->window(), document->context().insertPerson(), {});
@@ -239,6 +252,26 @@ TEST(FurtherFactsList, ShortensBetweenCharacters)
     const QString tree = QStringLiteral("\U0001F333");
     const FurtherFactsList list({{QStringLiteral("Note"), QString(u'x' + tree.repeated(1'000)), 0}});
     EXPECT_EQ(list.topLevelItem(0)->text(1), QString(u'x' + tree.repeated(149) + u'…'));
+}
+
+TEST(FurtherFactsList, ShortensLabelsAndHeadingsAndKeepsThemWhole)
+{
+    const QString name(100'000, u'x');
+    FurtherFactsList list({{QStringLiteral("Family of ") + name, {}, 0, true}, {name, {}, 1}});
+    const QTreeWidgetItem& family = *list.topLevelItem(0);
+    for (const QTreeWidgetItem* const item : {&family, static_cast<const QTreeWidgetItem*>(family.child(0))}) {
+        EXPECT_EQ(item->text(0).size(), 121);
+        EXPECT_LT(item->toolTip(0).size(), 3'000);
+    }
+    EXPECT_TRUE(list.currentText() == name);
+    list.selectAll();
+    EXPECT_TRUE(list.selectedText() == QStringLiteral("Family of %1\n  %1").arg(name));
+}
+
+TEST(FurtherFactsList, TellsEveryKindOfLineInTooltips)
+{
+    const FurtherFactsList list({{QStringLiteral("Note"), QStringLiteral("a\r\nb\rc\u2028d"), 0}});
+    EXPECT_EQ(list.topLevelItem(0)->toolTip(1), QStringLiteral("<p>a<br>b<br>c<br>d</p>"));
 }
 
 TEST(FurtherFactsList, CopiesAllLinesOfAValueBelowItsLabel)

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+namespace lineara {
+
+/// How much of a text has its place somewhere.
+struct Extent
+{
+    qsizetype characters; // UTF-16 units
+    int lines = 1;
+};
+
+/// The text itself, or as much of its beginning as there is room for, followed by an ellipsis.
+QString shortened(const QString& text, Extent most);
+
+/// A name for a sentence that is broken into lines between words: shortened, and with places to break its long words.
+QString toldName(const QString& name);
+
+/// Whether a new line begins behind the letter where a text is shown; '\r' before '\n' included.
+bool isShownAsLineBreak(QChar letter);
+
+} // namespace lineara

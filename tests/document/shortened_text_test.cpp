@@ -1,0 +1,46 @@
+#include "shortened_text.h"
+
+#include <gtest/gtest.h>
+
+namespace lineara {
+namespace {
+
+TEST(ShortenedText, IsCutAtEachKindOfLineBreak)
+{
+    for (const QString& lineBreak :
+         {QStringLiteral("\n"), QStringLiteral("\r\n"), QStringLiteral("\r"), QStringLiteral("\v"),
+          QStringLiteral("\f"), QStringLiteral("\u0085"), QStringLiteral("\u2028"), QStringLiteral("\u2029")}) {
+        const QString lines = QStringLiteral("one") + lineBreak + QStringLiteral("two") + lineBreak;
+        EXPECT_EQ(shortened(lines + QStringLiteral("three"), {100, 2}).toStdString(),
+                  (lines.first(3 + lineBreak.size() + 3) + u'…').toStdString());
+        EXPECT_EQ(shortened(lines + QStringLiteral("three"), {100, 3}), lines + QStringLiteral("three"));
+        EXPECT_EQ(shortened(lines, {100, 1}), QStringLiteral("one…"));
+    }
+}
+
+TEST(ShortenedText, IsTheTextItselfWhereThereIsRoomForIt)
+{
+    EXPECT_EQ(shortened({}, {3}), QString());
+    EXPECT_EQ(shortened(QStringLiteral("one"), {3}), QStringLiteral("one"));
+    EXPECT_EQ(shortened(QStringLiteral("ones"), {3}), QStringLiteral("one…"));
+}
+
+TEST(ShortenedText, LeavesUsualNamesAsTheyAre)
+{
+    const QString name = QStringLiteral("Anna Maria von und zu Schneckenhausen-Hinterwaldburg");
+    EXPECT_EQ(toldName(name), name);
+}
+
+TEST(ShortenedText, LetsLongWordsOfNamesBeBroken)
+{
+    const QString letter = QStringLiteral("e\u0301");
+    const QString told = toldName(letter.repeated(1'000));
+    EXPECT_EQ(QString(told).remove(QChar(u'\u200b')), QString(letter.repeated(40) + u'…'));
+    for (const QString& word : told.split(QChar(u'\u200b'))) {
+        EXPECT_LE(word.size(), 41);
+        EXPECT_TRUE(word.startsWith(u'e') || word == QStringLiteral("…"));
+    }
+}
+
+} // namespace
+} // namespace lineara
