@@ -3,9 +3,9 @@
 #include "shortened_text.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QClipboard>
 #include <QCoreApplication>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QStringBuilder>
 #include <QStyledItemDelegate>
@@ -120,6 +120,8 @@ FurtherFactsList::FurtherFactsList(const std::vector<FurtherFact>& facts)
     setWordWrap(true);
     setAlternatingRowColors(true);
     setVerticalScrollMode(ScrollPerPixel);
+    setItemsExpandable(false);
+    setRootIsDecorated(false);
     setSelectionMode(ExtendedSelection);
     fill(facts);
     addCopying();
@@ -153,7 +155,7 @@ void FurtherFactsList::addCopying()
     copy->setShortcutContext(Qt::WidgetShortcut);
     connect(copy, &QAction::triggered, this, [this] {
         if (const QString text = selectedText(); !text.isEmpty())
-            QGuiApplication::clipboard()->setText(text);
+            QApplication::clipboard()->setText(text);
     });
     addAction(copy);
     setContextMenuPolicy(Qt::ActionsContextMenu);
@@ -216,6 +218,37 @@ QModelIndex FurtherFactsList::factFrom(QModelIndex at, bool isUpwards) const
         at = isUpwards ? indexAbove(at) : indexBelow(at);
     return at;
 }
+
+/// The search of other trees would stop at headings.
+void FurtherFactsList::keyboardSearch(const QString& typed)
+{
+    const QModelIndex from = currentIndex();
+    if (!from.isValid() || typed.isEmpty())
+        return;
+    const bool goesOn = sinceTyped_.isValid() && !sinceTyped_.hasExpired(QApplication::keyboardInputInterval());
+    typed_ = goesOn ? typed_ + typed : typed;
+    sinceTyped_.start();
+    // The same letter again means the next one with it.
+    const bool isOneLetter = typed_.count(typed_.front()) == typed_.size();
+    const QString wanted = isOneLetter ? typed_.first(1) : typed_;
+    const auto isWanted = [&](const QModelIndex& row) {
+        return !isHeading(row) && row.data().toString().startsWith(wanted, Qt::CaseInsensitive);
+    };
+    QModelIndex at = goesOn && !isOneLetter && isWanted(from) ? from : rowBelow(from);
+    while (at != from && !isWanted(at))
+        at = rowBelow(at);
+    setCurrentIndex(at);
+}
+
+/// After the last one comes the first.
+QModelIndex FurtherFactsList::rowBelow(const QModelIndex& at) const
+{
+    const QModelIndex below = indexBelow(at);
+    return below.isValid() ? below : model()->index(0, at.column());
+}
+
+/// Without the signs of what can be folded.
+void FurtherFactsList::drawBranches(QPainter*, const QRect&, const QModelIndex&) const {}
 
 /// Nobody could scroll to a heading by the keyboard otherwise.
 void FurtherFactsList::currentChanged(const QModelIndex& current, const QModelIndex& previous)

@@ -2,14 +2,15 @@
 
 #include "interchange/further_facts.h"
 
+#include <QElapsedTimer>
 #include <QTreeWidget>
 
 #include <vector>
 
 namespace lineara {
 
-/// Facts as a tree to be read. Long texts are cut in their rows; tooltips tell more of them, and copies all. The
-/// keyboard goes from fact to fact, past the headings.
+/// Facts as a tree to be read. Long texts are cut in their rows; tooltips tell more of them, and copies all. Nothing
+/// can be folded away. The keyboard goes from fact to fact, past the headings, and to those whose beginning is typed.
 class FurtherFactsList : public QTreeWidget
 {
 public:
@@ -21,15 +22,22 @@ public:
     /// The whole value of the current fact, or else what it is called.
     QString currentText() const;
 
+    void keyboardSearch(const QString& typed) override;
+
 protected:
+    void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
     QModelIndex factFrom(QModelIndex at, bool isUpwards) const;
+    QModelIndex rowBelow(const QModelIndex& at) const;
     void fill(const std::vector<FurtherFact>& facts);
     void addCopying();
     void fitColumns();
+
+    QString typed_; // of a search that goes on
+    QElapsedTimer sinceTyped_;
 };
 
 } // namespace lineara

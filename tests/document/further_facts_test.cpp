@@ -7,7 +7,6 @@
 
 #include <QClipboard>
 #include <QDialog>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -219,121 +218,6 @@ TEST_F(ImportedDocument, HasNothingToShowOfSomebodyWhoWasMadeHere)
 {
     showFurtherFacts(document->window(), document->context().insertPerson(), {});
     EXPECT_EQ(dialog(), nullptr);
-}
-
-TEST(FurtherFactsList, ShortensLongValuesAndKeepsThemWhole)
-{
-    const QString words = QStringLiteral("word ").repeated(1'000);
-    FurtherFactsList list({{QStringLiteral("Note"), words, 0}});
-    const QTreeWidgetItem& note = *list.topLevelItem(0);
-    EXPECT_LT(note.text(1).size(), 400);
-    EXPECT_TRUE(note.text(1).endsWith(u'…'));
-    EXPECT_GT(note.toolTip(1).size(), note.text(1).size());
-    list.selectAll();
-    EXPECT_EQ(list.selectedText(), QStringLiteral("Note: ") + words);
-}
-
-QString linesOf(int count)
-{
-    return QStringLiteral("line\n").repeated(count).chopped(1);
-}
-
-TEST(FurtherFactsList, ShortensValuesOfManyLines)
-{
-    const FurtherFactsList list({{QStringLiteral("Note"), linesOf(50), 0}, {QStringLiteral("Note"), linesOf(6), 0}});
-    EXPECT_EQ(list.topLevelItem(0)->text(1), QString(linesOf(6) + u'…'));
-    EXPECT_EQ(list.topLevelItem(0)->toolTip(1).count(QStringLiteral("<br>")), 29);
-    EXPECT_EQ(list.topLevelItem(1)->text(1), linesOf(6));
-    EXPECT_EQ(list.currentText(), linesOf(50));
-}
-
-TEST(FurtherFactsList, ShortensBetweenCharacters)
-{
-    const QString tree = QStringLiteral("\U0001F333");
-    const FurtherFactsList list({{QStringLiteral("Note"), QString(u'x' + tree.repeated(1'000)), 0}});
-    EXPECT_EQ(list.topLevelItem(0)->text(1), QString(u'x' + tree.repeated(149) + u'…'));
-}
-
-TEST(FurtherFactsList, ShortensLabelsAndHeadingsAndKeepsThemWhole)
-{
-    const QString name(100'000, u'x');
-    FurtherFactsList list({{QStringLiteral("Family of ") + name, {}, 0, true}, {name, {}, 1}});
-    const QTreeWidgetItem& family = *list.topLevelItem(0);
-    for (const QTreeWidgetItem* const item : {&family, static_cast<const QTreeWidgetItem*>(family.child(0))}) {
-        EXPECT_EQ(item->text(0).size(), 121);
-        EXPECT_LT(item->toolTip(0).size(), 3'000);
-    }
-    EXPECT_TRUE(list.currentText() == name);
-    list.selectAll();
-    EXPECT_TRUE(list.selectedText() == QStringLiteral("Family of %1\n  %1").arg(name));
-}
-
-TEST(FurtherFactsList, TellsEveryKindOfLineInTooltips)
-{
-    const FurtherFactsList list({{QStringLiteral("Note"), QStringLiteral("a\r\nb\rc\u2028d"), 0}});
-    EXPECT_EQ(list.topLevelItem(0)->toolTip(1), QStringLiteral("<p>a<br>b<br>c<br>d</p>"));
-}
-
-TEST(FurtherFactsList, CopiesAllLinesOfAValueBelowItsLabel)
-{
-    FurtherFactsList list({{QStringLiteral("Marriage"), QStringLiteral("Y"), 0},
-                           {QStringLiteral("Note"), QStringLiteral("first\nsecond"), 1}});
-    list.selectAll();
-    EXPECT_EQ(list.selectedText(), QStringLiteral("Marriage: Y\n  Note: first\n    second"));
-}
-
-TEST(FurtherFactsList, GoesPastHeadingsByEveryKey)
-{
-    FurtherFactsList list({{QStringLiteral("Family of Anna"), {}, 0, true},
-                           {QStringLiteral("first"), {}, 1},
-                           {QStringLiteral("Family with Bert"), {}, 0, true},
-                           {QStringLiteral("second"), {}, 1}});
-    list.resize(400, 300);
-    list.show();
-    const auto after = [&list](Qt::Key key) {
-        QTest::keyClick(&list, key);
-        return list.currentText().toStdString();
-    };
-    EXPECT_EQ(after(Qt::Key_Up), "first");
-    EXPECT_EQ(after(Qt::Key_Down), "second");
-    EXPECT_EQ(after(Qt::Key_Left), "second");
-    EXPECT_EQ(after(Qt::Key_Up), "first");
-    EXPECT_EQ(after(Qt::Key_End), "second");
-    EXPECT_EQ(after(Qt::Key_Home), "first");
-    EXPECT_EQ(after(Qt::Key_PageDown), "second");
-    EXPECT_EQ(after(Qt::Key_PageUp), "first");
-}
-
-TEST(FurtherFactsList, TellsWholeHeadingsInTooltips)
-{
-    const FurtherFactsList list({{QStringLiteral("Family of A & B"), {}, 0, true}, {QStringLiteral("first"), {}, 1}});
-    EXPECT_EQ(list.topLevelItem(0)->toolTip(0), QStringLiteral("<p>Family of A &amp; B</p>"));
-}
-
-TEST(FurtherFactsList, ShowsTextsAsTheyStand)
-{
-    const FurtherFactsList list({{QStringLiteral("Note"), QStringLiteral("a <b>bold</b>\nword"), 0}});
-    EXPECT_EQ(list.topLevelItem(0)->toolTip(1), QStringLiteral("<p>a &lt;b&gt;bold&lt;/b&gt;<br>word</p>"));
-}
-
-TEST(FurtherFactsList, GivesRoomToItsValuesWhateverItsHeadingsSay)
-{
-    FurtherFactsList list({{QStringLiteral("Family of ") + QString(200, u'x'), {}, 0, true},
-                           {QStringLiteral("Marriage"), QStringLiteral("Y"), 1}});
-    list.resize(600, 300);
-    EXPECT_LT(list.header()->sectionSize(0), 200);
-}
-
-TEST(FurtherFactsList, FindsTheHeightOfRowsAnewWhenItsColumnsChange)
-{
-    FurtherFactsList list({{QStringLiteral("Note"), QStringLiteral("word ").repeated(50), 0}});
-    list.resize(1'200, 300);
-    list.show();
-    QApplication::processEvents();
-    const int low = list.visualItemRect(list.topLevelItem(0)).height();
-    list.resize(300, 300);
-    QTest::qWait(50);
-    EXPECT_GT(list.visualItemRect(list.topLevelItem(0)).height(), 2 * low);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "shortened_text.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 namespace lineara {
