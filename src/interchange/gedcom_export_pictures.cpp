@@ -4,6 +4,7 @@
 #include "gedcom_pointer.h"
 #include "media_files.h"
 #include "person_pictures.h"
+#include "picture_kinds.h"
 #include "picture_lines.h"
 
 #include <algorithm>
@@ -18,29 +19,6 @@ namespace {
 
 using Line = EditedRecord::Line;
 
-struct PictureKind
-{
-    QByteArrayView start;
-    const char* ending = nullptr;
-    const char* mediaType = nullptr;
-};
-
-constexpr std::array<PictureKind, 7> pictureKinds = {{{"\x89PNG", "png", "image/png"},
-                                                      {"\xFF\xD8\xFF", "jpg", "image/jpeg"},
-                                                      {"GIF8", "gif", "image/gif"},
-                                                      {"BM", "bmp", "image/bmp"},
-                                                      {"II*", "tif", "image/tiff"},
-                                                      {"MM", "tif", "image/tiff"},
-                                                      {"RIFF", "webp", "image/webp"}}};
-
-const PictureKind& kindOf(const QByteArray& bytes)
-{
-    static constexpr PictureKind unknown{"", "bin", "application/octet-stream"};
-    const auto known =
-        std::ranges::find_if(pictureKinds, [&](const auto& kind) { return bytes.startsWith(kind.start); });
-    return known == pictureKinds.end() ? unknown : *known;
-}
-
 /// A picture that a person has now.
 struct HeldPicture
 {
@@ -53,7 +31,9 @@ struct HeldPicture
 struct NamedPicture
 {
     HeldPicture held;
-    PictureLine line;
+    std::size_t record = 0;      ///< in which its file is named: the person's or one that is pointed at
+    EditedRecord::Line file = 0; ///< in that record
+    QString name;
 };
 
 /// What became of the pictures since their records were imported.
@@ -64,19 +44,15 @@ struct PictureFates
     std::vector<ExportPerson> parted; ///< persons without the picture that they had then, with another one or none
 };
 
-/// Whether the record says nothing of the file any more.
-bool isStruck(const EditedRecord& lines, std::size_t record, const PictureLine& picture)
-{
-    return lines.isStruck(picture.object) || (picture.record == record && lines.isStruck(picture.file));
-}
-
 /// Tells the fates, and strikes the lines about pictures that persons have no more.
 class PictureComparison
 {
 public:
     PictureComparison(const FamilyContent& family, const KeptRecords& kept, GedcomChanges& changes)
-        : family_(family), kept_(kept), changes_(changes)
+        : family_(family), kept_(kept), changes_(changes), objects_(kept)
     {}
+
+    PictureObjects& objects() { return objects_; }
 
     PictureFates compare(const Progress& progress)
     {
@@ -93,9 +69,9 @@ public:
     {
         const std::size_t record = *kept_.recordOf(person);
         EditedRecord& lines = changes_.edit(record);
-        for (const PictureLine& line : pictureLines(kept_, record)) {
-            if (line.mayBePicture && !isStruck(lines, record, line)) {
-                lines.insert(line.object, gedcomPointer(1, "_PHOTO", pointsAtNobody));
+        for (const PictureObject& object : objects_.of(record)) {
+            if (mayStillBeTaken(record, object)) {
+                lines.insert(object.line, gedcomPointer(1, "_PHOTO", pointsAtNobody));
                 return;
             }
         }
@@ -104,14 +80,20 @@ public:
     /// Leaves out every line by which the record of a person speaks of this file.
     void strike(std::size_t record, const QString& file)
     {
-        for (const PictureLine& line : pictureLines(kept_, record)) {
-            if (line.name != file)
+        for (const PictureObject& object : objects_.of(record)) {
+            if (!object.files->named(file))
                 continue;
             EditedRecord& lines = changes_.edit(record);
-            const bool isOneOfSeveral = line.record == record && lines.children(line.object, "FILE").size() > 1;
-            lines.strike(isOneOfSeveral ? line.file : line.object);
-            if (line.record != record)
-                struckObjects_.insert(line.record);
+            if (object.record != record)
+                struckObjects_.insert(object.record);
+            if (object.record != record || !object.files->areOfSeveralNames()) {
+                lines.strike(object.line);
+                continue;
+            }
+            for (const PictureFile& one : object.files->all()) {
+                if (one.name == file)
+                    lines.strike(one.line);
+            }
         }
     }
 
@@ -123,8 +105,8 @@ private:
         const TakenPicture* const taken = record ? family_.sources()[*record].takenPicture.get() : nullptr;
         if (!held.bytes && (!taken || taken->file.isEmpty()))
             return;
-        if (const auto line = held.bytes && record ? lineOf(*record, taken, *held.bytes) : std::nullopt) {
-            fates_.named.push_back({held, *line});
+        if (auto named = held.bytes && record ? namedIn(*record, taken, held) : std::nullopt) {
+            fates_.named.push_back(std::move(*named));
             return;
         }
         if (taken && !taken->file.isEmpty()) {
@@ -145,16 +127,30 @@ private:
         return {person, id.value_or(RecordId{}), hasBytes ? &*found->data : nullptr};
     }
 
-    /// The line that speaks of the picture. What was taken is not known of records that older versions kept; then it is
-    /// believed to be the first that a record names.
-    std::optional<PictureLine> lineOf(std::size_t record, const TakenPicture* taken, const QByteArray& bytes) const
+    /// Whether the import might take one of its files, as the person's record is now.
+    bool mayStillBeTaken(std::size_t person, const PictureObject& object)
     {
-        if (taken && (taken->file.isEmpty() || (!taken->hash.isEmpty() && taken->hash != hashOf(bytes))))
+        const EditedRecord& lines = changes_.edit(person);
+        if (lines.isStruck(object.line))
+            return false;
+        if (object.record != person)
+            return object.files->firstPicture() != nullptr;
+        return std::ranges::any_of(object.files->all(), [&](const PictureFile& file) {
+            return file.mayBePicture && !lines.isStruck(file.line);
+        });
+    }
+
+    /// How the record speaks of the picture. What was taken is not known of records that older versions kept; then it
+    /// is believed to be the first that a record names.
+    std::optional<NamedPicture> namedIn(std::size_t record, const TakenPicture* taken, const HeldPicture& held)
+    {
+        if (taken && (taken->file.isEmpty() || (!taken->hash.isEmpty() && taken->hash != hashOf(*held.bytes))))
             return std::nullopt;
-        const auto lines = pictureLines(kept_, record);
-        const auto found = std::ranges::find_if(
-            lines, [&](const PictureLine& line) { return taken ? line.name == taken->file : line.mayBePicture; });
-        return found == lines.end() ? std::nullopt : std::optional(*found);
+        for (const PictureObject& object : objects_.of(record)) {
+            if (const auto* const file = taken ? object.files->named(taken->file) : object.files->firstPicture())
+                return NamedPicture{held, object.record, file->line, file->name};
+        }
+        return std::nullopt;
     }
 
     /// An object that says nothing but the name of its file goes with the last line that pointed at it.
@@ -198,6 +194,7 @@ private:
     const FamilyContent& family_;
     const KeptRecords& kept_;
     GedcomChanges& changes_;
+    PictureObjects objects_;
     PictureFates fates_;
     std::set<std::size_t> struckObjects_;
 };
@@ -230,10 +227,10 @@ private:
 
     bool keepsName(const NamedPicture& picture)
     {
-        const auto place = plainPlace(picture.line.name);
+        const auto place = plainPlace(picture.name);
         const bool keeps = place && puts(*place, *picture.held.bytes);
         if (keeps)
-            places_.emplace(FileLine{picture.line.record, picture.line.file}, *place);
+            places_.emplace(FileLine{picture.record, picture.file}, *place);
         return keeps;
     }
 
@@ -247,15 +244,15 @@ private:
     /// A line that others share can be changed once, for the same picture of all.
     void rename(const NamedPicture& picture)
     {
-        const FileLine line{picture.line.record, picture.line.file};
+        const FileLine line{picture.record, picture.file};
         if (const auto known = places_.find(line); known != places_.end()) {
             if (puts(known->second, *picture.held.bytes))
                 return;
-            comparison_.strike(*kept_.recordOf(picture.held.person), picture.line.name);
+            comparison_.strike(*kept_.recordOf(picture.held.person), picture.name);
             add(picture.held);
             return;
         }
-        auto place = nearestPlace(picture.line.name);
+        auto place = nearestPlace(picture.name);
         if (!place || !puts(*place, *picture.held.bytes))
             place = newPlace(picture.held);
         EditedRecord& record = changes_.edit(line.first);
@@ -268,7 +265,7 @@ private:
     {
         const QString place = newPlace(picture);
         const std::string xref = changes_.takeXref(numberedXref('O', picture.id.number));
-        const auto mediaType = QString::fromLatin1(kindOf(*picture.bytes).mediaType);
+        const auto mediaType = QString(kindOf(*picture.bytes).mediaType);
         changes_.addRecord(gedcomRecord(xref, "OBJE") + gedcomLines(1, "FILE", place, GedcomDialect::Seven) +
                            gedcomLines(2, "FORM", mediaType, GedcomDialect::Seven));
         addLine(picture.person, gedcomPointer(1, "OBJE", xref));
@@ -278,7 +275,7 @@ private:
     void addLine(ExportPerson person, std::string line)
     {
         const auto record = kept_.recordOf(person);
-        const auto objects = record ? pictureLines(kept_, *record) : std::vector<PictureLine>();
+        const auto objects = record ? comparison_.objects().of(*record) : std::vector<PictureObject>();
         if (objects.empty()) {
             changes_.addToPerson(person, line);
             return;
@@ -288,12 +285,12 @@ private:
             if (refusesPictures(lines[refusal]))
                 lines.strike(refusal);
         }
-        const auto isMarked = [&](const PictureLine& other) {
-            return other.isPrimary && !isStruck(lines, *record, other);
+        const auto isMarked = [&](const PictureObject& other) {
+            return other.isPrimary && !lines.isStruck(other.line);
         };
         if (std::ranges::any_of(objects, isMarked))
             line += "2 _PRIM Y\n";
-        lines.insert(std::ranges::min(objects, {}, &PictureLine::object).object, line);
+        lines.insert(std::ranges::min(objects, {}, &PictureObject::line).line, line);
     }
 
     /// A name that nothing has and no line means.
@@ -302,7 +299,7 @@ private:
         if (!meant_)
             meant_ = meantPlaces();
         QString number = QString::fromStdString(numberedXref('p', picture.id.number));
-        const QString ending = QString::fromLatin1(kindOf(*picture.bytes).ending);
+        const QString ending = kindOf(*picture.bytes).ending;
         QString place;
         do {
             place = QStringLiteral("pictures/%1.%2").arg(number, ending);
@@ -354,7 +351,7 @@ ExportedPictures leavePictures(const FamilyContent& family, const KeptRecords& k
     // Nothing is written of the new ones that might stand in the place of the others.
     for (const ExportPerson person : fates.parted)
         comparison.refuseOthers(person);
-    const auto isLeftOut = [&](const NamedPicture& picture) { return !isThere(picture.line.name); };
+    const auto isLeftOut = [&](const NamedPicture& picture) { return !isThere(picture.name); };
     return {{}, fates.added.size() + static_cast<std::size_t>(std::ranges::count_if(fates.named, isLeftOut))};
 }
 

@@ -22,25 +22,6 @@ bool isPrimaryObject(const EditedRecord& record, Line object)
     });
 }
 
-QString formIn(const EditedRecord& record, Line object, Line file)
-{
-    const auto own = record.child(file, "FORM");
-    const auto form = own ? own : record.child(object, "FORM");
-    return form ? record.text(*form) : QString();
-}
-
-/// Adds the files of an object; `found` says the rest of it.
-void addFiles(const EditedRecord& record, Line object, PictureLine found, std::vector<PictureLine>& lines)
-{
-    found.isPrimary = found.isPrimary || isPrimaryObject(record, object);
-    for (const Line file : record.children(object, "FILE")) {
-        found.file = file;
-        found.name = nameIn(record, file);
-        found.mayBePicture = !found.name.isEmpty() && mayBePicture(formIn(record, object, file), found.name);
-        lines.push_back(found);
-    }
-}
-
 } // namespace
 
 bool isPictureTag(std::string_view tag)
@@ -48,26 +29,61 @@ bool isPictureTag(std::string_view tag)
     return tag == "OBJE" || tag == "_PHOTO";
 }
 
-std::vector<PictureLine> pictureLines(const KeptRecords& kept, std::size_t person)
+PictureFiles::PictureFiles(const EditedRecord& record, Line object) : isPrimary_(isPrimaryObject(record, object))
 {
-    std::vector<PictureLine> lines;
-    const EditedRecord record = kept.edited(person);
+    // Once, as there may be thousands of files.
+    const auto common = record.child(object, "FORM");
+    for (const Line line : record.children(object, "FILE")) {
+        const auto own = record.child(line, "FORM");
+        const auto form = own ? own : common;
+        const QString name = nameIn(record, line);
+        const bool isPicture = !name.isEmpty() && mayBePicture(form ? record.text(*form) : QString(), name);
+        byName_.try_emplace(name, files_.size());
+        if (isPicture && !firstPicture_)
+            firstPicture_ = files_.size();
+        files_.push_back({line, name, isPicture});
+    }
+}
+
+const PictureFile* PictureFiles::firstPicture() const
+{
+    return firstPicture_ ? &files_[*firstPicture_] : nullptr;
+}
+
+const PictureFile* PictureFiles::named(const QString& name) const
+{
+    const auto found = byName_.find(name);
+    return found == byName_.end() ? nullptr : &files_[found->second];
+}
+
+std::vector<PictureObject> PictureObjects::of(std::size_t person)
+{
+    std::vector<PictureObject> objects;
+    const EditedRecord record = kept_.edited(person);
     for (const Line line : record.children(0)) {
         if (!isPictureTag(record[line].tag))
             continue;
-        PictureLine found;
-        found.object = line;
-        found.record = person;
-        found.isPrimary = record[line].tag == "_PHOTO" || isPrimaryObject(record, line);
+        PictureObject object{line, person, record[line].tag == "_PHOTO" || isPrimaryObject(record, line), nullptr};
         if (!record[line].isPointer) {
-            addFiles(record, line, found, lines);
-        } else if (const auto target = kept.target(record[line].value); target && kept[*target].tag == "OBJE") {
-            found.record = *target;
-            addFiles(kept.edited(*target), 0, found, lines);
+            object.files = std::make_shared<PictureFiles>(record, line);
+        } else if (const auto target = kept_.target(record[line].value); target && kept_[*target].tag == "OBJE") {
+            object.record = *target;
+            object.files = filesOf(*target);
+            object.isPrimary = object.isPrimary || object.files->isPrimary();
         }
+        if (object.files && !object.files->all().empty())
+            objects.push_back(std::move(object));
     }
-    std::ranges::stable_sort(lines, [](const auto& a, const auto& b) { return a.isPrimary && !b.isPrimary; });
-    return lines;
+    std::ranges::stable_sort(objects, [](const auto& a, const auto& b) { return a.isPrimary && !b.isPrimary; });
+    return objects;
+}
+
+std::shared_ptr<const PictureFiles> PictureObjects::filesOf(std::size_t object)
+{
+    auto& files = pointedAt_[object];
+    if (!files)
+        files = std::make_shared<PictureFiles>(kept_.edited(object), 0);
+    return files;
 }
 
 QStringList filesNamedIn(std::string_view record, GedcomDialect dialect)

@@ -224,6 +224,78 @@ TEST(ForeignNames, OfManyRecordsAreExportedInLinearTime)
     EXPECT_LT(secondsOf(lineLength / 5), mostTimes * few + unmeasurable);
 }
 
+// Somebody's picture is looked for among all that the record names, and what is said of it in all of them goes.
+class ManyPictures : public testing::Test
+{
+protected:
+    /// `familyOf` makes a family of a number of files.
+    template<class FamilyOf>
+    static void expectLinearTime(FamilyOf familyOf)
+    {
+        const HangGuard guard;
+        for (const GedcomFormat format : {GedcomFormat::Gedcom551, GedcomFormat::Gedzip}) {
+            const auto secondsOf = [&](int files) {
+                const auto family = familyOf(files);
+                return secondsOfExporting(*family.context, format);
+            };
+            const double few = secondsOf(lineLength / 160);
+            EXPECT_LT(secondsOf(lineLength / 20), mostTimes * few + unmeasurable);
+        }
+    }
+
+    static QByteArray fileLines(int level, int files)
+    {
+        QByteArray lines;
+        for (int file = 0; file < files; ++file)
+            lines += QByteArray::number(level) + " FILE " + QByteArray::number(file) + ".png\n";
+        return lines;
+    }
+
+    static void setTaken(const ImportedFamily& family, std::size_t position, int file)
+    {
+        member(family, position)
+            .source()
+            ->setTakenPicture(std::make_shared<TakenPicture>(TakenPicture{QStringLiteral("%1.png").arg(file), {}}));
+    }
+};
+
+TEST_F(ManyPictures, OfOneObjectAreExportedInLinearTimeWhenOneIsRemoved)
+{
+    expectLinearTime([](int files) {
+        auto family = imported("0 HEAD\n0 @I1@ INDI\n1 OBJE\n" + fileLines(2, files) +
+                               QByteArray("2 FILE a.png\n").repeated(files) + "0 TRLR\n");
+        member(family, 0).source()->setTakenPicture(
+            std::make_shared<TakenPicture>(TakenPicture{QStringLiteral("a.png"), {}}));
+        return family;
+    });
+}
+
+TEST_F(ManyPictures, OfAnObjectThatOnePersonPointsAtAgainAndAgainAreExportedInLinearTimeWhenOneIsRemoved)
+{
+    expectLinearTime([](int files) {
+        auto family = imported("0 HEAD\n0 @I1@ INDI\n" + QByteArray("1 OBJE @O1@\n").repeated(files) + "0 @O1@ OBJE\n" +
+                               fileLines(1, files) + "0 TRLR\n");
+        setTaken(family, 0, files - 1);
+        return family;
+    });
+}
+
+TEST_F(ManyPictures, OfAnObjectThatManyPersonsPointAtAreExportedInLinearTimeWhenAllAreRemovedOrReplaced)
+{
+    expectLinearTime([](int files) {
+        QByteArray text = "0 HEAD\n0 @O1@ OBJE\n" + fileLines(1, files);
+        for (int person = 0; person < files; ++person)
+            text += "0 @I" + QByteArray::number(person) + "@ INDI\n1 OBJE @O1@\n";
+        auto family = imported(text + "0 TRLR\n");
+        for (int person = 0; person < files; ++person) {
+            setTaken(family, static_cast<std::size_t>(person), person);
+            if (person % 2 == 0)
+                member(family, static_cast<std::size_t>(person)).changePic("\x89PNG" + QByteArray::number(person));
+        }
+        return family;
+    });
+}
+
 // Copying the notes, or the rest of them, for each of them would take minutes.
 TEST(ManyNotes, AreImportedAndExportedWhetherTheFirstOrTheLastIsChanged)
 {
