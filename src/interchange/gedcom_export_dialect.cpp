@@ -2,6 +2,7 @@
 
 #include "gedcom_export_dates.h"
 #include "gedcom_export_enums.h"
+#include "gedcom_export_languages.h"
 #include "gedcom_line.h"
 #include "gedcom_pointer.h"
 #include "gedcom_tree.h"
@@ -173,10 +174,22 @@ private:
         const bool isShared = line.isPointer || (line.level == 0 && !line.xref.empty());
         if (to_ == GedcomDialect::Seven) {
             const bool isRole = line.tag == "RELA" && line.parent == "ASSO";
+            if (isLanguage(line) && !languageOf(line))
+                return "_LANG";
             return isShared && line.tag == "NOTE" ? "SNOTE" : isRole ? "ROLE" : line.tag;
         }
+        if (line.tag == "_LANG" && (line.parent == "HEAD" || line.parent == "SUBM"))
+            return "LANG";
         const bool isRole = line.tag == "ROLE" && line.parent == "ASSO";
         return isShared && line.tag == "SNOTE" ? "NOTE" : isRole ? "RELA" : line.tag;
+    }
+
+    /// Other programs mean by theirs what they want.
+    static bool isLanguage(const Pending& line) { return line.tag == "LANG" && !line.isPointer && !line.isOfOthers; }
+
+    std::optional<QString> languageOf(const Pending& line) const
+    {
+        return goesOn(line) ? std::nullopt : languageInSeven(utf16(line.value));
     }
 
     void writeText(const Pending& line, const std::string& tag)
@@ -194,6 +207,8 @@ private:
     PhrasedValue inSeven(const Pending& line, const QString& text) const
     {
         const QString plain = withSingleAts(text);
+        if (isLanguage(line))
+            return {languageOf(line).value_or(plain), {}};
         if (line.tag != "DATE" && !isEnumeration(line.parent, line.tag))
             return {plain, {}};
         const PhrasedValue said =
@@ -207,6 +222,8 @@ private:
     PhrasedValue inFive(const Pending& line, const QString& text)
     {
         const QString plain = withoutEscape(text);
+        if (isLanguage(line))
+            return {languageInFive(plain), {}};
         if ((line.tag != "DATE" && !isEnumeration(line.parent, line.tag)) || goesOn(line))
             return {plain, {}};
         const auto phraseAt = phraseBelow(line);
