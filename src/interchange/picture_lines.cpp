@@ -38,11 +38,26 @@ PictureFiles::PictureFiles(const EditedRecord& record, Line object) : isPrimary_
         const auto form = own ? own : common;
         const QString name = nameIn(record, line);
         const bool isPicture = !name.isEmpty() && mayBePicture(form ? record.text(*form) : QString(), name);
-        byName_.try_emplace(name, files_.size());
-        if (isPicture && !firstPicture_)
-            firstPicture_ = files_.size();
-        files_.push_back({line, name, isPicture});
+        add({line, name, isPicture});
     }
+}
+
+void PictureFiles::add(PictureFile file)
+{
+    byName_.try_emplace(file.name, files_.size());
+    if (file.mayBePicture && !firstPicture_)
+        firstPicture_ = files_.size();
+    files_.push_back(std::move(file));
+}
+
+PictureFiles PictureFiles::without(const QString& name) const
+{
+    PictureFiles others(isPrimary_);
+    for (const PictureFile& file : files_) {
+        if (file.name != name)
+            others.add(file);
+    }
+    return others;
 }
 
 const PictureFile* PictureFiles::firstPicture() const
@@ -84,6 +99,11 @@ std::shared_ptr<const PictureFiles> PictureObjects::filesOf(std::size_t object)
     if (!files)
         files = std::make_shared<PictureFiles>(kept_.edited(object), 0);
     return files;
+}
+
+void PictureObjects::leaveOut(std::size_t object, const QString& name)
+{
+    pointedAt_[object] = std::make_shared<PictureFiles>(filesOf(object)->without(name));
 }
 
 QStringList filesNamedIn(std::string_view record, GedcomDialect dialect)

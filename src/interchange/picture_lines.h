@@ -26,6 +26,8 @@ class PictureFiles
 {
 public:
     PictureFiles(const EditedRecord& record, EditedRecord::Line object);
+    /// The same without the files of that name.
+    PictureFiles without(const QString& name) const;
 
     /// Whether the object is marked as the picture of its person.
     bool isPrimary() const { return isPrimary_; }
@@ -38,6 +40,9 @@ public:
     bool areOfSeveralNames() const { return byName_.size() > 1; }
 
 private:
+    explicit PictureFiles(bool isPrimary) : isPrimary_(isPrimary) {}
+    void add(PictureFile file);
+
     std::vector<PictureFile> files_;
     std::unordered_map<QString, std::size_t> byName_;
     std::optional<std::size_t> firstPicture_;
@@ -62,6 +67,8 @@ public:
 
     /// In the order in which the import tries them as the person's picture.
     std::vector<PictureObject> of(std::size_t person);
+    /// Knows the files of that name no more that an object with a record of its own has.
+    void leaveOut(std::size_t object, const QString& name);
 
 private:
     std::shared_ptr<const PictureFiles> filesOf(std::size_t object);

@@ -11,10 +11,10 @@ using testing::UnorderedElementsAre;
 
 namespace {
 
-constexpr const char* head = "0 HEAD\n1 GEDC\n2 VERS 5.5.1\n2 FORM LINEAGE-LINKED\n1 CHAR UTF-8\n";
+constexpr const char* doubledHead = "0 HEAD\n1 GEDC\n2 VERS 5.5.1\n2 FORM LINEAGE-LINKED\n1 CHAR UTF-8\n";
 
 /// Two persons and two families of one name each, and a person of the name of another family.
-const QByteArray doubled = QByteArray(head) +
+const QByteArray doubled = QByteArray(doubledHead) +
                            "0 @I1@ INDI\n1 NAME Ann\n1 FAMS @F1@\n"
                            "0 @I1@ INDI\n1 NAME Bea\n1 OCCU miller\n1 FAMS @F1@\n"
                            "0 @I2@ INDI\n1 NAME Carl\n1 FAMC @F1@\n1 FAMS @F1@\n1 ASSO @I1@\n2 RELA friend\n"
@@ -95,8 +95,9 @@ TEST_F(Doubled, InVersionSevenEachHasItsOwnName)
 
 TEST(NobodysName, IsNoNameOfARecord)
 {
-    const QByteArray text = QByteArray(head) + "0 @VOID@ INDI\n1 NAME Ann\n0 @void@ INDI\n1 NAME Bea\n1 ASSO @VOID@\n"
-                                               "0 @F1@ FAM\n1 HUSB @VOID@\n1 CHIL @void@\n0 TRLR\n";
+    const QByteArray text = QByteArray(doubledHead) +
+                            "0 @VOID@ INDI\n1 NAME Ann\n0 @void@ INDI\n1 NAME Bea\n1 ASSO @VOID@\n"
+                            "0 @F1@ FAM\n1 HUSB @VOID@\n1 CHIL @void@\n0 TRLR\n";
     const auto read = imported(text);
     EXPECT_THAT(notesOf(read), HasSubstr("line 6: nothing can point at this record"));
     EXPECT_THAT(difference(text, exported(*read.context)), IsEmpty());
@@ -114,10 +115,11 @@ TEST(NobodysName, IsNoNameOfARecord)
 TEST(ForbiddenNames, AreChangedEverywhereTheyStand)
 {
     const QByteArray text =
-        QByteArray(head) + "0 @a b@ INDI\n1 NAME Ann\n1 FAMS @f.1@\n1 ASSO @\u00e9@\n1 NOTE @A_B@ @a b@\n2 CONT @a b@\n"
-                           "0 @A_B@ INDI\n1 NAME Bea\n1 FAMC @f.1@ \n0 @a.b@ INDI\n1 NAME Carl\n"
-                           "0 @\u00e9@ INDI\n1 NAME Dan\n0 @f.1@ FAM\n1 HUSB @a b@\n1 WIFE @a.b@\n1 CHIL @A_B@\n"
-                           "1 CHIL @\u00e9@\n1 SOUR @s@\n0 @s@ SOUR\n0 TRLR\n";
+        QByteArray(doubledHead) +
+        "0 @a b@ INDI\n1 NAME Ann\n1 FAMS @f.1@\n1 ASSO @\u00e9@\n1 NOTE @A_B@ @a b@\n2 CONT @a b@\n"
+        "0 @A_B@ INDI\n1 NAME Bea\n1 FAMC @f.1@ \n0 @a.b@ INDI\n1 NAME Carl\n"
+        "0 @\u00e9@ INDI\n1 NAME Dan\n0 @f.1@ FAM\n1 HUSB @a b@\n1 WIFE @a.b@\n1 CHIL @A_B@\n"
+        "1 CHIL @\u00e9@\n1 SOUR @s@\n0 @s@ SOUR\n0 TRLR\n";
     const auto read = imported(text);
     const QByteArray seven = exported(*read.context, GedcomFormat::Gedcom70);
     EXPECT_EQ(familyText(*imported(seven).context), familyText(*read.context));
