@@ -26,6 +26,7 @@ struct FurtherFactsTexts
 };
 
 constexpr int width = 640;
+constexpr int leastWidth = 400;
 constexpr int listHeight = 360;
 constexpr int paneHeight = 110; // five lines or so
 constexpr qsizetype mostInThePane = 200'000;
@@ -38,6 +39,20 @@ QString heading(const Person& person, const SourceOrigin& origin)
                                  "as far as it still holds.")
         .arg(toldName(origin.file), toldName(name), QString::number(origin.line));
 }
+
+/// The narrower it is, the more lines its heading takes: never those of the list.
+class FurtherFactsDialog : public QDialog
+{
+public:
+    explicit FurtherFactsDialog(QWidget& owner) : QDialog(&owner) { setMinimumWidth(leastWidth); }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QDialog::resizeEvent(event);
+        setMinimumHeight(layout()->totalMinimumHeightForWidth(width()));
+    }
+};
 
 /// A text of megabytes would keep its reader waiting at each step through the list.
 QString readable(const QString& text)
@@ -84,7 +99,7 @@ void showFurtherFacts(QWidget& owner, const Person& person, const std::vector<Fu
     const SourceRecord* const source = person.source();
     if (!source || facts.empty())
         return;
-    auto* const dialog = new QDialog(&owner);
+    auto* const dialog = new FurtherFactsDialog(owner);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setObjectName(QStringLiteral("furtherFactsDialog"));
     dialog->setWindowTitle(FurtherFactsTexts::tr("Further Facts"));
@@ -96,6 +111,7 @@ void showFurtherFacts(QWidget& owner, const Person& person, const std::vector<Fu
     QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::close);
     auto* const list = new FurtherFactsList(facts);
     auto* const column = new QVBoxLayout(dialog);
+    column->setSizeConstraint(QLayout::SetNoConstraint); // the dialog has its own
     column->addWidget(text);
     column->addWidget(splitBetween(list, paneBelow(*list)), 1);
     column->addWidget(buttons);

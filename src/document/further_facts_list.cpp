@@ -31,6 +31,8 @@ enum Column
 constexpr int wholeText = Qt::UserRole;
 constexpr int mostLabelWidth = 280;
 constexpr int columnGap = 8;
+constexpr int leastRows = 8;
+constexpr int rowPadding = 2;
 constexpr int indent = 2;
 
 constexpr Extent mostInALabel{120};
@@ -245,6 +247,13 @@ QModelIndex FurtherFactsList::rowBelow(const QModelIndex& at) const
 {
     const QModelIndex below = indexBelow(at);
     return below.isValid() ? below : model()->index(0, at.column());
+}
+
+QSize FurtherFactsList::minimumSizeHint() const
+{
+    const int row = fontMetrics().height() + 2 * rowPadding;
+    const int beside = 2 * frameWidth() + header()->sizeHint().height();
+    return {QTreeWidget::minimumSizeHint().width(), beside + leastRows * row};
 }
 
 /// Without the signs of what can be folded.

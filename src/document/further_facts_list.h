@@ -22,6 +22,8 @@ public:
     /// The whole value of the current fact, or else what it is called.
     QString currentText() const;
 
+    /// Holds some rows, so that whatever is shown beside the list yields first.
+    QSize minimumSizeHint() const override;
     void keyboardSearch(const QString& typed) override;
 
 protected:

@@ -214,6 +214,19 @@ TEST_F(ImportedDocument, HasRoomForLongNames)
     EXPECT_LE(heading.heightForWidth(heading.width()), heading.height());
 }
 
+TEST_F(ImportedDocument, KeepsRoomForTheListHoweverSmall)
+{
+    std::vector<FurtherFact> facts(20, {QStringLiteral("Occupation"), QStringLiteral("Miller"), 0});
+    facts.front().value = QStringLiteral("Miller\n").repeated(30);
+    showFurtherFacts(document->window(), person(0), facts);
+    dialog()->resize(1, 1);
+    QApplication::processEvents();
+    auto& list = *dialog()->findChild<QTreeWidget*>();
+    const int row = list.visualItemRect(list.topLevelItem(1)).height();
+    EXPECT_GE(list.viewport()->height(), 8 * row);
+    EXPECT_LE(dialog()->height(), 450); // for the smallest of screens
+}
+
 TEST_F(ImportedDocument, HasNothingToShowOfSomebodyWhoWasMadeHere)
 {
     showFurtherFacts(document->window(), document->context().insertPerson(), {});
