@@ -65,6 +65,20 @@ private:
     const QTreeView& view_;
 };
 
+/// Wrapped, a long word would leave its row altogether, since labels have one line.
+class LineDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->features.setFlag(QStyleOptionViewItem::WrapText, false);
+    }
+};
+
 bool isHeading(const QTreeWidgetItem& item)
 {
     return !(item.flags() & Qt::ItemIsSelectable);
@@ -165,6 +179,7 @@ void FurtherFactsList::addCopying()
 
 void FurtherFactsList::fitColumns()
 {
+    setItemDelegateForColumn(Label, new LineDelegate(this));
     setItemDelegateForColumn(Value, new WrappingDelegate(*this, this));
     resizeColumnToContents(Label);
     header()->resizeSection(Label, std::min(header()->sectionSize(Label) + columnGap, mostLabelWidth));
@@ -254,6 +269,16 @@ QSize FurtherFactsList::minimumSizeHint() const
     const int row = fontMetrics().height() + 2 * rowPadding;
     const int beside = 2 * frameWidth() + header()->sizeHint().height();
     return {QTreeWidget::minimumSizeHint().width(), beside + leastRows * row};
+}
+
+/// A narrow list keeps half of its width for the values, and its current fact in sight.
+void FurtherFactsList::resizeEvent(QResizeEvent* event)
+{
+    QTreeWidget::resizeEvent(event);
+    header()->resizeSection(Label, std::min(header()->sectionSize(Label), viewport()->width() / 2));
+    // Once the heights of rows have followed.
+    QMetaObject::invokeMethod(
+        this, [this] { scrollTo(currentIndex()); }, Qt::QueuedConnection);
 }
 
 /// Without the signs of what can be folded.

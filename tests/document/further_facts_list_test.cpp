@@ -202,6 +202,42 @@ TEST(FurtherFactsList, GivesRoomToItsValuesWhateverItsHeadingsSay)
     EXPECT_LT(list.header()->sectionSize(0), 200);
 }
 
+TEST(FurtherFactsList, ShowsTheBeginningOfLongWordsInHeadings)
+{
+    FurtherFactsList list({{QStringLiteral("Family of ") + QString(100, u'W'), {}, 0, true},
+                           {QStringLiteral("Marriage"), QStringLiteral("Y"), 1}});
+    list.resize(400, 300);
+    list.show();
+    const QRect row = list.visualItemRect(list.topLevelItem(0));
+    const QRect rightHalf(row.center().x(), row.top(), row.width() / 2, row.height());
+    const QImage picture = list.viewport()->grab(rightHalf).toImage();
+    QImage empty = picture;
+    empty.fill(picture.pixelColor(picture.width() - 1, 0));
+    EXPECT_TRUE(picture != empty);
+}
+
+TEST(FurtherFactsList, KeepsHalfOfItsWidthForTheValues)
+{
+    FurtherFactsList list({{QString(100, u'x'), QStringLiteral("value"), 0}});
+    list.resize(300, 300);
+    list.show();
+    EXPECT_LE(list.header()->sectionSize(0), list.viewport()->width() / 2);
+    EXPECT_LE(list.header()->length(), list.viewport()->width());
+}
+
+TEST(FurtherFactsList, KeepsTheCurrentFactInSightWhenItGetsSmaller)
+{
+    FurtherFactsList list(std::vector<FurtherFact>(20, {QStringLiteral("Occupation"), QStringLiteral("Miller"), 0}));
+    list.resize(600, 600);
+    list.show();
+    list.setCurrentItem(list.topLevelItem(15));
+    list.resize(300, 150);
+    QApplication::processEvents();
+    const QRect row = list.visualItemRect(list.currentItem());
+    EXPECT_GE(row.top(), 0);
+    EXPECT_LE(row.bottom(), list.viewport()->height());
+}
+
 TEST(FurtherFactsList, FindsTheHeightOfRowsAnewWhenItsColumnsChange)
 {
     FurtherFactsList list({{QStringLiteral("Note"), QStringLiteral("word ").repeated(50), 0}});
