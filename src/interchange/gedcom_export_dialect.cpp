@@ -1,5 +1,6 @@
 #include "gedcom_export_dialect.h"
 
+#include "gedcom_export_ages.h"
 #include "gedcom_export_dates.h"
 #include "gedcom_export_enums.h"
 #include "gedcom_export_languages.h"
@@ -204,18 +205,30 @@ private:
             out_ += gedcomLines(line.level + 1, "PHRASE", said.phrase, to_);
     }
 
+    static bool mayHaveWords(const Pending& line)
+    {
+        return line.tag == "DATE" || line.tag == "AGE" || isEnumeration(line.parent, line.tag);
+    }
+
     PhrasedValue inSeven(const Pending& line, const QString& text) const
     {
         const QString plain = withSingleAts(text);
         if (isLanguage(line))
             return {languageOf(line).value_or(plain), {}};
-        if (line.tag != "DATE" && !isEnumeration(line.parent, line.tag))
+        if (!mayHaveWords(line))
             return {plain, {}};
-        const PhrasedValue said =
-            line.tag == "DATE" ? dateInSeven(plain)
-                               : enumerationInSeven(line.parent, line.tag, plain).value_or(PhrasedValue{plain, {}});
+        const PhrasedValue said = wordsInSeven(line, plain);
         const bool mayHavePhrase = !isExactDate(line.parent, line.tag) && !childOf(line, "PHRASE");
         return goesOn(line) || (!said.phrase.isEmpty() && !mayHavePhrase) ? PhrasedValue{plain, {}} : said;
+    }
+
+    static PhrasedValue wordsInSeven(const Pending& line, const QString& plain)
+    {
+        if (line.tag == "DATE")
+            return dateInSeven(plain);
+        if (line.tag == "AGE")
+            return ageInSeven(plain);
+        return enumerationInSeven(line.parent, line.tag, plain).value_or(PhrasedValue{plain, {}});
     }
 
     /// A phrase that the value says now is not said again.
@@ -224,15 +237,21 @@ private:
         const QString plain = withoutEscape(text);
         if (isLanguage(line))
             return {languageInFive(plain), {}};
-        if ((line.tag != "DATE" && !isEnumeration(line.parent, line.tag)) || goesOn(line))
+        if (!mayHaveWords(line) || goesOn(line))
             return {plain, {}};
         const auto phraseAt = phraseBelow(line);
         const PhrasedValue said{plain, phraseAt ? withoutEscape(utf16(lines_[*phraseAt].read.value)) : QString()};
-        const PhrasedValue five =
-            line.tag == "DATE" ? dateInFive(said) : enumerationInFive(line.parent, line.tag, said);
+        const PhrasedValue five = wordsInFive(line, said);
         if (phraseAt && five.phrase.isEmpty())
             saidAbove_ = *phraseAt;
         return {five.value, {}};
+    }
+
+    static PhrasedValue wordsInFive(const Pending& line, const PhrasedValue& said)
+    {
+        if (line.tag == "DATE")
+            return dateInFive(said);
+        return line.tag == "AGE" ? ageInFive(said) : enumerationInFive(line.parent, line.tag, said);
     }
 
     static QString utf16(std::string_view text)

@@ -64,9 +64,9 @@ TEST(EmptyPointersIn7, AreThoseOfMembersOnly)
 {
     const auto family =
         imported(versionFive("0 @I1@ INDI\n1 FAMC\n0 @F1@ FAM\n1 HUSB\n1 WIFE @I1@\n1 CHIL\n2 CONT nobody\n"
-                             "1 MARR\n2 HUSB\n3 AGE 25\n"));
+                             "1 MARR\n2 HUSB\n3 AGE 25y\n"));
     EXPECT_THAT(inSeven(family),
                 ElementsAre("0 @I1@ INDI", "1 FAMC @VOID@", "0 @F1@ FAM", "1 HUSB @VOID@", "1 WIFE @I1@", "1 CHIL",
-                            "2 CONT nobody", "1 MARR", "2 HUSB", "3 AGE 25", "0 TRLR"));
+                            "2 CONT nobody", "1 MARR", "2 HUSB", "3 AGE 25y", "0 TRLR"));
     expectToComeBack(family);
 }
