@@ -3,72 +3,17 @@
 #include "gedcom_export_record.h"
 #include "gedcom_pointer.h"
 #include "gedcom_tree.h"
-
-#include <QFileInfo>
-#include <QRegularExpression>
+#include "media_types.h"
 
 #include <algorithm>
-#include <array>
 #include <deque>
+#include <optional>
 #include <vector>
 
 namespace lineara {
 namespace {
 
 using Line = EditedRecord::Line;
-
-struct Format
-{
-    const char* word;
-    const char* mediaType;
-};
-
-/// Of several words for one type the first is what 5.5.1 says. What no picture is by its word is none by its type.
-constexpr std::array<Format, 22> formats = {
-    {{"jpg", "image/jpeg"},      {"jpeg", "image/jpeg"},     {"png", "image/png"},       {"gif", "image/gif"},
-     {"bmp", "image/bmp"},       {"tif", "image/tiff"},      {"tiff", "image/tiff"},     {"webp", "image/webp"},
-     {"photo", "image/x-photo"}, {"wav", "audio/wav"},       {"mp3", "audio/mpeg"},      {"aiff", "audio/aiff"},
-     {"mpg", "video/mpeg"},      {"mpeg", "video/mpeg"},     {"mp4", "video/mp4"},       {"mov", "video/quicktime"},
-     {"avi", "video/x-msvideo"}, {"pdf", "application/pdf"}, {"rtf", "application/rtf"}, {"doc", "application/msword"},
-     {"txt", "text/plain"},      {"htm", "text/html"}}};
-constexpr const char* unknownType = "application/octet-stream";
-constexpr QLatin1String otherTypes("application/x-");
-
-std::optional<QString> knownType(const QString& word)
-{
-    const auto format =
-        std::ranges::find_if(formats, [&](const Format& one) { return word == QLatin1String(one.word); });
-    return format == formats.end() ? std::nullopt : std::optional(QString::fromLatin1(format->mediaType));
-}
-
-QString typeByName(const QString& file)
-{
-    return knownType(QFileInfo(file).suffix().toLower()).value_or(QString::fromLatin1(unknownType));
-}
-
-/// The media type that a format of 5.5.1 means; no value where its words can be none.
-std::optional<QString> mediaTypeOf(const QString& format, const QString& file)
-{
-    static const QRegularExpression token(QStringLiteral("^[a-z0-9][a-z0-9.+_-]*$"));
-    const QString word = format.trimmed().toLower();
-    if (word.isEmpty())
-        return typeByName(file);
-    if (word.contains(u'/'))
-        return format.trimmed();
-    if (auto known = knownType(word))
-        return known;
-    return token.match(word).hasMatch() ? std::optional(QString(otherTypes + word)) : std::nullopt;
-}
-
-QString formatOf(const QString& mediaType)
-{
-    const QString type = mediaType.trimmed().toLower();
-    const auto format =
-        std::ranges::find_if(formats, [&](const Format& one) { return type == QLatin1String(one.mediaType); });
-    if (format != formats.end())
-        return QString::fromLatin1(format->word);
-    return type.startsWith(otherTypes) ? type.sliced(otherTypes.size()) : mediaType;
-}
 
 std::string formLine(const QString& mediaType)
 {
@@ -107,7 +52,7 @@ private:
             isFormatMoved = isFormatMoved || takesFormat;
         }
         if (lines_.children(0, "FILE").empty()) {
-            const std::string form = format ? movedFormat(*format, {}) : formLine(QString::fromLatin1(unknownType));
+            const std::string form = format ? movedFormat(*format, {}) : formLine(mediaTypeByName({}));
             lines_.insert(lines_.size(), "1 FILE\n" + form + (title ? movedDown(*title) : ""));
             isFormatMoved = isTitleMoved = true;
         }
@@ -135,7 +80,7 @@ private:
         const QString name = lines_.text(file).trimmed();
         const auto own = lines_.child(file, "FORM");
         if (!own)
-            return common ? movedFormat(*common, name) : formLine(typeByName(name));
+            return common ? movedFormat(*common, name) : formLine(mediaTypeByName(name));
         for (const Line medium : lines_.children(*own, "TYPE"))
             lines_.rename(medium, "MEDI");
         for (const Line further : lines_.children(file, "FORM"))
@@ -146,7 +91,7 @@ private:
             return {};
         }
         lines_.rename(*own, "_FORM");
-        return formLine(typeByName(name));
+        return formLine(mediaTypeByName(name));
     }
 
     /// The format of the object as that of a file.
@@ -154,7 +99,7 @@ private:
     {
         const QString text = lines_.text(format);
         const auto type = mediaTypeOf(text, file);
-        std::string moved = formLine(type.value_or(typeByName(file)));
+        std::string moved = formLine(type.value_or(mediaTypeByName(file)));
         if (!type)
             moved += gedcomLines(2, "_FORM", text, GedcomDialect::Five);
         Line below = format + 1;
@@ -200,6 +145,25 @@ bool isObjectRecord(const EditedRecord& lines)
     return lines.size() > 0 && lines[0].level == 0 && lines[0].tag == "OBJE";
 }
 
+/// The line that holds a format of 5.5.1 because it can be no media type, if the only other one is what was made then.
+std::optional<Line> wordsInSeven(const EditedRecord& lines, Line file)
+{
+    const auto formats = lines.children(file, "FORM");
+    const QString name = lines.text(file).trimmed();
+    if (formats.size() != 1 || lines.end(formats.front()) != formats.front() + 1 ||
+        lines.text(formats.front()) != mediaTypeByName(name))
+        return std::nullopt;
+    const auto words = lines.children(file, "_FORM");
+    const auto found = std::ranges::find_if(words, [&](Line line) { return !mediaTypeOf(lines.text(line), name); });
+    return found == words.end() ? std::nullopt : std::optional(*found);
+}
+
+void sayMediumInFive(EditedRecord& lines, Line format)
+{
+    for (const Line medium : lines.children(format, "MEDI"))
+        lines.rename(medium, "TYPE");
+}
+
 } // namespace
 
 std::string ObjectsInSeven::of(std::string_view record) const
@@ -235,10 +199,14 @@ std::string objectInFive(std::string_view record)
     if (!isObjectRecord(lines))
         return std::string(record);
     for (const Line file : lines.children(0, "FILE")) {
+        if (const auto own = wordsInSeven(lines, file)) {
+            lines.strike(*lines.child(file, "FORM"));
+            lines.rename(*own, "FORM");
+            sayMediumInFive(lines, *own);
+        }
         for (const Line form : lines.children(file, "FORM")) {
             lines.replace(form, gedcomLines(2, "FORM", formatOf(lines.text(form)), GedcomDialect::Five));
-            for (const Line medium : lines.children(form, "MEDI"))
-                lines.rename(medium, "TYPE");
+            sayMediumInFive(lines, form);
         }
     }
     return lines.result();

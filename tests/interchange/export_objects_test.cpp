@@ -81,6 +81,36 @@ TEST(ObjectsIn7, SayTheFormatOfEachFileBelowIt)
                             "2 FORM image/png", "0 TRLR"));
 }
 
+TEST(ObjectsIn7, KeepFormatsThatCanBeNoMediaTypes)
+{
+    const QByteArray text =
+        versionFive("0 @O1@ OBJE\n1 FILE a.png\n2 FORM N/A\n3 TYPE photo\n1 FILE b.jpg\n2 FORM image/ png\n2 TITL B\n"
+                    "1 FILE c.doc\n2 FORM Word file\n1 FILE d\n2 FORM see\n3 CONT below\n1 FILE e\n2 FORM text/\n"
+                    "1 FILE f\n2 FORM text/plain; charset=utf-8\n1 FILE g\n2 FORM Model/vnd.x+y\n");
+    const auto family = imported(text);
+    EXPECT_THAT(inSeven(family),
+                ElementsAre("0 @O1@ OBJE", "1 FILE a.png", "2 _FORM N/A", "3 MEDI PHOTO", "2 FORM image/png",
+                            "1 FILE b.jpg", "2 _FORM image/ png", "2 TITL B", "2 FORM image/jpeg", "1 FILE c.doc",
+                            "2 _FORM Word file", "2 FORM application/msword", "1 FILE d", "2 _FORM see", "3 CONT below",
+                            "2 FORM application/octet-stream", "1 FILE e", "2 _FORM text/",
+                            "2 FORM application/octet-stream", "1 FILE f", "2 FORM text/plain; charset=utf-8",
+                            "1 FILE g", "2 FORM Model/vnd.x+y", "0 TRLR"));
+    expectToComeBack(family);
+    const auto again = imported(exported(*family.context, GedcomFormat::Gedcom70));
+    EXPECT_THAT(difference(text, exported(*again.context)), IsEmpty());
+}
+
+TEST(ObjectsIn7, MoveFormatsThatCanBeNoMediaTypesBelowTheirFiles)
+{
+    const auto family = imported(versionFive("0 @I1@ INDI\n1 OBJE\n2 FORM n/a\n3 TYPE photo\n2 FILE a.png\n"));
+    EXPECT_THAT(inSeven(family), ElementsAre("0 @I1@ INDI", "1 OBJE @O1@", "0 @O1@ OBJE", "1 FILE a.png",
+                                             "2 FORM image/png", "2 _FORM n/a", "3 MEDI PHOTO", "0 TRLR"));
+    const auto again = imported(exported(*family.context, GedcomFormat::Gedcom70));
+    EXPECT_THAT(linesOf(exported(*again.context)),
+                ElementsAre("0 HEAD", "1 GEDC", "2 VERS 5.5.1", "2 FORM LINEAGE-LINKED", "1 CHAR UTF-8", "0 @I1@ INDI",
+                            "1 OBJE @O1@", "0 @O1@ OBJE", "1 FILE a.png", "2 FORM n/a", "3 TYPE photo", "0 TRLR"));
+}
+
 TEST(ObjectsIn7, WithoutAFileKeepWhatTheySay)
 {
     const auto family = imported(
@@ -155,6 +185,17 @@ TEST(ObjectsIn7, WithLongNotesTakeNoLongerThanTheirLinesDo)
     const auto family = imported(versionFive("0 @I1@ INDI\n1 OBJE\n" + note + "2 FILE a.png\n"));
     const HangGuard guard;
     EXPECT_EQ(exported(*family.context, GedcomFormat::Gedcom70).count("\n2 CONT a"), lines);
+}
+
+TEST(ObjectsIn551, KeepFormatsBesideThoseOfOtherWords)
+{
+    const QByteArray seven = "0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @O1@ OBJE\n1 FILE a.png\n2 FORM image/webp\n2 _FORM n/a\n"
+                             "1 FILE b.png\n2 FORM image/png\n2 _FORM bmp\n1 FILE c.png\n2 FORM image/png\n"
+                             "2 _FORM n/a\n0 TRLR\n";
+    EXPECT_THAT(difference(seven, exported(*imported(seven).context)),
+                ElementsAre("-2 VERS 7.0", "+2 VERS 5.5.1", "+2 FORM LINEAGE-LINKED", "+1 CHAR UTF-8",
+                            "-2 FORM image/webp", "+2 FORM webp", "-2 FORM image/png", "+2 FORM png",
+                            "-2 FORM image/png", "-2 _FORM n/a", "+2 FORM n/a"));
 }
 
 TEST(ObjectsIn551, HaveItsFormats)
