@@ -116,7 +116,7 @@ private:
 struct PartedObject
 {
     std::string link;   ///< lines below the pointer
-    std::string record; ///< lines of the record; empty if there is nothing to say
+    std::string record; ///< lines of the record
 };
 
 PartedObject partsOf(const EditedRecord& lines, Line object)
@@ -138,6 +138,16 @@ PartedObject partsOf(const EditedRecord& lines, Line object)
         (isOfLink ? parts.link : parts.record) += lines.shifted(line, line + 1, isOfLink ? 0 : -level);
     }
     return parts;
+}
+
+/// Whether there is nothing that a record would be needed for.
+bool isOfNoFile(const EditedRecord& lines, Line object)
+{
+    const auto isOfFile = [&](Line line) {
+        const std::string_view tag = lines[line].tag;
+        return tag == "FILE" || tag == "FORM" || tag == "BLOB";
+    };
+    return lines.text(object).trimmed().isEmpty() && std::ranges::none_of(lines.children(object), isOfFile);
 }
 
 bool isObjectRecord(const EditedRecord& lines)
@@ -174,8 +184,10 @@ std::string ObjectsInSeven::of(std::string_view record) const
         EditedRecord lines(records.front(), GedcomDialect::Five);
         for (Line line = 1; line < lines.size(); ++line) {
             const bool isObject = lines[line].level && lines[line].tag == "OBJE" && !lines[line].isPointer;
-            if (isObject && !lines.isStruck(line))
-                records.push_back(takenOut(lines, line));
+            if (!isObject || lines.isStruck(line))
+                continue;
+            if (std::string taken = takenOut(lines, line); !taken.empty())
+                records.push_back(std::move(taken));
         }
         out += isObjectRecord(lines) ? ObjectRecord(lines.result()).inSeven() : lines.result();
     }
@@ -184,13 +196,16 @@ std::string ObjectsInSeven::of(std::string_view record) const
 
 std::string ObjectsInSeven::takenOut(EditedRecord& lines, std::size_t object) const
 {
+    const int level = lines[object].level.value_or(0);
+    if (isOfNoFile(lines, object)) {
+        lines.replace(object, gedcomPointer(level, "OBJE", pointsAtNobody));
+        return {};
+    }
     const PartedObject parts = partsOf(lines, object);
-    const bool saysNothing = parts.record.empty();
-    const std::string xref = saysNothing ? std::string(pointsAtNobody) : nextXref_();
-    const std::string pointer = gedcomPointer(*lines[object].level, "OBJE", xref);
+    const std::string xref = nextXref_();
     lines.strike(object);
-    lines.insert(object, pointer + parts.link);
-    return saysNothing ? std::string() : gedcomRecord(xref, "OBJE") + parts.record;
+    lines.insert(object, gedcomPointer(level, "OBJE", xref) + parts.link);
+    return gedcomRecord(xref, "OBJE") + parts.record;
 }
 
 std::string objectInFive(std::string_view record)

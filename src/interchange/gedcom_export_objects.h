@@ -23,7 +23,7 @@ public:
     std::string of(std::string_view record) const;
 
 private:
-    /// Puts a pointer in the place of an object; returns the object's record, or nothing if it says nothing.
+    /// Puts a pointer in the place of an object; returns the object's record, or nothing if it is of no file.
     std::string takenOut(EditedRecord& lines, std::size_t object) const;
 
     std::function<std::string()> nextXref_;

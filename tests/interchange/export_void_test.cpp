@@ -60,6 +60,17 @@ TEST(VoidPointersIn551, AreThereAgainIn7)
     EXPECT_THAT(seven, HasSubstr("1 CHIL @VOID@\n2 PHRASE stillborn\n"));
 }
 
+TEST(VoidPointersIn551, AtObjectsAreThereAgainIn7WithAllLinesBelow)
+{
+    const QByteArray seven =
+        "0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @I1@ INDI\n1 OBJE @VOID@\n2 TITL none\n1 OBJE @VOID@\n2 CROP\n3 TOP 5\n2 TITL "
+        "x\n"
+        "2 _PRIM Y\n1 BIRT\n2 OBJE @VOID@\n3 TITL y\n4 CONT z\n1 OBJE @VOID@\n2 NOTE where is it?\n2 SOUR @S1@\n"
+        "3 OBJE @VOID@\n4 TITL deep\n0 @S1@ SOUR\n0 TRLR\n";
+    const auto five = imported(exported(*imported(seven).context));
+    EXPECT_THAT(difference(seven, exported(*five.context, GedcomFormat::Gedcom70)), testing::IsEmpty());
+}
+
 TEST(EmptyPointersIn7, AreThoseOfMembersOnly)
 {
     const auto family =
