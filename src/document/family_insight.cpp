@@ -10,6 +10,7 @@
 #include "model/person.h"
 #include "person_chooser.h"
 #include "relationship_strip.h"
+#include "shortened_text.h"
 
 #include <QCoreApplication>
 #include <QTimerEvent>
@@ -32,7 +33,7 @@ QString nameOf(const ObjectContext& family, RecordId id)
 {
     const Person* const person = family.person(id);
     const QString name = person ? person->name().value_or(QString()) : QString();
-    return name.isEmpty() ? QCoreApplication::translate("PersonChooser", "Without a name") : name;
+    return name.isEmpty() ? QCoreApplication::translate("PersonChooser", "Without a name") : toldName(name);
 }
 
 CheckedLines linesOf(std::vector<kinship::FoundPerson> found, const std::shared_ptr<const KinshipRecords>& records,

@@ -168,6 +168,19 @@ TEST_F(Insight, TellsInTheColoursOfTheTheme)
     QApplication::setPalette(QPalette());
 }
 
+// The window would be as wide as the word otherwise.
+TEST_F(Insight, HasRoomForLongNames)
+{
+    const int width = edited.document->window().width();
+    grandchild.setName(QString(5'000, u'W'));
+    edited.click(daughter);
+    compare(grandchild);
+    EditedDocument::deliver();
+    ASSERT_TRUE(isStripShown());
+    EXPECT_EQ(edited.document->window().width(), width);
+    EXPECT_LT(sentence().size(), 300);
+}
+
 TEST_F(Insight, ComparesNobodyWithThemselves)
 {
     edited.click(daughter);
