@@ -1,5 +1,6 @@
 #include "gedcom_export_objects.h"
 
+#include "file_addresses.h"
 #include "gedcom_export_record.h"
 #include "gedcom_pointer.h"
 #include "gedcom_tree.h"
@@ -45,6 +46,7 @@ private:
         bool isFormatMoved = false;
         bool isTitleMoved = false;
         for (const Line file : lines_.children(0, "FILE")) {
+            giveAddress(file);
             const bool takesTitle = title && !isTitleMoved && !lines_.child(file, "TITL");
             const bool takesFormat = format && !lines_.child(file, "FORM");
             lines_.insert(lines_.end(file), formatBelow(file, format) + (takesTitle ? movedDown(*title) : ""));
@@ -60,6 +62,18 @@ private:
             lines_.strike(*format);
         if (title && isTitleMoved)
             lines_.strike(*title);
+    }
+
+    /// Where the name can't be told from the address it is kept, unless it was before.
+    void giveAddress(Line file)
+    {
+        const QString name = lines_.text(file);
+        const QString address = addressOfName(name);
+        const bool keepsName = !lines_.child(file, "_FILE") && nameOfAddress(address) != name;
+        if (lines_[file].isPointer || (address == name && !keepsName))
+            return;
+        lines_.replace(file, gedcomLines(1, "FILE", address, GedcomDialect::Five) +
+                                 (keepsName ? gedcomLines(2, "_FILE", name, GedcomDialect::Five) : ""));
     }
 
     /// The lines below a file's format, at level 3, with what 5.5.1 calls its TYPE.
@@ -156,16 +170,28 @@ bool isObjectRecord(const EditedRecord& lines)
 }
 
 /// The line that holds a format of 5.5.1 because it can be no media type, if the only other one is what was made then.
-std::optional<Line> wordsInSeven(const EditedRecord& lines, Line file)
+std::optional<Line> wordsInSeven(const EditedRecord& lines, Line file, const QString& name)
 {
     const auto formats = lines.children(file, "FORM");
-    const QString name = lines.text(file).trimmed();
     if (formats.size() != 1 || lines.end(formats.front()) != formats.front() + 1 ||
         lines.text(formats.front()) != mediaTypeByName(name))
         return std::nullopt;
     const auto words = lines.children(file, "_FORM");
     const auto found = std::ranges::find_if(words, [&](Line line) { return !mediaTypeOf(lines.text(line), name); });
     return found == words.end() ? std::nullopt : std::optional(*found);
+}
+
+/// Returns the name.
+QString sayNameInFive(EditedRecord& lines, Line file)
+{
+    const QString address = lines.text(file);
+    const auto kept = lines.child(file, "_FILE");
+    QString name = kept ? lines.text(*kept) : nameOfAddress(address);
+    if (kept)
+        lines.strike(*kept);
+    if (name != address && !lines[file].isPointer)
+        lines.replace(file, gedcomLines(1, "FILE", name, GedcomDialect::Five));
+    return name;
 }
 
 void sayMediumInFive(EditedRecord& lines, Line format)
@@ -214,7 +240,7 @@ std::string objectInFive(std::string_view record)
     if (!isObjectRecord(lines))
         return std::string(record);
     for (const Line file : lines.children(0, "FILE")) {
-        if (const auto own = wordsInSeven(lines, file)) {
+        if (const auto own = wordsInSeven(lines, file, sayNameInFive(lines, file).trimmed())) {
             lines.strike(*lines.child(file, "FORM"));
             lines.rename(*own, "FORM");
             sayMediumInFive(lines, *own);

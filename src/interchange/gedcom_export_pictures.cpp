@@ -1,6 +1,7 @@
 #include "gedcom_export_pictures.h"
 
 #include "archive_names.h"
+#include "file_addresses.h"
 #include "gedcom_pointer.h"
 #include "media_files.h"
 #include "person_pictures.h"
@@ -47,7 +48,10 @@ private:
     bool keepsName(const NamedPicture& picture)
     {
         const auto place = plainPlace(picture.name);
-        const bool keeps = place && puts(*place, *picture.held.bytes);
+        // What other versions call it becomes an address, which must mean the same.
+        const bool isSame =
+            kept_.dialect() == GedcomDialect::Seven || nearestPlace(addressOfName(picture.name)) == place;
+        const bool keeps = place && isSame && puts(*place, *picture.held.bytes);
         if (keeps)
             places_.emplace(FileLine{picture.record, picture.file}, *place);
         return keeps;
@@ -75,9 +79,20 @@ private:
         if (!place || !puts(*place, *picture.held.bytes))
             place = newPlace(picture.held);
         EditedRecord& record = changes_.edit(line.first);
-        const int level = record[line.second].level.value_or(1);
-        record.replace(line.second, gedcomLines(level, "FILE", addressOfPlace(*place), record.dialect()));
+        replaceFile(record, line.second, addressOfPlace(*place));
         places_.emplace(line, *place);
+    }
+
+    /// What the file was called is kept below it, but only once.
+    static void replaceFile(EditedRecord& record, Line file, const QString& address)
+    {
+        const int level = record[file].level.value_or(1);
+        const QString former = record.text(file);
+        const QString name = record.dialect() == GedcomDialect::Seven ? nameOfAddress(former) : former;
+        std::string lines = gedcomLines(level, "FILE", address, record.dialect());
+        if (!record.child(file, "_FILE"))
+            lines += gedcomLines(level + 1, "_FILE", name, record.dialect());
+        record.replace(file, std::move(lines));
     }
 
     void add(const HeldPicture& picture)
