@@ -16,6 +16,9 @@ namespace {
 
 using Line = EditedRecord::Line;
 
+/// Bytes of the lines of an object's format that each of its files may get.
+constexpr std::size_t mostRepeated = 255;
+
 std::string formLine(const QString& mediaType)
 {
     return gedcomLines(2, "FORM", mediaType, GedcomDialect::Five);
@@ -43,13 +46,18 @@ private:
     {
         const auto format = lines_.child(0, "FORM");
         const auto title = lines_.child(0, "TITL");
+        // What is said at length once, as of thousands of files, is not said again of each.
+        const bool isRepeated = format && lines_.shifted(*format, lines_.end(*format), 0).size() <= mostRepeated;
+        const QString commonType = format && !isRepeated ? shortTypeOf(*format) : QString();
         bool isFormatMoved = false;
         bool isTitleMoved = false;
         for (const Line file : lines_.children(0, "FILE")) {
             giveAddress(file);
             const bool takesTitle = title && !isTitleMoved && !lines_.child(file, "TITL");
             const bool takesFormat = format && !lines_.child(file, "FORM");
-            lines_.insert(lines_.end(file), formatBelow(file, format) + (takesTitle ? movedDown(*title) : ""));
+            const bool takesAll = isRepeated || !isFormatMoved;
+            lines_.insert(lines_.end(file),
+                          formatBelow(file, format, commonType, takesAll) + (takesTitle ? movedDown(*title) : ""));
             isTitleMoved = isTitleMoved || takesTitle;
             isFormatMoved = isFormatMoved || takesFormat;
         }
@@ -88,13 +96,23 @@ private:
 
     std::string movedDown(Line line) const { return lines_.shifted(line, lines_.end(line), 1); }
 
-    /// Lines to add below the file.
-    std::string formatBelow(Line file, std::optional<Line> common)
+    /// The media type that the format says for any file; empty if it says none.
+    QString shortTypeOf(Line format) const
+    {
+        const QString text = lines_.text(format);
+        const QString type = text.trimmed().isEmpty() ? QString() : mediaTypeOf(text, {}).value_or(QString());
+        return type.size() <= static_cast<qsizetype>(mostRepeated) ? type : QString();
+    }
+
+    /// Lines to add below the file. Of the common format it takes all, or but the type.
+    std::string formatBelow(Line file, std::optional<Line> common, const QString& commonType, bool takesAll)
     {
         const QString name = lines_.text(file).trimmed();
         const auto own = lines_.child(file, "FORM");
+        if (!own && common && takesAll)
+            return movedFormat(*common, name);
         if (!own)
-            return common ? movedFormat(*common, name) : formLine(mediaTypeByName(name));
+            return formLine(commonType.isEmpty() ? mediaTypeByName(name) : commonType);
         for (const Line medium : lines_.children(*own, "TYPE"))
             lines_.rename(medium, "MEDI");
         for (const Line further : lines_.children(file, "FORM"))

@@ -111,6 +111,18 @@ TEST(ObjectsIn7, MoveFormatsThatCanBeNoMediaTypesBelowTheirFiles)
                             "1 OBJE @O1@", "0 @O1@ OBJE", "1 FILE a.png", "2 FORM n/a", "3 TYPE photo", "0 TRLR"));
 }
 
+TEST(ObjectsIn7, SayOnceWhatIsSaidAtLengthOfAllTheirFormats)
+{
+    const QByteArray words(300, 'x');
+    const auto family = imported(versionFive("0 @O1@ OBJE\n1 FORM bmp\n2 NOTE " + words +
+                                             "\n1 FILE a.png\n1 FILE b.png\n0 @O2@ OBJE\n1 FORM bmp\n2 TYPE photo\n"
+                                             "1 FILE c.png\n1 FILE d.png\n"));
+    EXPECT_THAT(inSeven(family),
+                ElementsAre("0 @O1@ OBJE", "1 FILE a.png", "2 FORM image/bmp", "3 NOTE " + words.toStdString(),
+                            "1 FILE b.png", "2 FORM image/bmp", "0 @O2@ OBJE", "1 FILE c.png", "2 FORM image/bmp",
+                            "3 MEDI PHOTO", "1 FILE d.png", "2 FORM image/bmp", "3 MEDI PHOTO", "0 TRLR"));
+}
+
 TEST(ObjectsIn7, WithoutAFileKeepWhatTheySay)
 {
     const auto family = imported(

@@ -296,6 +296,18 @@ TEST_F(ManyPictures, OfAnObjectThatManyPersonsPointAtAreExportedInLinearTimeWhen
     });
 }
 
+TEST(ManyFiles, OfAFormatThatMuchIsSaidOfAreExportedInLinearTime)
+{
+    const auto secondsOf = [](int lines) {
+        const auto family = imported("0 HEAD\n0 @O1@ OBJE\n" + QByteArray("1 FILE a.png\n").repeated(lines) +
+                                     "1 FORM png\n" + QByteArray("2 NOTE b\n").repeated(lines) + "0 TRLR\n");
+        return secondsOfExporting(*family.context, GedcomFormat::Gedcom70);
+    };
+    const HangGuard guard;
+    const double few = secondsOf(lineLength / 400);
+    EXPECT_LT(secondsOf(lineLength / 50), mostTimes * few + unmeasurable);
+}
+
 // Copying the notes, or the rest of them, for each of them would take minutes.
 TEST(ManyNotes, AreImportedAndExportedWhetherTheFirstOrTheLastIsChanged)
 {
