@@ -99,6 +99,11 @@ void BranchMoves::liftLines()
     lines_.clear();
     for (const BlockIndex block : chosen_)
         drawn_.liftAt(block, lines_);
+    linesEnds_.clear();
+    for (const std::uint32_t line : lines_) {
+        const ChildLine& ends = chart_.lines[line];
+        linesEnds_.push_back({endAt(ends.firstParent), endAt(ends.secondParent), endAt(ends.child)});
+    }
 }
 
 /// Where the leader would stand if one of the lines that lead out of the branch were upright, or all upwards or
@@ -109,13 +114,12 @@ void BranchMoves::findTargets()
     targets_.clear();
     Pull up;
     Pull down;
-    for (const std::uint32_t line : lines_) {
-        const ChildLine& ends = chart_.lines[line];
-        const bool below = isChosen(ends.child.block);
-        if (below && isChosen(ends.firstParent.block) && isChosen(ends.secondParent.block))
+    for (const auto& [first, second, child] : linesEnds_) {
+        const bool below = child.isMoving;
+        if (below && first.isMoving && second.isMoving)
             continue;
-        const StraightLine drawn(chart_, *arrangement_, ends);
-        const double target = leadersMiddle_ + (below ? drawn.from - drawn.to : drawn.to - drawn.from);
+        const double lean = (first.place + second.place) / 2 - child.place;
+        const double target = leadersMiddle_ + (below ? lean : -lean);
         if (targets_.size() < mostSingle)
             targets_.push_back(target);
         Pull& pull = below ? up : down;
@@ -161,10 +165,9 @@ double BranchMoves::costOf(const Move& move, double limit)
 {
     ends_.clear();
     double length = 0;
-    for (const std::uint32_t line : lines_) {
-        const ChildLine& ends = chart_.lines[line];
-        const double from = (placeAfter(move, ends.firstParent) + placeAfter(move, ends.secondParent)) / 2;
-        const double to = placeAfter(move, ends.child);
+    for (const auto& [first, second, child] : linesEnds_) {
+        const double from = (placeAfter(move, first) + placeAfter(move, second)) / 2;
+        const double to = placeAfter(move, child);
         length += std::abs(from - to);
         ends_.emplace_back(static_cast<float>(from), static_cast<float>(to));
     }
@@ -182,17 +185,21 @@ double BranchMoves::disorderAfter(const Move& move) const
         for (const auto& [elder, younger] : chart_.siblingPairs[block]) {
             if (block == younger.block && isChosen(elder.block))
                 continue;
-            disorder += placeAfter(move, elder) > placeAfter(move, younger) ? 1 : 0;
+            disorder += placeAfter(move, endAt(elder)) > placeAfter(move, endAt(younger)) ? 1 : 0;
         }
     return disorder;
 }
 
-double BranchMoves::placeAfter(const Move& move, const Anchor& anchor) const
+BranchMoves::End BranchMoves::endAt(const Anchor& anchor) const
 {
-    const double place = arrangement_->placeOf(chart_, anchor);
-    if (!isChosen(anchor.block))
-        return place;
-    return (move.mirror ? 2 * leadersMiddle_ - place : place) + move.shift;
+    return {arrangement_->placeOf(anchor), isChosen(anchor.block)};
+}
+
+double BranchMoves::placeAfter(const Move& move, const End& end) const
+{
+    if (!end.isMoving)
+        return end.place;
+    return (move.mirror ? 2 * leadersMiddle_ - end.place : end.place) + move.shift;
 }
 
 void BranchMoves::carryOut(const Move& move)
@@ -203,7 +210,7 @@ void BranchMoves::carryOut(const Move& move)
         if (move.mirror) {
             const double middle = 2 * leadersMiddle_ - arrangement_->middleOf(chart_, block);
             arrangement_->left[block] = middle - chart_.middle(block);
-            arrangement_->mirrored[block] = !arrangement_->mirrored[block];
+            arrangement_->mirror(chart_, block, !arrangement_->isMirrored(block));
         }
         arrangement_->left[block] += move.shift;
         const std::uint32_t its = chart_.rowOf[block];

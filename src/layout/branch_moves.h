@@ -51,7 +51,23 @@ private:
     double placeBetween(std::size_t slot, double target) const;
     double costOf(const Move& move, double limit);
     double disorderAfter(const Move& move) const;
-    double placeAfter(const Move& move, const Anchor& anchor) const;
+    /// One end of a line: where it stands, and whether it moves with the branch.
+    struct End
+    {
+        double place = 0;
+        bool isMoving = false;
+    };
+
+    /// The ends of a lifted line, looked up once for all moves that are weighed.
+    struct LineEnds
+    {
+        End firstParent;
+        End secondParent;
+        End child;
+    };
+
+    End endAt(const Anchor& anchor) const;
+    double placeAfter(const Move& move, const End& end) const;
     void carryOut(const Move& move);
     void settleMovedRows();
     bool isChosen(BlockIndex block) const { return chosenIn_[block] == choice_; }
@@ -65,6 +81,7 @@ private:
     /// The chosen blocks, the first of which leads, and all lines that end at one of them.
     std::vector<BlockIndex> chosen_;
     std::vector<std::uint32_t> lines_;
+    std::vector<LineEnds> linesEnds_;
     /// Where the lines would begin and end after the move at hand.
     std::vector<std::pair<float, float>> ends_;
     std::uint32_t choice_ = 0;

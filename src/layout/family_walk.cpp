@@ -354,7 +354,7 @@ Arrangement walkOrder(const Chart& chart, const FamilyTree& tree)
 {
     Arrangement arrangement;
     arrangement.left.resize(chart.blocks());
-    arrangement.mirrored.resize(chart.blocks());
+    arrangement.mirroredFrom.resize(chart.blocks());
     std::vector<double> ends(chart.rows, 0);
     std::vector<Neighbour> entries;
     for (const BlockIndex block : Walk(chart, tree).fromLeft()) {

@@ -171,7 +171,8 @@ Arrangement orderAt(const Chart& chart, std::span<const double> places)
             middle += places[member] / chart.width(block);
         middles.push_back(middle);
         arrangement.left.push_back(middle - chart.middle(block));
-        arrangement.mirrored.push_back(places[members.front()] > places[members.back()]);
+        arrangement.mirroredFrom.push_back(0);
+        arrangement.mirror(chart, block, places[members.front()] > places[members.back()]);
         entries.push_back({chart.rowOf[block], block});
     }
     arrangement.rows = sortIntoLists(chart.rows, entries, &Entry::block);
@@ -187,7 +188,7 @@ bool isSameOrder(const Chart& chart, const Arrangement& one, const Arrangement& 
         if (!std::ranges::equal(one.rows[row], other.rows[row]))
             return false;
     for (BlockIndex block = 0; block < chart.blocks(); ++block)
-        if (chart.members[block].size() > 1 && one.mirrored[block] != other.mirrored[block])
+        if (one.isMirrored(block) != other.isMirrored(block))
             return false;
     return true;
 }

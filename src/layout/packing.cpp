@@ -16,8 +16,8 @@ namespace {
 std::pair<PersonIndex, PersonIndex> endsOf(const Chart& chart, const Arrangement& arrangement, BlockIndex block)
 {
     const auto members = chart.members[block];
-    return arrangement.mirrored[block] ? std::pair(members.back(), members.front())
-                                       : std::pair(members.front(), members.back());
+    return arrangement.isMirrored(block) ? std::pair(members.back(), members.front())
+                                         : std::pair(members.front(), members.back());
 }
 
 } // namespace
@@ -110,7 +110,7 @@ void Packing::placeRow(const Chart& chart, const Arrangement& arrangement, std::
             edge += pitch_;
         };
         const auto members = chart.members[block];
-        if (arrangement.mirrored[block])
+        if (arrangement.isMirrored(block))
             std::for_each(members.rbegin(), members.rend(), place);
         else
             std::for_each(members.begin(), members.end(), place);

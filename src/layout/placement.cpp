@@ -8,63 +8,54 @@ namespace lineara::layout {
 
 namespace {
 
-/// Blocks pushed against each other, from `first` up to where the next cluster starts.
-struct Cluster
-{
-    std::size_t first = 0;
-    double place = 0;
-    double weight = 0;
-};
-
 /// What has to stay free left of a block of a row. The first one has nobody beside it.
 double freeBefore(std::span<const BlockIndex> blocks, std::size_t index, std::span<const double> free)
 {
     return index == 0 || free.empty() ? 0 : free[blocks[index]];
 }
 
+} // namespace
+
 // Pool adjacent violators: taking what is taken to the left of each block off its wish turns "no overlap" into "not
 // decreasing"; neighbours that would decrease merge into one cluster at their common mean.
-std::vector<Cluster> clustersOf(const Chart& chart, std::span<const BlockIndex> blocks, std::span<const Wish> wishes,
-                                std::span<const double> free)
+void Settling::collectClusters(std::span<const BlockIndex> blocks, std::span<const Wish> wishes,
+                               std::span<const double> free)
 {
-    std::vector<Cluster> clusters;
+    clusters_.clear();
     double taken = 0;
     for (std::size_t index = 0; index < blocks.size(); ++index) {
         taken += freeBefore(blocks, index, free);
         Cluster cluster{index, wishes[index].left - taken, wishes[index].weight};
-        taken += chart.width(blocks[index]);
-        while (!clusters.empty() && clusters.back().place >= cluster.place) {
-            const Cluster& before = clusters.back();
+        taken += chart_.width(blocks[index]);
+        while (!clusters_.empty() && clusters_.back().place >= cluster.place) {
+            const Cluster& before = clusters_.back();
             const double weight = before.weight + cluster.weight;
             cluster = {before.first, (before.place * before.weight + cluster.place * cluster.weight) / weight, weight};
-            clusters.pop_back();
+            clusters_.pop_back();
         }
-        clusters.push_back(cluster);
+        clusters_.push_back(cluster);
     }
-    return clusters;
 }
 
-} // namespace
-
-double settleRow(const Chart& chart, Arrangement& arrangement, std::uint32_t row, std::span<const Wish> wishes,
-                 std::span<const double> free)
+double Settling::settle(Arrangement& arrangement, std::uint32_t row, std::span<const Wish> wishes,
+                        std::span<const double> free)
 {
     const auto blocks = arrangement.rows[row];
-    const std::vector<Cluster> clusters = clustersOf(chart, blocks, wishes, free);
+    collectClusters(blocks, wishes, free);
     double rowWidth = 0;
     for (std::size_t index = 0; index < blocks.size(); ++index)
-        rowWidth += freeBefore(blocks, index, free) + chart.width(blocks[index]);
+        rowWidth += freeBefore(blocks, index, free) + chart_.width(blocks[index]);
     // The best places within bounds are those without, brought back to the bounds.
     const double last = std::max(arrangement.leftBound, arrangement.rightBound - rowWidth);
     double farthest = 0;
     double taken = 0;
     for (std::size_t index = 0, cluster = 0; index < blocks.size(); ++index) {
-        if (cluster + 1 < clusters.size() && clusters[cluster + 1].first == index)
+        if (cluster + 1 < clusters_.size() && clusters_[cluster + 1].first == index)
             ++cluster;
         taken += freeBefore(blocks, index, free);
-        const double left = std::clamp(clusters[cluster].place, arrangement.leftBound, last) + taken;
+        const double left = std::clamp(clusters_[cluster].place, arrangement.leftBound, last) + taken;
         farthest = std::max(farthest, std::abs(std::exchange(arrangement.left[blocks[index]], left) - left));
-        taken += chart.width(blocks[index]);
+        taken += chart_.width(blocks[index]);
     }
     return farthest;
 }
@@ -82,19 +73,19 @@ double Placement::pullRow(Arrangement& arrangement, std::uint32_t row, double st
         else
             wishes_.push_back({now, weightOfTheUntied});
     }
-    return settleRow(chart_, arrangement, row, wishes_);
+    return settling_.settle(arrangement, row, wishes_);
 }
 
 void Placement::addPulls(Pull& pull, const Arrangement& arrangement, BlockIndex block,
                          std::span<const Spring> springs) const
 {
     if (eased_ == 0) {
-        pull.add(chart_, arrangement, block, springs);
+        pull.add(arrangement, block, springs);
         return;
     }
     for (const Spring& spring : springs) {
-        const double place = arrangement.placeOf(chart_, spring.other);
-        const double within = arrangement.within(chart_, {block, spring.own});
+        const double place = arrangement.placeOf(spring.other);
+        const double within = arrangement.within({block, spring.own});
         const double length = arrangement.left[block] + within - place;
         pull.add(place, within, eased_ / std::max(std::abs(length), eased_) * spring.weight);
     }

@@ -292,7 +292,7 @@ std::int64_t disorderOf(const Chart& chart, const Arrangement& arrangement)
     std::int64_t disorder = 0;
     for (BlockIndex block = 0; block < chart.blocks(); ++block)
         for (const auto& [elder, younger] : chart.siblingPairs[block]) {
-            const bool isWrong = arrangement.placeOf(chart, elder) > arrangement.placeOf(chart, younger);
+            const bool isWrong = arrangement.placeOf(elder) > arrangement.placeOf(younger);
             disorder += block == elder.block && isWrong ? 1 : 0;
         }
     return disorder;
@@ -306,7 +306,7 @@ std::int64_t stepsBackOf(const Chart& chart, const Arrangement& arrangement)
         born.clear();
         for (const Sibling& sibling : chart.sibships[sibship])
             if (isKnown(sibling))
-                born.emplace_back(arrangement.placeOf(chart, sibling.place), sibling.bornIn);
+                born.emplace_back(arrangement.placeOf(sibling.place), sibling.bornIn);
         std::ranges::sort(born);
         for (std::size_t next = 1; next < born.size(); ++next)
             steps += born[next - 1].second > born[next].second ? 1 : 0;

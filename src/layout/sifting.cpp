@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <span>
 
 namespace lineara::layout {
 
@@ -43,25 +44,37 @@ bool Sifting::siftRow(Arrangement& arrangement, std::uint32_t row)
     return true;
 }
 
+Sifting::Item& Sifting::addItem(double place, BlockIndex block)
+{
+    if (used_ == items_.size())
+        items_.emplace_back();
+    Item& item = items_[used_++];
+    item.place = place;
+    item.block = block;
+    item.above.clear();
+    item.below.clear();
+    return item;
+}
+
 void Sifting::collect(const Arrangement& arrangement, std::uint32_t row)
 {
-    items_.clear();
+    used_ = 0;
     for (const BlockIndex block : arrangement.rows[row]) {
-        itemOf_[block] = static_cast<std::uint32_t>(items_.size());
-        items_.push_back({arrangement.left[block] + chart_.middle(block), block, {}, {}});
+        itemOf_[block] = static_cast<std::uint32_t>(used_);
+        addItem(arrangement.left[block] + chart_.middle(block), block);
     }
     if (row > 0)
         addLinesAbove(arrangement, row);
     if (row + 1 < chart_.rows)
         addLinesBelow(arrangement, row);
-    for (Item& item : items_) {
+    for (Item& item : std::span(items_).first(used_)) {
         std::ranges::sort(item.above);
         std::ranges::sort(item.below);
     }
-    sequence_.resize(items_.size());
+    sequence_.resize(used_);
     std::iota(sequence_.begin(), sequence_.end(), 0U);
     std::ranges::stable_sort(sequence_, {}, [&](std::uint32_t item) { return items_[item].place; });
-    position_.resize(items_.size());
+    position_.resize(used_);
     for (std::uint32_t position = 0; position < sequence_.size(); ++position)
         position_[sequence_[position]] = position;
 }
@@ -85,10 +98,10 @@ void Sifting::addLinesBelow(const Arrangement& arrangement, std::uint32_t row)
             items_[itemOf_[ends.firstParent.block]].below.push_back(drawn.placeIn(row + 1));
             continue;
         }
-        Item passing{drawn.placeIn(row), passingLine, {}, {drawn.placeIn(row + 1)}};
+        Item& passing = addItem(drawn.placeIn(row), passingLine);
+        passing.below.push_back(drawn.placeIn(row + 1));
         if (drawn.top < row)
             passing.above.push_back(drawn.placeIn(row - 1));
-        items_.push_back(std::move(passing));
     }
 }
 

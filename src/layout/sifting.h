@@ -30,6 +30,7 @@ private:
         std::vector<double> below;
     };
 
+    Item& addItem(double place, BlockIndex block);
     void collect(const Arrangement& arrangement, std::uint32_t row);
     void addLinesAbove(const Arrangement& arrangement, std::uint32_t row);
     void addLinesBelow(const Arrangement& arrangement, std::uint32_t row);
@@ -38,7 +39,8 @@ private:
 
     const Chart& chart_;
     std::vector<std::uint32_t> itemOf_;
-    std::vector<Item> items_;
+    std::vector<Item> items_; ///< those of the row, and behind them what earlier rows needed more
+    std::size_t used_ = 0;
     /// The items from left to right, and where each of them is in that sequence.
     std::vector<std::uint32_t> sequence_;
     std::vector<std::uint32_t> position_;

@@ -31,7 +31,7 @@ void Sweep::sortRow(Arrangement& arrangement, std::uint32_t row, Side side, doub
         blocks[index] = entries_[index].block;
         wishes_.push_back(entries_[index].wish);
     }
-    settleRow(chart_, arrangement, row, wishes_);
+    settling_.settle(arrangement, row, wishes_);
 }
 
 Sweep::Entry Sweep::entryOf(const Arrangement& arrangement, BlockIndex block, Side side, double share) const
@@ -41,11 +41,11 @@ Sweep::Entry Sweep::entryOf(const Arrangement& arrangement, BlockIndex block, Si
     const auto near = side == Side::Above ? up : down;
     const auto far = side == Side::Above ? down : up;
     Pull pull;
-    pull.add(chart_, arrangement, block, near);
+    pull.add(arrangement, block, near);
     if (near.empty())
-        pull.add(chart_, arrangement, block, far);
+        pull.add(arrangement, block, far);
     else if (share > 0)
-        pull.add(chart_, arrangement, block, far, share);
+        pull.add(arrangement, block, far, share);
     if (pull.weight > 0)
         return {block, pull.end(), {pull.left(), pull.weight}};
     const double left = arrangement.left[block];
@@ -66,7 +66,7 @@ void Sweep::turn(Arrangement& arrangement, BlockIndex block) const
     const double lean =
         leanOf(arrangement, block, chart_.springsUp[block]) + leanOf(arrangement, block, chart_.springsDown[block]);
     if (std::abs(lean) > noticeable)
-        arrangement.mirrored[block] = lean < 0;
+        arrangement.mirror(chart_, block, lean < 0);
 }
 
 // Above 0 if members further right in the unmirrored block have relatives further right.
@@ -75,11 +75,10 @@ double Sweep::leanOf(const Arrangement& arrangement, BlockIndex block, std::span
     if (springs.empty())
         return 0;
     Pull pull;
-    pull.add(chart_, arrangement, block, springs);
+    pull.add(arrangement, block, springs);
     double lean = 0;
     for (const Spring& spring : springs)
-        lean += spring.weight * (arrangement.placeOf(chart_, spring.other) - pull.end()) *
-                (spring.own - chart_.middle(block));
+        lean += spring.weight * (arrangement.placeOf(spring.other) - pull.end()) * (spring.own - chart_.middle(block));
     return lean;
 }
 

@@ -12,7 +12,7 @@ namespace lineara::layout {
 class Sweep
 {
 public:
-    explicit Sweep(const Chart& chart) : chart_(chart) {}
+    explicit Sweep(const Chart& chart) : chart_(chart), settling_(chart) {}
 
     /// Sorts every row from the second oldest on by the rows above it.
     ///
@@ -46,6 +46,7 @@ private:
     double leanOf(const Arrangement& arrangement, BlockIndex block, std::span<const Spring> springs) const;
 
     const Chart& chart_;
+    Settling settling_;
     std::vector<Entry> entries_;
     std::vector<Wish> wishes_;
 };

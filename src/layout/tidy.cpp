@@ -53,7 +53,7 @@ Arrangement mirrored(const Chart& chart, Arrangement order)
     for (std::uint32_t row = 0; row < chart.rows; ++row)
         std::ranges::reverse(order.rows[row]);
     for (BlockIndex block = 0; block < chart.blocks(); ++block)
-        order.mirrored[block] = chart.members[block].size() > 1 && !order.mirrored[block];
+        order.mirror(chart, block, !order.isMirrored(block));
     return order;
 }
 
