@@ -22,7 +22,7 @@ namespace {
 /// Starts a family is walked from: many for a small one, where chance decides most and each costs least.
 std::size_t startsFor(const Chart& chart)
 {
-    return std::min(chart.blocks(), std::clamp<std::size_t>(10'000 / (chart.blocks() + 1), 1, 12));
+    return std::min(chart.blocks(), std::clamp<std::size_t>(5'000 / (chart.blocks() + 1), 1, 12));
 }
 
 /// Of how many starts the whole search is made.

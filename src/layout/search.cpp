@@ -23,7 +23,7 @@ struct Effort
 
 Effort effortFor(const Chart& chart)
 {
-    constexpr double affordable = 2'000;
+    constexpr double affordable = 1'700;
     constexpr double affordableInOne = 6'000;
     constexpr double most = 12;
     double comparisons = 1;

@@ -84,14 +84,19 @@ bool SelectedPart::tidyUp(const TidyProgress& progress)
     return true;
 }
 
+/// Springs never come to rest altogether, and who stands well wants to stay.
+SelectedPart::Standing SelectedPart::clearlyBetterThan(Standing standing)
+{
+    constexpr double clearly = 1.2;
+    constexpr double least = 0.1;
+    standing.cost = standing.cost / clearly - least;
+    return standing;
+}
+
 /// Takes the tidied places or their mirror image, whichever is better beside the companions.
 void SelectedPart::wishFor(Family& family, std::span<const std::int32_t> tidied)
 {
-    Standing best = standingOf(family, inPlaces(present_));
-    // Springs never come to rest altogether, and who stands well wants to stay.
-    constexpr double clearly = 1.2;
-    constexpr double least = 0.1;
-    best.cost = best.cost / clearly - least;
+    Standing best = clearlyBetterThan(standingOf(family, inPlaces(present_)));
     for (const std::int64_t direction : {1, -1}) {
         const auto better = betterPlaces(family, tidied, direction, best);
         if (!better)
@@ -159,9 +164,9 @@ bool SelectedPart::giveUpInVain(const std::vector<std::int32_t>& places)
     for (Family& family : families_) {
         if (!family.isToMove)
             continue;
-        const Standing was = standingOf(family, before);
+        const Standing wanted = clearlyBetterThan(standingOf(family, before));
         const Standing is = standingOf(family, after);
-        if (std::pair(is.apart, is.cost) < std::pair(was.apart, was.cost))
+        if (std::pair(is.apart, is.cost) < std::pair(wanted.apart, wanted.cost))
             continue;
         inVain = true;
         family.isToMove = false;

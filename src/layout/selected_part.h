@@ -51,6 +51,7 @@ private:
     std::optional<std::vector<double>> betterPlaces(const Family& family, std::span<const std::int32_t> tidied,
                                                     std::int64_t direction, Standing& best) const;
     std::vector<double> inPlaces(std::span<const std::int32_t> leftEdges) const;
+    static Standing clearlyBetterThan(Standing standing);
     Standing standingOf(const Family& family, const std::vector<double>& places) const;
     bool isSelected(engine::PersonIndex person) const { return person < selected_; }
 

@@ -327,7 +327,7 @@ bool sortSiblings(const Chart& chart, const FamilyTree& tree, Arrangement& arran
     bool moved = false;
     // The cheapest come first. What more was paid than is allowed, because others had to step aside, is taken back, and
     // so is what brought others out of order.
-    constexpr std::array<std::int64_t, 7> perPair{0, 0, 1, 2, 4, 8, 0};
+    constexpr std::array<std::int64_t, 6> perPair{0, 1, 2, 4, 8, 0};
     for (const std::int64_t price : perPair) {
         if ((price > 0 && mostAdded == 0) || hearing.isStopped())
             break;

@@ -99,7 +99,7 @@ void straighten(const Chart& chart, Arrangement& arrangement, const Heard& heard
     if (straight.inAll() <= crooked.inAll() && straight.crossings <= crooked.crossings)
         arrangement = std::move(pulled);
     Straightening straightening(chart, easedBeyond);
-    const int most = passes(chart, 10, 1);
+    const int most = passes(chart, 6, 1);
     bool moved = true;
     for (int pass = 0; moved && pass < most && !hearing.isStopped(); ++pass) {
         hearing.nextPart(0.5 / most);
