@@ -100,7 +100,7 @@ QString RecordNames::read(const SourceRecord& record)
     const QString own = ownNameOf(record, tree);
     if (tag == "INDI")
         return own.isEmpty() ? ImportTexts::tr("a person without a name") : own;
-    const QString title = own.isEmpty() ? titleBehind(tree) : own;
+    QString title = own.isEmpty() ? titleBehind(tree) : own;
     return title.isEmpty() ? thatNothingIsSaid(tag) : title;
 }
 
@@ -127,7 +127,7 @@ QString RecordNames::titleBehind(const GedcomTree& tree)
         if (!pointer || !leadsToARecord(tree[*pointer].line))
             continue;
         const SourceRecord* const behind = index_.target(tree[*pointer].line.value);
-        const QString title = behind ? ownNameOf(*behind) : QString();
+        QString title = behind ? ownNameOf(*behind) : QString();
         if (!title.isEmpty())
             return title;
     }
