@@ -4,6 +4,9 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
+#include <random>
+
 using namespace lineara;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -102,5 +105,87 @@ TEST(ReplacedPictures, OfAnAlbumLeaveItsOtherFiles)
         expectPicture(archive, fresh);
         const QByteArray five = exported(*family.context);
         EXPECT_TRUE(five.contains("1 _PHOTO @VOID@\n1 OBJE @O1@\n"));
+    }
+}
+
+namespace {
+
+/// Persons who share albums, point at them in every way and keep others in their own records.
+class RandomAlbums
+{
+public:
+    explicit RandomAlbums(unsigned seed) : random_(seed) {}
+
+    int pick(int choices) { return static_cast<int>(random_() % static_cast<unsigned>(choices)); }
+    bool happens() { return pick(2) == 0; }
+
+    QByteArray genealogy()
+    {
+        const bool isSeven = happens();
+        QByteArray text = QByteArray("0 HEAD\n1 GEDC\n2 VERS ") + (isSeven ? "7.0" : "5.5.1") + "\n";
+        for (int person = 1 + pick(4); person > 0; --person)
+            text += "0 INDI\n1 NAME Ada\n" + lines(pick(4), isSeven);
+        text += "0 SOUR\n1 TITL Letters\n" + pointer();
+        for (const char* const xref : {"@O1@", "@O2@"}) {
+            text += QByteArray("0 ") + xref + " OBJE\n" + files(1) + (happens() ? "1 NOTE found in the attic\n" : "");
+        }
+        return text + "0 TRLR\n";
+    }
+
+    void edit(const ImportedFamily& family)
+    {
+        for (Person* const person : membersOf(family)) {
+            const int what = pick(4);
+            if (what == 0)
+                person->removePic();
+            else if (what == 1)
+                person->changePic(fresh);
+            else if (what == 2)
+                person->changePic(other); // which somebody else may have
+        }
+    }
+
+private:
+    QByteArray lines(int count, bool isSeven)
+    {
+        QByteArray text;
+        for (; count > 0; --count)
+            text += isSeven || happens() ? pointer() : "1 OBJE\n" + files(2);
+        return text;
+    }
+
+    QByteArray pointer()
+    {
+        const QByteArray xref = happens() ? "@O1@\n" : "@O2@\n";
+        return pick(4) == 0 ? "1 _PHOTO " + xref : "1 OBJE " + xref + (pick(4) == 0 ? "2 _PRIM Y\n" : "");
+    }
+
+    QByteArray files(int level)
+    {
+        static const std::array<const char*, 5> names = {"a.png", "b.png", "media/c d.png", "missing.png", "will.pdf"};
+        QByteArray text;
+        for (int count = 1 + pick(3); count > 0; --count)
+            text += QByteArray::number(level) + " FILE " + names[static_cast<std::size_t>(pick(names.size()))] + '\n';
+        return text;
+    }
+
+    std::mt19937 random_;
+};
+
+} // namespace
+
+TEST(EditedAlbums, GiveEverybodyThePictureThatTheyHadAtLast)
+{
+    for (unsigned seed = 0; seed < 500; ++seed) {
+        SCOPED_TRACE(seed);
+        RandomAlbums albums(seed);
+        const ArchiveFiles pictures = {{"a.png", taken}, {"b.png", other}, {"media/c d.png", png(Qt::yellow)}};
+        const auto family = imported(archiveOf(albums.genealogy(), pictures));
+        albums.edit(family);
+        const QByteArray archive = exported(*family.context, GedcomFormat::Gedzip);
+        const auto again = imported(archive);
+        for (std::size_t person = 0; person < membersOf(family).size(); ++person)
+            ASSERT_EQ(pictureOf(member(again, person)), pictureOf(member(family, person)));
+        ASSERT_TRUE(exported(*again.context, GedcomFormat::Gedzip) == archive);
     }
 }
