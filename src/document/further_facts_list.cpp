@@ -248,8 +248,11 @@ void FurtherFactsList::keyboardSearch(const QString& typed)
     // The same letter again means the next one with it.
     const bool isOneLetter = typed_.count(typed_.front()) == typed_.size();
     const QString wanted = isOneLetter ? typed_.first(1) : typed_;
+    const auto begins = [&](const QModelIndex& row, Column column) {
+        return row.siblingAtColumn(column).data().toString().startsWith(wanted, Qt::CaseInsensitive);
+    };
     const auto isWanted = [&](const QModelIndex& row) {
-        return !isHeading(row) && row.data().toString().startsWith(wanted, Qt::CaseInsensitive);
+        return !isHeading(row) && (begins(row, Label) || begins(row, Value));
     };
     QModelIndex at = goesOn && !isOneLetter && isWanted(from) ? from : rowBelow(from);
     while (at != from && !isWanted(at))

@@ -10,7 +10,8 @@
 namespace lineara {
 
 /// Facts as a tree to be read. Long texts are cut in their rows; tooltips tell more of them, and copies all. Nothing
-/// can be folded away. The keyboard goes from fact to fact, past the headings, and to those whose beginning is typed.
+/// can be folded away. The keyboard goes from fact to fact, past the headings, and to those whose label or value begins
+/// as is typed.
 class FurtherFactsList : public QTreeWidget
 {
 public:

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace lineara {
 namespace {
 
@@ -121,6 +123,26 @@ TEST(FurtherFactsList, GoesToFactsWhoseBeginningIsTyped)
     EXPECT_EQ(after(QStringLiteral("o")), "Occupation");
     QTest::qSleep(5);
     EXPECT_EQ(after(QStringLiteral("x")), "Occupation");
+    QApplication::setKeyboardInputInterval(usual);
+}
+
+// Where somebody clicked into a row says nothing about what they look for.
+TEST(FurtherFactsList, GoesToLabelsAndValuesFromEitherColumn)
+{
+    FurtherFactsList list(factsOfFamilies());
+    list.show();
+    const int usual = QApplication::keyboardInputInterval();
+    for (const int column : {0, 1}) {
+        for (const auto& [letters, found] : {std::pair("fax", "Fax"), {"sec", "Fax"}, {"mil", "Occupation"}}) {
+            list.setCurrentItem(list.topLevelItem(1)->child(0), column);
+            QApplication::setKeyboardInputInterval(0);
+            QTest::qSleep(5);
+            list.keyboardSearch(QString::fromLatin1(letters).first(1));
+            QApplication::setKeyboardInputInterval(60'000);
+            QTest::keyClicks(&list, QString::fromLatin1(letters).sliced(1));
+            EXPECT_EQ(list.currentItem()->text(0).toStdString(), found) << letters << " from column " << column;
+        }
+    }
     QApplication::setKeyboardInputInterval(usual);
 }
 
