@@ -32,7 +32,7 @@ constexpr int wholeText = Qt::UserRole;
 constexpr int mostLabelWidth = 280;
 constexpr int columnGap = 8;
 constexpr int leastRows = 8;
-constexpr int rowPadding = 2;
+constexpr int rowMargin = 2;
 constexpr int indent = 2;
 
 constexpr Extent mostInALabel{120};
@@ -269,7 +269,7 @@ QModelIndex FurtherFactsList::rowBelow(const QModelIndex& at) const
 
 QSize FurtherFactsList::minimumSizeHint() const
 {
-    const int row = fontMetrics().height() + 2 * rowPadding;
+    const int row = fontMetrics().height() + 2 * rowMargin;
     const int beside = 2 * frameWidth() + header()->sizeHint().height();
     return {QTreeWidget::minimumSizeHint().width(), beside + leastRows * row};
 }
