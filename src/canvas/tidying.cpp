@@ -65,11 +65,30 @@ Tidying Tidying::ofSome(const Pool& pool, const std::vector<RecordId>& persons)
 Tidying Tidying::ofNewcomers(const Pool& pool)
 {
     Tidying tidying(pool);
+    std::vector<engine::PersonIndex> newcomers;
+    for (engine::PersonIndex member = 0; member < tidying.family_.graph.members; ++member) {
+        if (!pool.persons()[member]->x())
+            newcomers.push_back(member);
+    }
+    tidying.keepOnly(newcomers);
     tidying.margin_ = firstFreePlace(pool);
-    for (std::uint32_t member = 0; member < tidying.family_.graph.members; ++member)
-        tidying.isAsked_[member] = !pool.persons()[member]->x();
-    tidying.present_.clear();
     return tidying;
+}
+
+/// `persons` are in the order of the family.
+void Tidying::keepOnly(const std::vector<engine::PersonIndex>& persons)
+{
+    family_.graph = engine::partOf(family_.graph, persons);
+    for (std::size_t at = 0; at < persons.size(); ++at) {
+        family_.persons[at] = family_.persons[persons[at]];
+        generations_[at] = generations_[persons[at]];
+        birthYears_[at] = birthYears_[persons[at]];
+    }
+    family_.persons.resize(persons.size());
+    generations_.resize(persons.size());
+    birthYears_.resize(persons.size());
+    present_.clear();
+    isAsked_.assign(persons.size(), true);
 }
 
 void Tidying::compute(const Progress& progress)

@@ -17,19 +17,6 @@ namespace {
 
 constexpr PersonIndex nobody = ~PersonIndex{0};
 
-engine::Adjacency linksAmong(const engine::Adjacency& links, std::span<const PersonIndex> persons,
-                             const std::vector<PersonIndex>& indexOf)
-{
-    engine::Adjacency among;
-    for (const PersonIndex person : persons) {
-        for (const PersonIndex other : links[person])
-            if (indexOf[other] != nobody)
-                among.add(indexOf[other]);
-        among.endPerson();
-    }
-    return among;
-}
-
 } // namespace
 
 SelectedPart::SelectedPart(const TidyTask& task, std::span<const PersonIndex> selected)
@@ -46,7 +33,7 @@ SelectedPart::SelectedPart(const TidyTask& task, std::span<const PersonIndex> se
                     persons_.push_back(other);
                     take(static_cast<PersonIndex>(persons_.size() - 1));
                 }
-    copyLinks();
+    copyPart();
     ChartBuilder builder(links_, rows_, birthYears_);
     const Lists<PersonIndex> families = connectedFamilies(links_);
     for (std::size_t number = 0; number < families.lists(); ++number)
@@ -55,19 +42,15 @@ SelectedPart::SelectedPart(const TidyTask& task, std::span<const PersonIndex> se
         wishes_.push_back(present_[index]);
 }
 
-void SelectedPart::copyLinks()
+void SelectedPart::copyPart()
 {
+    links_ = engine::partOf(task_.family, persons_);
     for (const PersonIndex person : persons_) {
-        links_.numbers.push_back(task_.family.numbers[person]);
         rows_.push_back(std::max(task_.generations[person], 0));
         present_.push_back(task_.present[person]);
         if (!task_.birthYears.empty())
             birthYears_.push_back(task_.birthYears[person]);
     }
-    links_.members = links_.persons();
-    links_.parents = linksAmong(task_.family.parents, persons_, indexOf_);
-    links_.children = linksAmong(task_.family.children, persons_, indexOf_);
-    links_.partners = linksAmong(task_.family.partners, persons_, indexOf_);
 }
 
 bool SelectedPart::tidyUp(const TidyProgress& progress)

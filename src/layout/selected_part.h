@@ -46,7 +46,7 @@ private:
         double cost = 0;
     };
 
-    void copyLinks();
+    void copyPart();
     void wishFor(Family& family, std::span<const std::int32_t> tidied);
     std::optional<std::vector<double>> betterPlaces(const Family& family, std::span<const std::int32_t> tidied,
                                                     std::int64_t direction, Standing& best) const;

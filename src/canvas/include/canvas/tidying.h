@@ -36,6 +36,7 @@ public:
 
 private:
     explicit Tidying(const Pool& pool);
+    void keepOnly(const std::vector<engine::PersonIndex>& persons);
     std::optional<std::vector<std::int32_t>> edges(const Progress& progress) const;
 
     FamilySnapshot family_;

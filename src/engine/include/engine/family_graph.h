@@ -54,4 +54,8 @@ struct FamilyGraph
     std::uint32_t persons() const { return static_cast<std::uint32_t>(numbers.size()); }
 };
 
+/// These persons, each named once, as members of a family of their own in the order in which they are named; with the
+/// links that both ends of are among them.
+FamilyGraph partOf(const FamilyGraph& family, std::span<const PersonIndex> persons);
+
 } // namespace lineara::engine
