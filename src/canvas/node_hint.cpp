@@ -1,5 +1,7 @@
 #include "node_hint.h"
 
+#include "elements/shortened_text.h"
+
 namespace lineara {
 
 namespace {
@@ -20,7 +22,7 @@ std::optional<NodeHint> hintOf(const LeafView& node, NodePart part)
         return hintOf(node.childHandle());
     case NodePart::Info:
         if (const auto wholeName = node.infoView().toolTip())
-            return NodeHint{*wholeName, node.infoFrame()};
+            return NodeHint{plainToolTip(*wholeName), node.infoFrame()};
         return std::nullopt;
     case NodePart::Image:
         return std::nullopt;

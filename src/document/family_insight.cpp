@@ -4,13 +4,13 @@
 #include "checks_panel.h"
 #include "document/document.h"
 #include "document/document_window.h"
+#include "elements/shortened_text.h"
 #include "finding_words.h"
 #include "kinship/relatives.h"
 #include "model/object_context.h"
 #include "model/person.h"
 #include "person_chooser.h"
 #include "relationship_strip.h"
-#include "shortened_text.h"
 
 #include <QCoreApplication>
 #include <QTimerEvent>

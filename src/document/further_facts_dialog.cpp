@@ -1,10 +1,10 @@
 #include "further_facts_dialog.h"
 
+#include "elements/shortened_text.h"
 #include "further_facts_list.h"
 #include "model/person.h"
 #include "model/source_record.h"
 #include "personlist/long_words.h"
-#include "shortened_text.h"
 
 #include <QCoreApplication>
 #include <QDialog>

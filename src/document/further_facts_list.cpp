@@ -1,6 +1,6 @@
 #include "further_facts_list.h"
 
-#include "shortened_text.h"
+#include "elements/shortened_text.h"
 
 #include <QAction>
 #include <QApplication>
@@ -37,16 +37,6 @@ constexpr int indent = 2;
 
 constexpr Extent mostInALabel{120};
 constexpr Extent mostInARow{300, 6};
-constexpr Extent mostInATip{2'000, 30}; // a screenful
-
-/// Notes may hold marks that would be taken for formatting.
-QString plainToolTip(const QString& text)
-{
-    QString shown = shortened(text, mostInATip);
-    shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    std::replace_if(shown.begin(), shown.end(), isShownAsLineBreak, QChar(u'\n'));
-    return u"<p>" % shown.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")) % u"</p>";
-}
 
 /// Gives rows the height that their texts need in the width of the column, for which a tree does not ask.
 class WrappingDelegate : public QStyledItemDelegate

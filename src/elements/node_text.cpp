@@ -1,10 +1,15 @@
 #include "node_text.h"
 
+#include "elements/shortened_text.h"
+
 #include <algorithm>
 
 namespace lineara {
 
 namespace {
+
+/// More than two lines of the narrowest letters hold.
+constexpr qsizetype mostShownLetters = 200;
 
 QFont nodeFont(int pixelSize)
 {
@@ -69,12 +74,12 @@ NameFit fitName(const AdvanceTable& font, QStringView name, double greatestWidth
 
 QString shownName(const std::optional<QString>& name)
 {
-    if (!name || isPlainLine(*name))
+    if (!name || (name->size() <= mostShownLetters && isPlainLine(*name)))
         return name.value_or(QString());
     QString text = *name;
     std::replace_if(
         text.begin(), text.end(), [](QChar letter) { return letter.unicode() < u' '; }, QChar(u' '));
-    return text.simplified();
+    return shortened(text.simplified(), {mostShownLetters});
 }
 
 bool isUsualYear(std::optional<std::int32_t> year)

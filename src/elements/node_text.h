@@ -28,7 +28,8 @@ struct NameFit
 };
 NameFit fitName(const AdvanceTable& font, QStringView name, double greatestWidth);
 
-/// The name without what can't be shown in a line: outer and repeated blanks, line ends, controls.
+/// The name without what can't be shown in a line: outer and repeated blanks, line ends, controls; and without the end
+/// of an endless one.
 QString shownName(const std::optional<QString>& name);
 
 /// Whether the year has at most four characters.

@@ -1,5 +1,6 @@
 #include "person_cell.h"
 
+#include "elements/shortened_text.h"
 #include "list_colours.h"
 #include "model/person.h"
 #include "person_table_model.h"
@@ -18,6 +19,7 @@ constexpr int margin = 10;
 constexpr int pictureSide = 33;
 constexpr int nameSize = 14;
 constexpr int eraSize = 11;
+constexpr Extent mostOfAName{500}; // wider than any list
 
 QFont rowFont(int pixelSize)
 {
@@ -64,7 +66,8 @@ void paintTextField(QPainter& painter, const QRect& place, const Person& person,
     font.setItalic(!hasName);
     painter.setFont(font);
     painter.setPen(hasName ? colours::listText() : colours::faintText());
-    const QString name = painter.fontMetrics().elidedText(shownName(person), Qt::ElideRight, place.width());
+    const QString begin = shortened(shownName(person), mostOfAName);
+    const QString name = painter.fontMetrics().elidedText(begin, Qt::ElideRight, place.width());
     if (era.isEmpty()) {
         painter.drawText(place, Qt::AlignVCenter, name);
         return;

@@ -2,6 +2,7 @@
 
 #include "canvas/family_picture.h"
 #include "canvas/tree_view.h"
+#include "elements/shortened_text.h"
 #include "shown_family.h"
 #include "view_driver.h"
 
@@ -209,7 +210,7 @@ TEST(Hints, HandlesAndShortenedNamesTellMore)
     const LeafView& node = *person.leafView();
     EXPECT_EQ(hintAt(node.partnerHandle().frame().centre()), u"Click and drag to connect to partner");
     EXPECT_EQ(hintAt(node.childHandle().frame().centre()), u"Click and drag to connect to child");
-    EXPECT_EQ(hintAt(node.infoFrame().centre()), name);
+    EXPECT_EQ(hintAt(node.infoFrame().centre()), plainToolTip(name));
 }
 
 TEST(FamilyPicture, HoldsAllNodesAndAMargin)

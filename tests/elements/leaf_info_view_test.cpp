@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include <ctime>
+
 namespace lineara {
 namespace {
 
@@ -61,6 +63,20 @@ TEST_F(LeafInfoViewTest, NoNameMakesANodeWiderThanTheGreatestWidth)
         EXPECT_LE(width, node_layout::greatestNodeWidth);
         EXPECT_GE(width, node_layout::leastNodeSize);
     }
+}
+
+TEST_F(LeafInfoViewTest, EndlessNamesTakeNoLongerThanLongOnes)
+{
+    const auto secondsFor = [this](int words) {
+        const LeafInfoView& info = infoOf(QString(u"Wilhelmina "_qs).repeated(words));
+        const std::clock_t before = std::clock();
+        for (int time = 0; time < 20; ++time)
+            EXPECT_EQ(info.nameLines().size(), 2);
+        return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+    };
+    secondsFor(1'000);
+    const double thousand = secondsFor(1'000);
+    EXPECT_LT(secondsFor(8'000), 24 * thousand);
 }
 
 TEST_F(LeafInfoViewTest, NamelessPersonShowsAHint)

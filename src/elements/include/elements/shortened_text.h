@@ -17,6 +17,10 @@ QString shortened(const QString& text, Extent most);
 /// A name for a sentence that is broken into lines between words: shortened, and with places to break its long words.
 QString toldName(const QString& name);
 
+/// The text for a tooltip: a screenful of it, broken into lines between words, and with marks that would be taken for
+/// formatting shown as they are.
+QString plainToolTip(const QString& text);
+
 /// Whether a new line begins behind the letter where a text is shown; '\r' before '\n' included.
 bool isShownAsLineBreak(QChar letter);
 

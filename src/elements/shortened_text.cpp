@@ -1,4 +1,4 @@
-#include "shortened_text.h"
+#include "elements/shortened_text.h"
 
 #include <QStringBuilder>
 
@@ -9,6 +9,7 @@ namespace lineara {
 namespace {
 
 constexpr Extent mostOfAName{80};
+constexpr Extent mostInATip{2'000, 30}; // a screenful
 constexpr int unbrokenLetters = 40;
 constexpr QChar breakingPlace(u'\u200b');
 constexpr QChar nextLine(u'\u0085');
@@ -43,6 +44,14 @@ QString shortened(const QString& text, Extent most)
     if (end > 0 && text[end - 1].isHighSurrogate())
         --end;
     return text.first(end).trimmed() % u'…';
+}
+
+QString plainToolTip(const QString& text)
+{
+    QString shown = shortened(text, mostInATip);
+    shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    std::replace_if(shown.begin(), shown.end(), isShownAsLineBreak, QChar(u'\n'));
+    return u"<p>" % shown.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")) % u"</p>";
 }
 
 QString toldName(const QString& name)

@@ -1,4 +1,4 @@
-#include "shortened_text.h"
+#include "elements/shortened_text.h"
 
 #include <QStringList>
 
@@ -42,6 +42,18 @@ TEST(ShortenedText, LetsLongWordsOfNamesBeBroken)
         EXPECT_LE(word.size(), 41);
         EXPECT_TRUE(word.startsWith(u'e') || word == QStringLiteral("…"));
     }
+}
+
+TEST(ShortenedText, TooltipsShowMarksAsTheyAre)
+{
+    EXPECT_EQ(plainToolTip(QStringLiteral("<b>Anna</b> & Bert\nCarl\r\nDora")),
+              QStringLiteral("<p>&lt;b&gt;Anna&lt;/b&gt; &amp; Bert<br>Carl<br>Dora</p>"));
+}
+
+TEST(ShortenedText, TooltipsFitOnAScreen)
+{
+    EXPECT_LT(plainToolTip(QStringLiteral("Anna ").repeated(100'000)).size(), 2'100);
+    EXPECT_EQ(plainToolTip(QStringLiteral("Anna\n").repeated(100)).count(QStringLiteral("<br>")), 29);
 }
 
 } // namespace
