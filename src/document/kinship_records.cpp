@@ -34,21 +34,4 @@ bool KinshipRecords::concerns(const Change& change)
     return std::holds_alternative<RecordRemoved>(change);
 }
 
-std::vector<RecordId> KinshipRecords::idsOf(std::span<const kinship::PersonIndex> persons) const
-{
-    std::vector<RecordId> ids;
-    ids.reserve(persons.size());
-    for (const kinship::PersonIndex person : persons)
-        ids.push_back(idOf(person));
-    return ids;
-}
-
-std::optional<kinship::PersonIndex> KinshipRecords::indexOf(RecordId person) const
-{
-    const auto found = std::ranges::find(snapshot_.persons, person);
-    if (found == snapshot_.persons.end())
-        return std::nullopt;
-    return static_cast<kinship::PersonIndex>(found - snapshot_.persons.begin());
-}
-
 } // namespace lineara

@@ -27,9 +27,12 @@ public:
     kinship::CheckedFamily checked() const { return {snapshot_.graph, dates_, sexes_}; }
 
     RecordId idOf(kinship::PersonIndex person) const { return snapshot_.persons[person]; }
-    std::vector<RecordId> idsOf(std::span<const kinship::PersonIndex> persons) const;
+    std::vector<RecordId> idsOf(std::span<const kinship::PersonIndex> persons) const
+    {
+        return snapshot_.idsOf(persons);
+    }
     /// No value for somebody who was not there.
-    std::optional<kinship::PersonIndex> indexOf(RecordId person) const;
+    std::optional<kinship::PersonIndex> indexOf(RecordId person) const { return snapshot_.indexOf(person); }
 
 private:
     FamilySnapshot snapshot_;

@@ -3,56 +3,32 @@
 #include "kinship/relatives.h"
 #include "model/pool.h"
 
-#include <algorithm>
-#include <optional>
-
 namespace lineara {
 
 namespace {
 
-std::optional<engine::PersonIndex> indexOf(const FamilySnapshot& family, RecordId person)
+template<class Reach>
+std::vector<RecordId> reachedFrom(RecordId person, const Pool& pool, Reach reach)
 {
-    const auto found = std::ranges::find(family.persons, person);
-    if (found == family.persons.end())
-        return std::nullopt;
-    return static_cast<engine::PersonIndex>(found - family.persons.begin());
-}
-
-std::vector<RecordId> idsOf(const FamilySnapshot& family, const std::vector<engine::PersonIndex>& persons)
-{
-    std::vector<RecordId> ids;
-    ids.reserve(persons.size());
-    for (const engine::PersonIndex person : persons)
-        ids.push_back(family.persons[person]);
-    return ids;
+    const FamilySnapshot family = pool.snapshot();
+    const auto index = family.indexOf(person);
+    return index ? family.idsOf(reach(family.graph, *index)) : std::vector<RecordId>();
 }
 
 } // namespace
 
 std::vector<RecordId> ancestorsOf(const Pool& pool, RecordId person)
 {
-    const FamilySnapshot family = pool.snapshot();
-    const auto index = indexOf(family, person);
-    return index ? idsOf(family, kinship::ancestorsOf(family.graph, *index)) : std::vector<RecordId>();
+    return reachedFrom(person, pool, kinship::ancestorsOf);
 }
 
 std::vector<RecordId> descendantsWithPartnersOf(const Pool& pool, RecordId person)
 {
-    const FamilySnapshot family = pool.snapshot();
-    const auto index = indexOf(family, person);
-    if (!index)
-        return {};
-    std::vector<engine::PersonIndex> all = kinship::descendantsOf(family.graph, *index);
-    const std::size_t descendants = all.size();
-    for (std::size_t at = 0; at < descendants; ++at) {
-        const auto& partners = family.graph.partners[all[at]];
-        all.insert(all.end(), partners.begin(), partners.end());
-    }
-    std::ranges::sort(all);
-    const auto repeated = std::ranges::unique(all);
-    all.erase(repeated.begin(), repeated.end());
-    std::erase(all, *index);
-    return idsOf(family, all);
+    return reachedFrom(person, pool, [](const engine::FamilyGraph& family, engine::PersonIndex from) {
+        auto persons = kinship::withPartners(family, kinship::descendantsOf(family, from));
+        std::erase(persons, from);
+        return persons;
+    });
 }
 
 } // namespace lineara

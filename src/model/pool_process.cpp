@@ -143,6 +143,23 @@ bool Pool::process(std::stop_token stop)
     return result.has_value();
 }
 
+std::optional<engine::PersonIndex> FamilySnapshot::indexOf(RecordId person) const
+{
+    const auto found = std::ranges::find(persons, person);
+    if (found == persons.end())
+        return std::nullopt;
+    return static_cast<engine::PersonIndex>(found - persons.begin());
+}
+
+std::vector<RecordId> FamilySnapshot::idsOf(std::span<const engine::PersonIndex> indices) const
+{
+    std::vector<RecordId> ids;
+    ids.reserve(indices.size());
+    for (const engine::PersonIndex index : indices)
+        ids.push_back(persons[index]);
+    return ids;
+}
+
 FamilySnapshot Pool::snapshot() const
 {
     return SnapshotTaker(*this).take();

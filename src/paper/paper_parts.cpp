@@ -1,5 +1,8 @@
 #include "paper/paper_parts.h"
 
+#include "kinship/relatives.h"
+#include "model/pool.h"
+
 #include <QCoreApplication>
 
 #include <utility>
@@ -13,46 +16,33 @@ struct PaperPartsTexts
     Q_DECLARE_TR_FUNCTIONS(PaperParts)
 };
 
-/// Everybody who is reached from a person, the person included. Families may be of any depth, and go in circles where
-/// a file was wrong.
-template<class Next>
-std::vector<const Person*> reached(const Person& from, std::unordered_set<RecordId>& seen, Next next)
+/// The person and whoever else `reach` tells of the family.
+template<class Reach>
+PicturePart goingOutFrom(const Person& person, Reach reach)
 {
-    std::vector<const Person*> persons{&from};
-    seen.insert(from.recordId());
-    for (std::size_t at = 0; at < persons.size(); ++at) {
-        for (const Person* const person : next(*persons[at])) {
-            if (seen.insert(person->recordId()).second)
-                persons.push_back(person);
-        }
+    std::unordered_set<RecordId> part{person.recordId()};
+    if (person.pool()) {
+        const FamilySnapshot family = person.pool()->snapshot();
+        const auto reached = family.idsOf(reach(family.graph, *family.indexOf(person.recordId())));
+        part.insert(reached.begin(), reached.end());
     }
-    return persons;
+    return {std::move(part)};
 }
 
 } // namespace
 
 PicturePart ancestorsOf(const Person& person)
 {
-    std::unordered_set<RecordId> seen;
-    reached(
-        person, seen, [](const Person& of) -> const auto& { return of.parents(); });
-    return {std::move(seen)};
+    return goingOutFrom(person, kinship::ancestorsOf);
 }
 
 PicturePart descendantsOf(const Person& person)
 {
-    std::unordered_set<RecordId> seen;
-    const auto persons = reached(
-        person, seen, [](const Person& of) -> const auto& { return of.children(); });
-    for (const Person* const descendant : persons) {
-        for (const Person* const partner : descendant->partners())
-            seen.insert(partner->recordId());
-        for (const Person* const child : descendant->children()) {
-            for (const Person* const parent : child->parents())
-                seen.insert(parent->recordId());
-        }
-    }
-    return {std::move(seen)};
+    return goingOutFrom(person, [](const engine::FamilyGraph& family, engine::PersonIndex from) {
+        auto line = kinship::descendantsOf(family, from);
+        line.push_back(from);
+        return kinship::withPartners(family, line);
+    });
 }
 
 std::vector<PaperPart> partsOf(const Person* person)

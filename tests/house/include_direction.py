@@ -20,7 +20,7 @@ ROOMS = {
     "interchange": {"model", "engine", "platform", "layout", "store"},
     "elements": {"model", "platform"},
     "canvas": {"elements", "layout", "model", "platform"},
-    "paper": {"canvas", "elements", "store", "model", "platform"},
+    "paper": {"canvas", "elements", "kinship", "store", "model", "platform"},
     "personlist": {"elements", "model", "platform"},
     "document": {"canvas", "paper", "personlist", "store", "interchange", "elements", "layout", "model", "kinship",
                  "engine",

@@ -164,4 +164,15 @@ std::set<PersonIndex> descendantsOf(const engine::FamilyGraph& family, PersonInd
     return reached(family.children, person);
 }
 
+std::set<PersonIndex> withPartners(const engine::FamilyGraph& family, const std::set<PersonIndex>& persons)
+{
+    std::set<PersonIndex> all = persons;
+    for (const PersonIndex person : persons) {
+        all.merge(setOf(family.partners[person]));
+        for (const PersonIndex child : family.children[person])
+            all.merge(setOf(family.parents[child]));
+    }
+    return all;
+}
+
 } // namespace lineara::kinship::literal

@@ -37,6 +37,7 @@ int linksBetween(const engine::FamilyGraph& family, PersonIndex first, PersonInd
 
 std::set<PersonIndex> ancestorsOf(const engine::FamilyGraph& family, PersonIndex person);
 std::set<PersonIndex> descendantsOf(const engine::FamilyGraph& family, PersonIndex person);
+std::set<PersonIndex> withPartners(const engine::FamilyGraph& family, const std::set<PersonIndex>& persons);
 
 } // namespace literal
 } // namespace lineara::kinship

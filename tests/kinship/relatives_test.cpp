@@ -22,6 +22,12 @@ TEST(RelativesTest, TellsTheNearestFirstAndNotThePerson)
     EXPECT_THAT(ancestorsOf(family, 0), IsEmpty());
 }
 
+TEST(RelativesTest, TellsPartnersAndOtherParentsBehindThePersons)
+{
+    const auto family = FamilyMaker(7).offspring({{0, 2}, {1, 2}, {2, 3}, {4, 3}}).partners({{0, 5}, {5, 6}}).graph();
+    EXPECT_THAT(withPartners(family, std::vector<PersonIndex>{0, 2, 3}), ElementsAre(0, 2, 3, 5, 1, 4));
+}
+
 TEST(RelativesTest, TellsWhomTheRulesTellInRandomFamilies)
 {
     std::mt19937_64 random{5};
@@ -30,6 +36,8 @@ TEST(RelativesTest, TellsWhomTheRulesTellInRandomFamilies)
         const auto person = static_cast<PersonIndex>(random() % family.persons());
         EXPECT_THAT(ancestorsOf(family, person), UnorderedElementsAreArray(literal::ancestorsOf(family, person)));
         EXPECT_THAT(descendantsOf(family, person), UnorderedElementsAreArray(literal::descendantsOf(family, person)));
+        EXPECT_THAT(withPartners(family, descendantsOf(family, person)),
+                    UnorderedElementsAreArray(literal::withPartners(family, literal::descendantsOf(family, person))));
     }
 }
 

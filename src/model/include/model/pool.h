@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <stop_token>
 #include <vector>
 
@@ -32,6 +33,10 @@ struct FamilySnapshot
 {
     engine::FamilyGraph graph;
     std::vector<RecordId> persons; ///< by graph index
+
+    /// No value if the person is neither a member nor linked to one. Time is linear in the persons.
+    std::optional<engine::PersonIndex> indexOf(RecordId person) const;
+    std::vector<RecordId> idsOf(std::span<const engine::PersonIndex> indices) const;
 };
 
 /// The family: its members, and what the generation engine worked out last. Main thread only.
