@@ -129,16 +129,31 @@ Outcome<QByteArray> Gedzip::genealogy(const Progress& progress) const
     }
 }
 
+/// The file of that name, or else the first one that other systems would take for it.
+std::optional<std::uint64_t> Gedzip::find(const QString& place) const
+{
+    const zip_int64_t index = zip_name_locate(archive_, place.toUtf8().constData(), asWritten);
+    if (index >= 0)
+        return static_cast<std::uint64_t>(index);
+    if (!likenesses_) {
+        likenesses_.emplace();
+        for (zip_uint64_t at = countIn(archive_); at-- > 0;)
+            likenesses_->insert(likenessOf(nameIn(archive_, at)), at);
+    }
+    const auto found = likenesses_->constFind(likenessOf(place));
+    return found == likenesses_->constEnd() ? std::nullopt : std::optional(*found);
+}
+
 Outcome<MediaFile> Gedzip::read(const QString& name) const
 {
     for (const QString& place : placesInArchive(name)) {
-        const zip_int64_t index = zip_name_locate(archive_, place.toUtf8().constData(), asWritten);
-        if (index < 0)
+        const auto index = find(place);
+        if (!index)
             continue;
-        const Entry entry(zip_fopen_index(archive_, static_cast<zip_uint64_t>(index), 0));
+        const Entry entry(zip_fopen_index(archive_, *index, 0));
         if (!entry)
             break;
-        MediaFile file{{}, place};
+        MediaFile file{{}, nameIn(archive_, *index)};
         while (file.bytes.size() <= mostBytes) {
             const auto piece = pieceOf(entry.get(), qsizetype{256} * 1024);
             if (!piece)

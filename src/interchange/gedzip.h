@@ -4,7 +4,9 @@
 
 #include "platform/progress.h"
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 
 struct zip;
 
@@ -34,11 +36,14 @@ public:
     QStringList ownFiles() const override;
 
 private:
+    std::optional<std::uint64_t> find(const QString& place) const;
+
     Gedzip(QByteArray bytes, QString name) : bytes_(std::move(bytes)), name_(std::move(name)) {}
 
     QByteArray bytes_;
     QString name_;
     ::zip* archive_ = nullptr;
+    mutable std::optional<QHash<QString, std::uint64_t>> likenesses_;
 };
 
 } // namespace lineara

@@ -55,6 +55,11 @@ QString decodedAddress(const QString& name)
     return decoded.contains(QChar::ReplacementCharacter) ? name : decoded;
 }
 
+QString likenessOf(const QString& name)
+{
+    return name.normalized(QString::NormalizationForm_C).toCaseFolded();
+}
+
 bool isOnTheWeb(const QString& name)
 {
     const auto scheme = name.indexOf(QStringLiteral("://"));
@@ -99,12 +104,45 @@ QString FolderMediaFiles::find(const QString& name) const
     if (folder_.isEmpty())
         return {};
     for (const QString& place : placesOf(name)) {
-        const QString path = QFileInfo(QDir(folder_).filePath(place)).canonicalFilePath();
-        const bool isBelow = path.startsWith(folder_.endsWith(u'/') ? folder_ : QString(folder_ + u'/'));
-        if (!path.isEmpty() && isBelow && QFileInfo(path).isFile())
-            return place;
+        QString found = holds(place) ? place : resembling(place);
+        if (!found.isEmpty())
+            return found;
     }
     return {};
+}
+
+bool FolderMediaFiles::holds(const QString& place) const
+{
+    const QString path = QFileInfo(QDir(folder_).filePath(place)).canonicalFilePath();
+    const bool isBelow = path.startsWith(folder_.endsWith(u'/') ? folder_ : QString(folder_ + u'/'));
+    return !path.isEmpty() && isBelow && QFileInfo(path).isFile();
+}
+
+QString FolderMediaFiles::resembling(const QString& place) const
+{
+    QString found;
+    for (const QString& step : place.split(u'/')) {
+        const QString name = contentsOf(found).value(likenessOf(step));
+        if (name.isEmpty())
+            return {};
+        found = found.isEmpty() ? name : QString(found + u'/' + name);
+    }
+    return holds(found) ? found : QString();
+}
+
+const QHash<QString, QString>& FolderMediaFiles::contentsOf(const QString& folder) const
+{
+    const auto known = contents_.constFind(folder);
+    if (known != contents_.constEnd())
+        return *known;
+    QHash<QString, QString> contents;
+    const auto kinds = QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden;
+    for (const QString& name : QDir(QDir(folder_).filePath(folder)).entryList(kinds, QDir::Name)) {
+        const QString likeness = likenessOf(name);
+        if (!contents.contains(likeness))
+            contents.insert(likeness, name);
+    }
+    return *contents_.insert(folder, contents);
 }
 
 Outcome<MediaFile> FolderMediaFiles::read(const QString& name) const

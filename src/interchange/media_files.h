@@ -3,6 +3,7 @@
 #include "platform/outcome.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -15,7 +16,7 @@ struct MediaFile
     QString place; ///< below the folder, or in the archive
 };
 
-/// Where the pictures of a genealogy are looked for.
+/// Where the pictures of a genealogy are looked for. Used by one thread at a time.
 class MediaFiles
 {
 public:
@@ -45,8 +46,9 @@ public:
 ///
 /// A genealogy is somebody else's file, and its names were true on another computer. They never lead out of the folder:
 /// of an absolute name, and of one that climbs, only its end can be there, so the longest end that is there is taken
-/// ("C:\Pictures\Tom.jpg" is "Pictures/Tom.jpg" or "Tom.jpg"). Links to elsewhere are not followed, nothing is fetched
-/// from the network, and what is no plain file is left alone.
+/// ("C:\Pictures\Tom.jpg" is "Pictures/Tom.jpg" or "Tom.jpg"). Where no file is called exactly so, one will do whose
+/// name means the same to other systems: capitals don't count, nor how accents are written. Links to elsewhere are not
+/// followed, nothing is fetched from the network, and what is no plain file is left alone.
 class FolderMediaFiles : public MediaFiles
 {
 public:
@@ -59,8 +61,13 @@ public:
 private:
     /// The place of the file; empty if it is not there.
     QString find(const QString& name) const;
+    bool holds(const QString& place) const;
+    QString resembling(const QString& place) const;
+    /// What is in a folder below this one, by its names as others may write them.
+    const QHash<QString, QString>& contentsOf(const QString& folder) const;
 
     QString folder_; // canonical
+    mutable QHash<QString, QHash<QString, QString>> contents_;
 };
 
 /// The places below a folder at which a file of that name may be, the most exact one first. Empty for an address on the
@@ -72,6 +79,9 @@ QStringList placesInArchive(const QString& name);
 
 /// The name with "%20" as a blank, and so on; as it stands if it is no address in UTF-8.
 QString decodedAddress(const QString& name);
+
+/// The same for all names of files that are one to a system that ignores capitals and how accents are written.
+QString likenessOf(const QString& name);
 
 /// Whether the name is the address of something that only a network has.
 bool isOnTheWeb(const QString& name);

@@ -106,6 +106,35 @@ TEST_F(PicturesInAFolder, ThePrimaryOneCountsAndElseTheFirst)
               tomsPicture);
 }
 
+TEST_F(PicturesInAFolder, AreFoundInOtherCapitals)
+{
+    for (const char* name : {"TOM.PNG", "tom.png", "C:\\Family\\Tom.Png"})
+        EXPECT_EQ(pictureOf(importedHere(QByteArray("0 @I1@ INDI\n1 OBJE\n2 FILE ") + name + "\n")), tomsPicture)
+            << name;
+    EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE D:\\Media\\ANN.JPG\n")), annsPicture);
+    EXPECT_EQ(notesOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE tom.PNG\n")), "");
+}
+
+TEST_F(PicturesInAFolder, AreFoundHoweverAccentsAreWritten)
+{
+    write(QStringLiteral("family/Zo\u00eb.png"), tomsPicture);
+    write(QStringLiteral("family/media/Rene\u0301.jpg"), annsPicture);
+    EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE Zoe\xCC\x88.png\n")), tomsPicture);
+    EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE media/Ren\xC3\xA9.jpg\n")), annsPicture);
+}
+
+TEST_F(PicturesInAFolder, TheOneThatIsCalledExactlySoComesFirst)
+{
+    write(QStringLiteral("family/TOM.png"), annsPicture);
+    write(QStringLiteral("family/tom.png"), annsPicture);
+    EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE Tom.png\n")), tomsPicture);
+}
+
+TEST_F(PicturesInAFolder, OtherCapitalsLeadNowhereElseEither)
+{
+    EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE LINK.png\n1 OBJE\n2 FILE ../SECRET.png\n")), "");
+}
+
 TEST_F(PicturesInAFolder, OnesThatCanNotBeTakenAreTold)
 {
     const auto family = importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE gone.png\n1 OBJE\n2 FILE notes.png\n1 OBJE @O9@\n"
@@ -201,6 +230,17 @@ TEST(Gedzips, AreImportedWithTheirPictures)
     EXPECT_EQ(family.report.version, QStringLiteral("7.0"));
     EXPECT_EQ(notesOf(family), "");
     EXPECT_EQ(family.context->storeUuid(), imported(text).context->storeUuid());
+}
+
+TEST(Gedzips, PicturesAreFoundInOtherCapitals)
+{
+    const QByteArray text = "0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @I1@ INDI\n1 OBJE @O1@\n0 @O1@ OBJE\n1 FILE Media/ann.JPG\n"
+                            "2 FORM image/jpeg\n0 TRLR\n";
+    const auto family =
+        imported(zipped({{"gedcom.ged", text}, {"media/Ann.jpg", annsPicture}, {"b.png", tomsPicture}}));
+    ASSERT_NE(member(family, 0).pic(), nullptr);
+    EXPECT_EQ(member(family, 0).pic()->data(), annsPicture);
+    EXPECT_EQ(family.report.leftFiles, QStringList{QStringLiteral("b.png")});
 }
 
 TEST(Gedzips, EveryFileIsTakenOrTold)
