@@ -197,7 +197,7 @@ std::optional<Arrangement> keptOrder(const Chart& chart, Arrangement arrangement
                                      const Heard& heard)
 {
     constexpr int mostRounds = 30;
-    keepWithin(chart, arrangement, std::min(usualWidth(chart), widthOf(chart, arrangement)));
+    keepWithin(chart, arrangement, usualWidth(chart));
     toWholePoints(chart, arrangement, pitch);
     const FamilyTree tree = spanFrom(chart, 0);
     Hearing hearing(heard);

@@ -113,6 +113,21 @@ TEST(TidyAgain, NobodyMovesTheSecondTimeAfterAnAddition)
     }
 }
 
+TEST(TidyAgain, NobodyMovesTheSecondTimeAfterAMess)
+{
+    Random random(75);
+    for (int round = 0; round < 10 * tidiedTwice; ++round) {
+        SCOPED_TRACE(round);
+        const Sketch sketch = randomTangle(random, pick(random, 3, 30));
+        const Edges years = someYears(random, sketch.persons());
+        Edges mess;
+        while (mess.size() < sketch.persons())
+            mess.push_back(margin + static_cast<std::int32_t>(pick(random, 0, 90 * 30)));
+        const Edges once = tidiedFrom(sketch, years, mess);
+        ASSERT_EQ(tidiedFrom(sketch, years, once), once);
+    }
+}
+
 TEST(TidyAgain, WhoWasDraggedFarAwayComesBack)
 {
     Random random(73);
