@@ -23,16 +23,10 @@ SelectedPart::SelectedPart(const TidyTask& task, std::span<const PersonIndex> se
     : task_(task), persons_(selected.begin(), selected.end()), selected_(selected.size()),
       indexOf_(task.family.persons(), nobody)
 {
-    const auto take = [&](PersonIndex index) { indexOf_[persons_[index]] = index; };
     for (PersonIndex index = 0; index < selected_; ++index)
-        take(index);
+        indexOf_[persons_[index]] = index;
     for (PersonIndex index = 0; index < selected_; ++index)
-        for (const engine::Adjacency* links : {&task.family.parents, &task.family.children, &task.family.partners})
-            for (const PersonIndex other : (*links)[persons_[index]])
-                if (indexOf_[other] == nobody) {
-                    persons_.push_back(other);
-                    take(static_cast<PersonIndex>(persons_.size() - 1));
-                }
+        takeCompanionsOf(persons_[index]);
     copyPart();
     ChartBuilder builder(links_, rows_, birthYears_);
     const Lists<PersonIndex> families = connectedFamilies(links_);
@@ -40,6 +34,24 @@ SelectedPart::SelectedPart(const TidyTask& task, std::span<const PersonIndex> se
         families_.push_back({builder.build(families[number]), {families[number].begin(), families[number].end()}});
     for (std::size_t index = 0; index < selected_; ++index)
         wishes_.push_back(present_[index]);
+}
+
+void SelectedPart::takeCompanionsOf(PersonIndex person)
+{
+    const auto take = [this](std::span<const PersonIndex> others) {
+        for (const PersonIndex other : others) {
+            if (indexOf_[other] != nobody)
+                continue;
+            indexOf_[other] = static_cast<PersonIndex>(persons_.size());
+            persons_.push_back(other);
+        }
+    };
+    take(task_.family.parents[person]);
+    take(task_.family.children[person]);
+    take(task_.family.partners[person]);
+    // Without both parents a child would hang from one of them, among half siblings who are whole ones then.
+    for (const PersonIndex child : task_.family.children[person])
+        take(task_.family.parents[child]);
 }
 
 void SelectedPart::copyPart()

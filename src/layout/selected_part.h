@@ -13,7 +13,7 @@
 namespace lineara::layout {
 
 /// The selected persons of a family and where they would best stand. Their companions, outsiders who are parent, child
-/// or partner of one of them, say where they belong and stay where they are.
+/// or partner of one of them or have a child with one, say where they belong and stay where they are.
 class SelectedPart
 {
 public:
@@ -46,6 +46,7 @@ private:
         double cost = 0;
     };
 
+    void takeCompanionsOf(engine::PersonIndex person);
     void copyPart();
     void wishFor(Family& family, std::span<const std::int32_t> tidied);
     std::optional<std::vector<double>> betterPlaces(const Family& family, std::span<const std::int32_t> tidied,

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "hearing.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -31,7 +34,10 @@ struct SharedOut
 
 /// Shares out the gaps of a row, from left to right, among groups that keep their order: of all ways those with the
 /// least lack of room, and of these the one in which the groups stand nearest to their wishes, each seen alone. There
-/// is at least one gap. Takes time and memory in proportion to groups times gaps.
-SharedOut shareOut(std::span<const GroupShare> groups, std::span<const Gap> gaps, std::int64_t pitch);
+/// is at least one gap and one group. No value if `heard` said not to go on. Where all wishes can be granted, this
+/// takes time in proportion to groups and gaps; else to groups times gaps, of which only those count where somebody
+/// fits in as long as these suffice, and memory in proportion to groups times the root of gaps.
+std::optional<SharedOut> shareOut(std::span<const GroupShare> groups, std::span<const Gap> gaps, std::int64_t pitch,
+                                  const Heard& heard);
 
 } // namespace lineara::layout

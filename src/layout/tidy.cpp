@@ -115,6 +115,8 @@ std::optional<std::vector<std::int32_t>> tidy(const TidyTask& task, const TidyPr
             placed[person] = true;
         done += persons;
     }
+    if (progress && !progress(1))
+        return std::nullopt;
     for (PersonIndex person = 0; person < task.family.persons(); ++person)
         if (!placed[person])
             packing.addAlone(person);

@@ -1,3 +1,4 @@
+#include "hearing.h"
 #include "layout/row_solver.h"
 #include "layout/tidy.h"
 #include "selected_part.h"
@@ -33,18 +34,21 @@ public:
     void addOther(PersonIndex person) { others_.push_back(person); }
     void addChosen(PersonIndex person, std::int64_t wish) { chosen_.emplace_back(wish, person); }
 
-    void settle(std::vector<std::int32_t>& places)
+    /// Returns false if `heard` said not to go on.
+    bool settle(std::vector<std::int32_t>& places, const Heard& heard)
     {
         if (chosen_.empty())
-            return;
+            return true;
         std::ranges::stable_sort(others_, {}, [&](PersonIndex other) { return places[other]; });
         formGroups();
         measureGaps(places);
-        makeRoom(places);
+        if (!makeRoom(places, heard))
+            return false;
         placeGroups();
         for (const Group& group : groups_)
             for (std::size_t index = 0; index < group.persons.size(); ++index)
                 places[group.persons[index]] = static_cast<std::int32_t>(group.place + offset(index));
+        return true;
     }
 
 private:
@@ -93,17 +97,24 @@ private:
 
     /// Gives every group the gap in which it stands best, and moves apart those who are not selected where that is too
     /// small: each with the groups behind it counts as one wide node, so they move by the least total.
-    void makeRoom(std::vector<std::int32_t>& places)
+    bool makeRoom(std::vector<std::int32_t>& places, const Heard& heard)
     {
         std::vector<GroupShare> groups;
         groups.reserve(groups_.size());
         for (const Group& group : groups_)
             groups.push_back({group.wish, offset(group.persons.size())});
-        const SharedOut shared = shareOut(groups, gaps_, task_.pitch);
+        const auto shared = shareOut(groups, gaps_, task_.pitch, heard);
+        if (!shared)
+            return false;
         for (std::size_t group = 0; group < groups_.size(); ++group)
-            groups_[group].gap = shared.gaps[group];
-        if (shared.lack == 0)
-            return;
+            groups_[group].gap = shared->gaps[group];
+        if (shared->lack > 0)
+            moveApart(places);
+        return true;
+    }
+
+    void moveApart(std::vector<std::int32_t>& places)
+    {
         std::vector<RowNode> nodes;
         nodes.reserve(others_.size());
         for (const PersonIndex other : others_)
@@ -142,9 +153,10 @@ private:
     std::vector<Gap> gaps_;
 };
 
-/// Everybody's place when the selected stand as near to their wishes as the others let them.
-std::vector<std::int32_t> placesFor(const TidyTask& task, std::span<const PersonIndex> selected,
-                                    const std::vector<std::int64_t>& wishes)
+/// Everybody's place when the selected stand as near to their wishes as the others let them; nothing if `heard` said
+/// not to go on.
+std::optional<std::vector<std::int32_t>> placesFor(const TidyTask& task, std::span<const PersonIndex> selected,
+                                                   const std::vector<std::int64_t>& wishes, const Heard& heard)
 {
     std::vector<std::int32_t> places(task.present.begin(), task.present.end());
     std::vector<bool> isSelected(task.family.persons(), false);
@@ -160,8 +172,12 @@ std::vector<std::int32_t> placesFor(const TidyTask& task, std::span<const Person
     for (PersonIndex person = 0; person < task.family.persons(); ++person)
         if (!isSelected[person])
             rowOf(person).addOther(person);
-    for (auto& [generation, row] : rows)
-        row.settle(places);
+    Hearing hearing(heard);
+    for (auto& [generation, row] : rows) {
+        hearing.nextPart(1 / static_cast<double>(rows.size()));
+        if (!row.settle(places, hearing.ofPart()))
+            return std::nullopt;
+    }
     return places;
 }
 
@@ -172,13 +188,19 @@ std::optional<std::vector<std::int32_t>> tidySelection(const TidyTask& task, std
 {
     if (selected.empty())
         return std::vector<std::int32_t>(task.present.begin(), task.present.end());
+    constexpr double partOfWishes = 0.5;
+    Hearing hearing(progress);
+    hearing.nextPart(partOfWishes);
     SelectedPart part(task, selected);
-    if (!part.tidyUp(progress))
+    if (!part.tidyUp(hearing.ofPart()))
         return std::nullopt;
-    std::vector<std::int32_t> places = placesFor(task, selected, part.wishes());
-    while (part.giveUpInVain(places))
-        places = placesFor(task, selected, part.wishes());
-    return places;
+    hearing.nextPart(1 - partOfWishes);
+    auto places = placesFor(task, selected, part.wishes(), hearing.ofPart());
+    // How often wishes are given up is not known beforehand.
+    hearing.nextPart(0);
+    while (places && part.giveUpInVain(*places))
+        places = placesFor(task, selected, part.wishes(), hearing.ofPart());
+    return hearing.goesOn(1) ? places : std::nullopt;
 }
 
 } // namespace lineara::layout

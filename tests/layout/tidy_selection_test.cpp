@@ -92,6 +92,25 @@ TEST(TidySelection, NobodyMovesInAFamilyThatIsTidy)
     }
 }
 
+TEST(TidySelection, AChildStandsWhereBothItsParentsWantIt)
+{
+    Sketch sketch;
+    const PersonIndex father = sketch.person(2);
+    const PersonIndex mother = sketch.person(2);
+    const PersonIndex elder = sketch.person(1);
+    const PersonIndex younger = sketch.person(1);
+    sketch.bear(younger, {mother, father});
+    sketch.bear(elder, {father});
+    const std::vector<std::int32_t> years{1800, 1800, 1833, 1900};
+    const FamilyGraph graph = sketch.graph();
+    TidyTask task{graph, sketch.generations()};
+    task.birthYears = years;
+    task.margin = margin;
+    const LeftEdges x = tidy(task).value();
+    task.present = x;
+    EXPECT_EQ(tidySelection(task, std::vector<PersonIndex>{father, elder}), x);
+}
+
 TEST(TidySelection, ChildrenWhoWentAstrayComeBackBeneathTheirParents)
 {
     Sketch sketch;
@@ -135,6 +154,37 @@ TEST(TidySelection, OthersMoveApartInTheirOrderWhereThereIsNone)
     for (const auto& [generation, row] : rowsFromTheLeft(sketch, *places))
         for (std::size_t at = 1; at < row.size(); ++at)
             EXPECT_GE((*places)[row[at]] - (*places)[row[at - 1]], pitch);
+}
+
+TEST(TidySelection, TellsHowFarItIsAndStopsAtAnyMoment)
+{
+    Random random(37);
+    const Sketch family = largeFamily(random, 4, 200);
+    const FamilyGraph graph = family.graph();
+    LeftEdges x = order(family);
+    // Somebody of each row stands at the other end, so that nobody's wish is granted without a search for room.
+    for (auto& [generation, row] : rowsFromTheLeft(family, x))
+        std::swap(x[row.front()], x[row[row.size() - 2]]);
+    std::vector<PersonIndex> selected;
+    for (PersonIndex person = 0; person < family.persons(); person += 2)
+        selected.push_back(person);
+    TidyTask task{graph, family.generations()};
+    task.present = x;
+    task.margin = margin;
+    std::vector<double> told;
+    ASSERT_TRUE(tidySelection(task, selected, [&](double share) {
+        told.push_back(share);
+        return true;
+    }));
+    EXPECT_TRUE(std::ranges::is_sorted(told));
+    EXPECT_EQ(told.back(), 1);
+    EXPECT_GT(std::ranges::count_if(told, [](double share) { return share > 0.6 && share < 0.9; }), 5);
+    for (std::size_t stop = 0; stop < told.size(); ++stop) {
+        std::size_t calls = 0;
+        EXPECT_FALSE(tidySelection(task, selected, [&](double) { return ++calls <= stop; })) << stop;
+        EXPECT_EQ(calls, stop + 1);
+        stop += told.size() / 40;
+    }
 }
 
 /// One row of couples and singles who stand anywhere, some of whom are tidied up.

@@ -236,5 +236,14 @@ TEST(Tidy, StopsWhenNotToGoOn)
     EXPECT_FALSE(tidy({graph, family.generations()}, [](double) { return false; }).has_value());
 }
 
+TEST(Tidy, StopsWhenNotToGoOnAmongStrangers)
+{
+    Sketch strangers;
+    for (int person = 0; person < 10; ++person)
+        strangers.person(0);
+    const FamilyGraph graph = strangers.graph();
+    EXPECT_FALSE(tidy({graph, strangers.generations()}, [](double) { return false; }).has_value());
+}
+
 } // namespace
 } // namespace lineara::layout

@@ -47,7 +47,8 @@ std::optional<std::vector<std::int32_t>> tidy(const TidyTask& task, const TidyPr
 
 /// The same for some persons only, each named once; `present` is needed for it. Everybody else stays, and the selected
 /// find room between them, where it suits their relatives; who stands well already stays. Only where a row has no room
-/// for them, those not selected move apart, by the least total and in their order.
+/// for them, those not selected move apart, by the least total and in their order. Left of all others there is room for
+/// one at least, even if that leads beyond the margin.
 std::optional<std::vector<std::int32_t>>
 tidySelection(const TidyTask& task, std::span<const engine::PersonIndex> selected, const TidyProgress& progress = {});
 
