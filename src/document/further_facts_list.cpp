@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QHeaderView>
+#include <QScopedValueRollback>
 #include <QStringBuilder>
 #include <QStyledItemDelegate>
 #include <QTreeWidgetItemIterator>
@@ -101,10 +102,11 @@ QString wholeTextOf(const QTreeWidgetItem& item, Column column)
 /// The text can be seen as far as its row has room, read further in a tooltip, and copied whole.
 void setTextOf(QTreeWidgetItem& item, Column column, const QString& text, Extent most)
 {
-    item.setText(column, shortened(text, most));
+    const QString seen = text.trimmed();
+    item.setText(column, shortened(seen, most));
     item.setData(column, wholeText, text);
-    if (!text.isEmpty())
-        item.setToolTip(column, plainToolTip(text));
+    if (!seen.isEmpty())
+        item.setToolTip(column, plainToolTip(seen));
 }
 
 QString lineOf(const QTreeWidgetItem& item)
@@ -172,9 +174,14 @@ void FurtherFactsList::fitColumns()
     setItemDelegateForColumn(Label, new LineDelegate(this));
     setItemDelegateForColumn(Value, new WrappingDelegate(*this, this));
     resizeColumnToContents(Label);
-    header()->resizeSection(Label, std::min(header()->sectionSize(Label) + columnGap, mostLabelWidth));
-    // Heights of rows follow from the widths.
-    connect(header(), &QHeaderView::sectionResized, this, [this] { scheduleDelayedItemsLayout(); });
+    labelWidth_ = std::min(header()->sectionSize(Label) + columnGap, mostLabelWidth);
+    header()->resizeSection(Label, labelWidth_);
+    connect(header(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        // Heights of rows follow from the widths.
+        scheduleDelayedItemsLayout();
+        if (column == Label && !isNarrowing_)
+            labelWidth_ = width;
+    });
 }
 
 QString FurtherFactsList::selectedText()
@@ -247,7 +254,8 @@ void FurtherFactsList::keyboardSearch(const QString& typed)
     QModelIndex at = goesOn && !isOneLetter && isWanted(from) ? from : rowBelow(from);
     while (at != from && !isWanted(at))
         at = rowBelow(at);
-    setCurrentIndex(at);
+    if (at != from)
+        setCurrentIndex(at);
 }
 
 /// After the last one comes the first.
@@ -268,7 +276,8 @@ QSize FurtherFactsList::minimumSizeHint() const
 void FurtherFactsList::resizeEvent(QResizeEvent* event)
 {
     QTreeWidget::resizeEvent(event);
-    header()->resizeSection(Label, std::min(header()->sectionSize(Label), viewport()->width() / 2));
+    const QScopedValueRollback narrowing(isNarrowing_, true);
+    header()->resizeSection(Label, std::min(labelWidth_, viewport()->width() / 2));
     // Once the heights of rows have followed.
     QMetaObject::invokeMethod(
         this, [this] { scrollTo(currentIndex()); }, Qt::QueuedConnection);

@@ -40,6 +40,8 @@ private:
     void addCopying();
     void fitColumns();
 
+    int labelWidth_ = 0; // as wide as it is to be where there is room
+    bool isNarrowing_ = false;
     QString typed_; // of a search that goes on
     QElapsedTimer sinceTyped_;
 };

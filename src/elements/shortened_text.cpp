@@ -1,6 +1,7 @@
 #include "elements/shortened_text.h"
 
 #include <QStringBuilder>
+#include <QTextBoundaryFinder>
 
 #include <algorithm>
 
@@ -14,9 +15,15 @@ constexpr int unbrokenLetters = 40;
 constexpr QChar breakingPlace(u'\u200b');
 constexpr QChar nextLine(u'\u0085');
 
-bool belongsToLetterBefore(QChar unit)
+/// The last place up to `end` where no letter is cut from its marks.
+qsizetype betweenLetters(const QString& text, qsizetype end)
 {
-    return unit.isLowSurrogate() || unit.isMark();
+    constexpr qsizetype longestLetter = 64; // longer ones are a prank
+    const qsizetype from = std::max<qsizetype>(0, end - longestLetter);
+    const QString around = text.mid(from, 2 * longestLetter);
+    QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, around);
+    letters.setPosition(end - from);
+    return letters.isAtBoundary() ? end : from + std::max<qsizetype>(letters.toPreviousBoundary(), 0);
 }
 
 } // namespace
@@ -41,9 +48,7 @@ QString shortened(const QString& text, Extent most)
     }
     if (end == text.size())
         return text;
-    if (end > 0 && text[end - 1].isHighSurrogate())
-        --end;
-    return text.first(end).trimmed() % u'…';
+    return text.first(betweenLetters(text, end)).trimmed() % u'…';
 }
 
 QString plainToolTip(const QString& text)
@@ -56,15 +61,22 @@ QString plainToolTip(const QString& text)
 
 QString toldName(const QString& name)
 {
+    const QString shown = shortened(name, mostOfAName);
+    QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, shown);
+    QTextBoundaryFinder breaks(QTextBoundaryFinder::Line, shown);
     QString told;
-    int unbroken = 0;
-    for (const QChar letter : shortened(name, mostOfAName)) {
-        if (unbroken >= unbrokenLetters && !belongsToLetterBefore(letter)) {
+    qsizetype begin = 0;
+    qsizetype lastBreak = 0;
+    for (qsizetype end = letters.toNextBoundary(); end >= 0; end = letters.toNextBoundary()) {
+        breaks.setPosition(begin);
+        if (!breaks.isAtBoundary() && begin - lastBreak >= unbrokenLetters) {
             told += breakingPlace;
-            unbroken = 0;
+            lastBreak = begin;
+        } else if (breaks.isAtBoundary()) {
+            lastBreak = begin;
         }
-        told += letter;
-        unbroken = letter.isSpace() ? 0 : unbroken + 1;
+        told += QStringView(shown).sliced(begin, end - begin);
+        begin = end;
     }
     return told;
 }

@@ -44,6 +44,15 @@ TEST(FurtherFactsList, ShortensBetweenCharacters)
     EXPECT_EQ(list.topLevelItem(0)->text(1), QString(u'x' + tree.repeated(149) + u'…'));
 }
 
+TEST(FurtherFactsList, ShowsValuesFromTheirFirstWordsToTheirLast)
+{
+    const QString value = QStringLiteral("\n\n\n\n\n\n\n words\n\n\n\n\n\n\n");
+    FurtherFactsList list({{QStringLiteral("Note"), value, 0}});
+    EXPECT_EQ(list.topLevelItem(0)->text(1), QStringLiteral("words"));
+    EXPECT_EQ(list.topLevelItem(0)->toolTip(1), QStringLiteral("<p>words</p>"));
+    EXPECT_EQ(list.currentText(), value);
+}
+
 TEST(FurtherFactsList, ShortensLabelsAndHeadingsAndKeepsThemWhole)
 {
     const QString name(100'000, u'x');
@@ -245,6 +254,22 @@ TEST(FurtherFactsList, KeepsHalfOfItsWidthForTheValues)
     list.show();
     EXPECT_LE(list.header()->sectionSize(0), list.viewport()->width() / 2);
     EXPECT_LE(list.header()->length(), list.viewport()->width());
+}
+
+TEST(FurtherFactsList, GivesLabelsTheirRoomBackWhenItGetsWiderAgain)
+{
+    FurtherFactsList list({{QString(30, u'x'), QStringLiteral("words"), 0}});
+    list.resize(900, 200);
+    list.show();
+    const int fitting = list.header()->sectionSize(0);
+    list.resize(200, 200);
+    ASSERT_LT(list.header()->sectionSize(0), fitting);
+    list.resize(900, 200);
+    EXPECT_EQ(list.header()->sectionSize(0), fitting);
+    list.header()->resizeSection(0, 2 * fitting); // as its user drags it
+    list.resize(200, 200);
+    list.resize(1'500, 200);
+    EXPECT_EQ(list.header()->sectionSize(0), 2 * fitting);
 }
 
 TEST(FurtherFactsList, KeepsTheCurrentFactInSightWhenItGetsSmaller)

@@ -27,6 +27,16 @@ TEST(ShortenedText, IsTheTextItselfWhereThereIsRoomForIt)
     EXPECT_EQ(shortened(QStringLiteral("ones"), {3}), QStringLiteral("one…"));
 }
 
+TEST(ShortenedText, IsNotCutWithinALetter)
+{
+    const QString accented = QStringLiteral("e\u0301");
+    EXPECT_EQ(shortened(accented.repeated(3), {3}), QString(accented + u'…'));
+    const QString family = QStringLiteral("\U0001F469\u200D\U0001F467"); // woman and girl, as one sign
+    for (qsizetype room = 1; room < family.size(); ++room)
+        EXPECT_EQ(shortened(u'a' + family, {1 + room}), QStringLiteral("a…"));
+    EXPECT_LE(shortened(QString(500, u'\u0301'), {100}).size(), 101);
+}
+
 TEST(ShortenedText, LeavesUsualNamesAsTheyAre)
 {
     const QString name = QStringLiteral("Anna Maria von und zu Schneckenhausen-Hinterwaldburg");
@@ -42,6 +52,13 @@ TEST(ShortenedText, LetsLongWordsOfNamesBeBroken)
         EXPECT_LE(word.size(), 41);
         EXPECT_TRUE(word.startsWith(u'e') || word == QStringLiteral("…"));
     }
+}
+
+TEST(ShortenedText, LetsNamesBeBrokenWhereTheirBlanksDoNot)
+{
+    const QString told = toldName(QStringLiteral("Anna\u00a0").repeated(15));
+    EXPECT_EQ(told.count(QChar(u'\u200b')), 1);
+    EXPECT_EQ(told.indexOf(QChar(u'\u200b')), 40);
 }
 
 TEST(ShortenedText, TooltipsShowMarksAsTheyAre)

@@ -7,11 +7,12 @@ namespace lineara {
 /// How much of a text has its place somewhere.
 struct Extent
 {
-    qsizetype characters; // UTF-16 units
+    qsizetype characters = 0; // UTF-16 units
     int lines = 1;
 };
 
-/// The text itself, or as much of its beginning as there is room for, followed by an ellipsis.
+/// The text itself, or as much of its beginning as there is room for, followed by an ellipsis. Letters keep their
+/// marks.
 QString shortened(const QString& text, Extent most);
 
 /// A name for a sentence that is broken into lines between words: shortened, and with places to break its long words.
