@@ -234,6 +234,8 @@ std::optional<PhrasedValue> withWordsInBrackets(const QString& text)
     if (open < 0 || !text.endsWith(u')') || (open > 0 && !isInterpreted))
         return std::nullopt;
     const QString phrase = text.sliced(open + 1, text.size() - open - 2);
+    if (phrase.trimmed().isEmpty())
+        return std::nullopt;
     if (!isInterpreted)
         return PhrasedValue{{}, phrase};
     constexpr qsizetype wordLength = 4;

@@ -7,6 +7,7 @@
 #include "gedcom_line.h"
 #include "gedcom_pointer.h"
 #include "gedcom_tree.h"
+#include "own_tags.h"
 
 #include <algorithm>
 #include <array>
@@ -22,6 +23,11 @@ namespace {
 bool isExactDate(std::string_view parent, std::string_view tag)
 {
     return tag == "DATE" && (parent == "HEAD" || parent == "CHAN" || parent == "CREA");
+}
+
+bool isTagOfOthers(std::string_view tag)
+{
+    return tag.starts_with('_') && !isKeptTag(tag);
 }
 
 /// Lines of persons and families that can say nothing but whom they mean.
@@ -127,7 +133,7 @@ private:
                            line.tag,
                            level > 0 ? above_[level - 1] : std::string_view(),
                            line.isPointer && !isText,
-                           std::ranges::any_of(above_, [](std::string_view tag) { return tag.starts_with('_'); }),
+                           std::ranges::any_of(above_, isTagOfOthers),
                            std::string(valueOf(line))};
     }
 
@@ -176,11 +182,15 @@ private:
         if (to_ == GedcomDialect::Seven) {
             const bool isRole = line.tag == "RELA" && line.parent == "ASSO";
             if (isLanguage(line) && !languageOf(line))
-                return "_LANG";
+                return keptLanguageTag;
+            if (line.tag == "FILE" && line.parent == "HEAD")
+                return keptFileTag;
             return isShared && line.tag == "NOTE" ? "SNOTE" : isRole ? "ROLE" : line.tag;
         }
-        if (line.tag == "_LANG" && (line.parent == "HEAD" || line.parent == "SUBM"))
+        if (line.tag == keptLanguageTag)
             return "LANG";
+        if (line.tag == keptFileTag && line.parent == "HEAD")
+            return "FILE";
         const bool isRole = line.tag == "ROLE" && line.parent == "ASSO";
         return isShared && line.tag == "SNOTE" ? "NOTE" : isRole ? "RELA" : line.tag;
     }

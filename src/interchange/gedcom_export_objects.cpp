@@ -5,6 +5,7 @@
 #include "gedcom_pointer.h"
 #include "gedcom_tree.h"
 #include "media_types.h"
+#include "own_tags.h"
 
 #include <algorithm>
 #include <deque>
@@ -77,11 +78,11 @@ private:
     {
         const QString name = lines_.text(file);
         const QString address = addressOfName(name);
-        const bool keepsName = !lines_.child(file, "_FILE") && nameOfAddress(address) != name;
+        const bool keepsName = !lines_.child(file, keptFileTag) && nameOfAddress(address) != name;
         if (lines_[file].isPointer || (address == name && !keepsName))
             return;
         lines_.replace(file, gedcomLines(1, "FILE", address, GedcomDialect::Five) +
-                                 (keepsName ? gedcomLines(2, "_FILE", name, GedcomDialect::Five) : ""));
+                                 (keepsName ? gedcomLines(2, keptFileTag, name, GedcomDialect::Five) : ""));
     }
 
     /// The lines below a file's format, at level 3, with what 5.5.1 calls its TYPE.
@@ -104,7 +105,8 @@ private:
         return type.size() <= static_cast<qsizetype>(mostRepeated) ? type : QString();
     }
 
-    /// Lines to add below the file. Of the common format it takes all, or but the type.
+    /// Lines to add below the file. Of the common format it takes all, or but the type. Words that can be no media type
+    /// are kept ahead of one that is made for them.
     std::string formatBelow(Line file, std::optional<Line> common, const QString& commonType, bool takesAll)
     {
         const QString name = lines_.text(file).trimmed();
@@ -117,12 +119,12 @@ private:
             lines_.rename(medium, "MEDI");
         for (const Line further : lines_.children(file, "FORM"))
             if (further != *own)
-                lines_.rename(further, "_FORM");
+                lines_.rename(further, keptFormatTag);
         if (const auto type = mediaTypeOf(lines_.text(*own), name)) {
             lines_.replace(*own, formLine(*type));
             return {};
         }
-        lines_.rename(*own, "_FORM");
+        lines_.rename(*own, keptFormatTag);
         return formLine(mediaTypeByName(name));
     }
 
@@ -131,14 +133,14 @@ private:
     {
         const QString text = lines_.text(format);
         const auto type = mediaTypeOf(text, file);
-        std::string moved = formLine(type.value_or(mediaTypeByName(file)));
-        if (!type)
-            moved += gedcomLines(2, "_FORM", text, GedcomDialect::Five);
         Line below = format + 1;
         const Line end = lines_.end(format);
         while (below < end && isContinuation(lines_[below].tag))
             ++below;
-        return moved + withMedium(lines_.shifted(below, end, 1));
+        const std::string details = withMedium(lines_.shifted(below, end, 1));
+        return type ? formLine(*type) + details
+                    : gedcomLines(2, keptFormatTag, text, GedcomDialect::Five) + details +
+                          formLine(mediaTypeByName(file));
     }
 
     EditedRecord lines_;
@@ -187,23 +189,20 @@ bool isObjectRecord(const EditedRecord& lines)
     return lines.size() > 0 && lines[0].level == 0 && lines[0].tag == "OBJE";
 }
 
-/// The line that holds a format of 5.5.1 because it can be no media type, if the only other one is what was made then.
-std::optional<Line> wordsInSeven(const EditedRecord& lines, Line file, const QString& name)
+/// Whether the only format of a file was made for words that stand ahead of it.
+bool isMadeForWords(const EditedRecord& lines, Line file, const QString& name)
 {
     const auto formats = lines.children(file, "FORM");
-    if (formats.size() != 1 || lines.end(formats.front()) != formats.front() + 1 ||
-        lines.text(formats.front()) != mediaTypeByName(name))
-        return std::nullopt;
-    const auto words = lines.children(file, "_FORM");
-    const auto found = std::ranges::find_if(words, [&](Line line) { return !mediaTypeOf(lines.text(line), name); });
-    return found == words.end() ? std::nullopt : std::optional(*found);
+    const auto words = lines.child(file, keptFormatTag);
+    return words && formats.size() == 1 && *words < formats.front() &&
+           lines.end(formats.front()) == formats.front() + 1 && lines.text(formats.front()) == mediaTypeByName(name);
 }
 
 /// Returns the name.
 QString sayNameInFive(EditedRecord& lines, Line file)
 {
     const QString address = lines.text(file);
-    const auto kept = lines.child(file, "_FILE");
+    const auto kept = lines.child(file, keptFileTag);
     QString name = kept ? lines.text(*kept) : nameOfAddress(address);
     if (kept)
         lines.strike(*kept);
@@ -258,14 +257,18 @@ std::string objectInFive(std::string_view record)
     if (!isObjectRecord(lines))
         return std::string(record);
     for (const Line file : lines.children(0, "FILE")) {
-        if (const auto own = wordsInSeven(lines, file, sayNameInFive(lines, file).trimmed())) {
-            lines.strike(*lines.child(file, "FORM"));
-            lines.rename(*own, "FORM");
-            sayMediumInFive(lines, *own);
-        }
+        const bool isMade = isMadeForWords(lines, file, sayNameInFive(lines, file).trimmed());
         for (const Line form : lines.children(file, "FORM")) {
+            if (isMade) {
+                lines.strike(form);
+                continue;
+            }
             lines.replace(form, gedcomLines(2, "FORM", formatOf(lines.text(form)), GedcomDialect::Five));
             sayMediumInFive(lines, form);
+        }
+        for (const Line words : lines.children(file, keptFormatTag)) {
+            lines.rename(words, "FORM");
+            sayMediumInFive(lines, words);
         }
     }
     return lines.result();

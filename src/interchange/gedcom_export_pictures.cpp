@@ -4,6 +4,7 @@
 #include "file_addresses.h"
 #include "gedcom_pointer.h"
 #include "media_files.h"
+#include "own_tags.h"
 #include "person_pictures.h"
 #include "picture_fates.h"
 #include "picture_kinds.h"
@@ -90,8 +91,8 @@ private:
         const QString former = record.text(file);
         const QString name = record.dialect() == GedcomDialect::Seven ? nameOfAddress(former) : former;
         std::string lines = gedcomLines(level, "FILE", address, record.dialect());
-        if (!record.child(file, "_FILE"))
-            lines += gedcomLines(level + 1, "_FILE", name, record.dialect());
+        if (!record.child(file, keptFileTag))
+            lines += gedcomLines(level + 1, keptFileTag, name, record.dialect());
         record.replace(file, std::move(lines));
     }
 

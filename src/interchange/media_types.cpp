@@ -72,7 +72,7 @@ QString formatOf(const QString& mediaType)
         std::ranges::find_if(formats, [&](const Format& one) { return type == QLatin1String(one.mediaType); });
     if (format != formats.end())
         return QString::fromLatin1(format->word);
-    return type.startsWith(otherTypes) ? type.sliced(otherTypes.size()) : mediaType;
+    return type.startsWith(otherTypes) && type.size() > otherTypes.size() ? type.sliced(otherTypes.size()) : mediaType;
 }
 
 } // namespace lineara

@@ -214,6 +214,20 @@ TEST_F(OddNames, AreAddressesIn7AndComeBackByteByByte)
     }
 }
 
+TEST_F(OddNames, StayBesideWhatOtherProgramsMeanByTheTag)
+{
+    for (const QByteArray& name : oddNames()) {
+        const QByteArray both = withName(name + "\n2 _FILE b.png\n3 NOTE of another");
+        const auto family = importedHere(both);
+        for (const GedcomFormat format : {GedcomFormat::Gedcom70, GedcomFormat::Gedzip}) {
+            const QByteArray file = exported(*family.context, format);
+            const auto again = format == GedcomFormat::Gedzip ? imported(file) : importedHere(file);
+            EXPECT_EQ(pictureOf(member(again, 0)), pictureOf(member(family, 0))) << name.toStdString();
+            EXPECT_THAT(difference(both, exported(*again.context)), IsEmpty()) << name.toStdString();
+        }
+    }
+}
+
 TEST_F(OddNames, ComeBackThroughBoth)
 {
     for (const QByteArray& name : oddNames()) {
@@ -230,8 +244,18 @@ TEST(FileAddresses, KeepNamesThatTheyDoNotTellOnce)
     const auto family = imported(withName("Pictures\\a.jpg"));
     EXPECT_THAT(inSeven(family),
                 ElementsAre("0 @I1@ INDI", "1 NAME Ada", "1 OBJE @O1@", "0 @O1@ OBJE", "1 FILE Pictures/a.jpg",
-                            "2 _FILE Pictures\\a.jpg", "2 FORM image/jpeg", "0 TRLR"));
+                            "2 _LINEARA_FILE Pictures\\a.jpg", "2 FORM image/jpeg", "0 TRLR"));
     const auto told = imported(withName("C:\\Pictures\\a.jpg"));
     EXPECT_THAT(inSeven(told), ElementsAre("0 @I1@ INDI", "1 NAME Ada", "1 OBJE @O1@", "0 @O1@ OBJE",
                                            "1 FILE file:///C:/Pictures/a.jpg", "2 FORM image/jpeg", "0 TRLR"));
+}
+
+TEST(FileAddresses, LeaveTheNameInTheHeader)
+{
+    const QByteArray text =
+        versionFive("0 @I1@ INDI\n").replace("1 CHAR UTF-8\n", "1 FILE C:\\Oak.ged\n1 CHAR UTF-8\n");
+    const auto family = imported(text);
+    EXPECT_TRUE(exported(*family.context, GedcomFormat::Gedcom70).contains("\n1 _LINEARA_FILE C:\\Oak.ged\n"));
+    const auto again = imported(exported(*family.context, GedcomFormat::Gedcom70));
+    EXPECT_THAT(difference(text, exported(*again.context)), IsEmpty());
 }

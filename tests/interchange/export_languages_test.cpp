@@ -46,8 +46,18 @@ TEST(ExportedLanguages, ChangeWithTheVersionAndBack)
                                         "1 _TALK\n2 LANG German\n");
     const auto family = imported(text);
     expectToComeBack(family);
-    EXPECT_THAT(inSeven(family), ElementsAre("0 @U1@ SUBM", "1 NAME Ada Oak", "1 LANG en", "1 _LANG Plattdeutsch",
-                                             "1 _TALK", "2 LANG German", "0 TRLR"));
+    EXPECT_THAT(inSeven(family), ElementsAre("0 @U1@ SUBM", "1 NAME Ada Oak", "1 LANG en",
+                                             "1 _LINEARA_LANG Plattdeutsch", "1 _TALK", "2 LANG German", "0 TRLR"));
+    const auto again = imported(exported(*family.context, GedcomFormat::Gedcom70));
+    EXPECT_THAT(difference(text, exported(*again.context)), IsEmpty());
+}
+
+TEST(ExportedLanguages, ChangeBelowOthersThatHaveNoTag)
+{
+    const QByteArray text = versionFive("0 @U1@ SUBM\n1 NAME Ada Oak\n1 LANG Plattdeutsch\n2 LANG German\n");
+    const auto family = imported(text);
+    EXPECT_THAT(inSeven(family),
+                ElementsAre("0 @U1@ SUBM", "1 NAME Ada Oak", "1 _LINEARA_LANG Plattdeutsch", "2 LANG de", "0 TRLR"));
     const auto again = imported(exported(*family.context, GedcomFormat::Gedcom70));
     EXPECT_THAT(difference(text, exported(*again.context)), IsEmpty());
 }

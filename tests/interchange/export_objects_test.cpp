@@ -52,7 +52,7 @@ TEST(ObjectsIn7, SayTheMediumOfTheirFormats)
                                              "1 OBJE\n2 FILE b.tif\n3 FORM tif\n4 TYPE photo\n3 FORM bmp\n"));
     EXPECT_THAT(inSeven(family), ElementsAre("0 @I1@ INDI", "1 OBJE @O1@", "1 OBJE @O2@", "0 @O1@ OBJE", "1 FILE a.jpg",
                                              "2 FORM image/jpeg", "3 MEDI PHOTO", "0 @O2@ OBJE", "1 FILE b.tif",
-                                             "2 FORM image/tiff", "3 MEDI PHOTO", "2 _FORM bmp", "0 TRLR"));
+                                             "2 FORM image/tiff", "3 MEDI PHOTO", "2 _LINEARA_FORM bmp", "0 TRLR"));
     expectToComeBack(family);
 }
 
@@ -75,10 +75,10 @@ TEST(ObjectsIn7, SayTheFormatOfEachFileBelowIt)
                 ElementsAre("0 @O1@ OBJE", "1 FILE a.jpg", "2 FORM image/jpeg", "2 TITL Both", "1 FILE b.jpg",
                             "2 FORM image/jpeg", "1 NOTE of both", "0 @O2@ OBJE", "1 FILE c.jpg", "2 FORM image/jpeg",
                             "3 MEDI PHOTO", "2 TITL See", "1 _TITL Other", "0 @O3@ OBJE", "1 FILE d",
-                            "2 FORM audio/wav", "3 MEDI AUDIO", "0 @O4@ OBJE", "1 FILE e.doc", "2 _FORM Word file",
-                            "2 FORM application/msword", "0 @O5@ OBJE", "1 FILE f.psd", "2 FORM application/x-8bps",
-                            "0 @O6@ OBJE", "1 FILE g", "2 FORM application/octet-stream", "0 @O7@ OBJE", "1 FILE h.png",
-                            "2 FORM image/png", "0 TRLR"));
+                            "2 FORM audio/wav", "3 MEDI AUDIO", "0 @O4@ OBJE", "1 FILE e.doc",
+                            "2 _LINEARA_FORM Word file", "2 FORM application/msword", "0 @O5@ OBJE", "1 FILE f.psd",
+                            "2 FORM application/x-8bps", "0 @O6@ OBJE", "1 FILE g", "2 FORM application/octet-stream",
+                            "0 @O7@ OBJE", "1 FILE h.png", "2 FORM image/png", "0 TRLR"));
 }
 
 TEST(ObjectsIn7, KeepFormatsThatCanBeNoMediaTypes)
@@ -89,12 +89,12 @@ TEST(ObjectsIn7, KeepFormatsThatCanBeNoMediaTypes)
                     "1 FILE f\n2 FORM text/plain; charset=utf-8\n1 FILE g\n2 FORM Model/vnd.x+y\n");
     const auto family = imported(text);
     EXPECT_THAT(inSeven(family),
-                ElementsAre("0 @O1@ OBJE", "1 FILE a.png", "2 _FORM N/A", "3 MEDI PHOTO", "2 FORM image/png",
-                            "1 FILE b.jpg", "2 _FORM image/ png", "2 TITL B", "2 FORM image/jpeg", "1 FILE c.doc",
-                            "2 _FORM Word file", "2 FORM application/msword", "1 FILE d", "2 _FORM see", "3 CONT below",
-                            "2 FORM application/octet-stream", "1 FILE e", "2 _FORM text/",
-                            "2 FORM application/octet-stream", "1 FILE f", "2 FORM text/plain; charset=utf-8",
-                            "1 FILE g", "2 FORM Model/vnd.x+y", "0 TRLR"));
+                ElementsAre("0 @O1@ OBJE", "1 FILE a.png", "2 _LINEARA_FORM N/A", "3 MEDI PHOTO", "2 FORM image/png",
+                            "1 FILE b.jpg", "2 _LINEARA_FORM image/ png", "2 TITL B", "2 FORM image/jpeg",
+                            "1 FILE c.doc", "2 _LINEARA_FORM Word file", "2 FORM application/msword", "1 FILE d",
+                            "2 _LINEARA_FORM see", "3 CONT below", "2 FORM application/octet-stream", "1 FILE e",
+                            "2 _LINEARA_FORM text/", "2 FORM application/octet-stream", "1 FILE f",
+                            "2 FORM text/plain; charset=utf-8", "1 FILE g", "2 FORM Model/vnd.x+y", "0 TRLR"));
     expectToComeBack(family);
     const auto again = imported(exported(*family.context, GedcomFormat::Gedcom70));
     EXPECT_THAT(difference(text, exported(*again.context)), IsEmpty());
@@ -104,7 +104,7 @@ TEST(ObjectsIn7, MoveFormatsThatCanBeNoMediaTypesBelowTheirFiles)
 {
     const auto family = imported(versionFive("0 @I1@ INDI\n1 OBJE\n2 FORM n/a\n3 TYPE photo\n2 FILE a.png\n"));
     EXPECT_THAT(inSeven(family), ElementsAre("0 @I1@ INDI", "1 OBJE @O1@", "0 @O1@ OBJE", "1 FILE a.png",
-                                             "2 FORM image/png", "2 _FORM n/a", "3 MEDI PHOTO", "0 TRLR"));
+                                             "2 _LINEARA_FORM n/a", "3 MEDI PHOTO", "2 FORM image/png", "0 TRLR"));
     const auto again = imported(exported(*family.context, GedcomFormat::Gedcom70));
     EXPECT_THAT(linesOf(exported(*again.context)),
                 ElementsAre("0 HEAD", "1 GEDC", "2 VERS 5.5.1", "2 FORM LINEAGE-LINKED", "1 CHAR UTF-8", "0 @I1@ INDI",
@@ -201,13 +201,36 @@ TEST(ObjectsIn7, WithLongNotesTakeNoLongerThanTheirLinesDo)
 
 TEST(ObjectsIn551, KeepFormatsBesideThoseOfOtherWords)
 {
-    const QByteArray seven = "0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @O1@ OBJE\n1 FILE a.png\n2 FORM image/webp\n2 _FORM n/a\n"
-                             "1 FILE b.png\n2 FORM image/png\n2 _FORM bmp\n1 FILE c.png\n2 FORM image/png\n"
-                             "2 _FORM n/a\n0 TRLR\n";
+    const QByteArray seven =
+        "0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @O1@ OBJE\n1 FILE a.png\n2 _LINEARA_FORM n/a\n2 FORM image/webp\n"
+        "1 FILE b.png\n2 FORM image/png\n2 _LINEARA_FORM n/a\n1 FILE c.png\n2 _LINEARA_FORM n/a\n2 FORM image/png\n"
+        "0 TRLR\n";
     EXPECT_THAT(difference(seven, exported(*imported(seven).context)),
                 ElementsAre("-2 VERS 7.0", "+2 VERS 5.5.1", "+2 FORM LINEAGE-LINKED", "+1 CHAR UTF-8",
-                            "-2 FORM image/webp", "+2 FORM webp", "-2 FORM image/png", "+2 FORM png",
-                            "-2 FORM image/png", "-2 _FORM n/a", "+2 FORM n/a"));
+                            "-2 _LINEARA_FORM n/a", "-2 FORM image/webp", "+2 FORM n/a", "+2 FORM webp",
+                            "-2 FORM image/png", "-2 _LINEARA_FORM n/a", "+2 FORM png", "+2 FORM n/a",
+                            "-2 _LINEARA_FORM n/a", "-2 FORM image/png", "+2 FORM n/a"));
+}
+
+/// Exported to 7.0, imported, and exported to 5.5.1 again.
+QByteArray thereAndBack(const QByteArray& text)
+{
+    return exported(*imported(exported(*imported(text).context, GedcomFormat::Gedcom70)).context);
+}
+
+TEST(ObjectsIn551, LeaveShortTagsToOtherPrograms)
+{
+    const QByteArray text = versionFive("0 @O1@ OBJE\n1 FILE a.png\n2 _FILE other.png\n3 NOTE kept\n2 _FORM Word file\n"
+                                        "2 FORM png\n1 FILE C:/b.png\n2 _FILE 4711\n2 _FORM bmp\n2 FORM N/A\n"
+                                        "0 @U1@ SUBM\n1 NAME Ada\n1 LANG Plattdeutsch\n1 _LANG Dutch\n");
+    EXPECT_THAT(difference(text, thereAndBack(text)), IsEmpty());
+}
+
+TEST(ObjectsIn551, HaveAllTheFormatsThatTheyHad)
+{
+    const QByteArray text = versionFive("0 @O1@ OBJE\n1 FILE a.png\n2 FORM png\n2 FORM N/A\n2 FORM bmp\n"
+                                        "1 FILE b.png\n2 FORM N/A\n2 FORM png\n1 FILE c\n2 FORM application/x-\n");
+    EXPECT_THAT(difference(text, thereAndBack(text)), IsEmpty());
 }
 
 TEST(ObjectsIn551, HaveItsFormats)
