@@ -42,6 +42,16 @@ constexpr QSize leastSize(600, 400); // smaller ones were hardly left so by anyb
 const QString geometryKey = QStringLiteral("documentWindow/geometry");
 const QString listWidthKey = QStringLiteral("documentWindow/listWidth");
 
+/// The dialog that must be answered before the window gets any key or click; none if it gets them.
+QDialog* blockingDialog(const QWidget& window)
+{
+    const auto dialogs = window.findChildren<QDialog*>();
+    const auto blocking = std::ranges::find_if(dialogs, [](const QDialog* dialog) {
+        return dialog->isVisible() && dialog->isModal() && !blockingDialog(*dialog);
+    });
+    return blocking == dialogs.end() ? nullptr : *blocking;
+}
+
 } // namespace
 
 DocumentWindow::DocumentWindow()
@@ -292,8 +302,13 @@ void DocumentWindow::closeEvent(QCloseEvent* event)
 void DocumentWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && activated_)
-        activated_();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        if (activated_)
+            activated_();
+        // A window beside this one that had the keyboard when the dialog came up hands it to the wrong one.
+        if (QDialog* const dialog = blockingDialog(*this))
+            dialog->activateWindow();
+    }
     // The desktop may do it, too.
     if (event->type() == QEvent::WindowStateChange && fullScreen_)
         fullScreen_->setChecked(isFullScreen());

@@ -34,6 +34,23 @@ const QStringList pressing{QStringLiteral("mousedown"), QStringLiteral("1")};
 const QStringList releasing{QStringLiteral("mouseup"), QStringLiteral("1")};
 const QStringList pausing{QStringLiteral("sleep"), QStringLiteral("0.01")}; // moves that come at once count as one
 
+/// The exit code of another program, or -1 if it has none. Spawned by the system's own call: forked from here, with
+/// threads running, a checked program would go wrong.
+int run(std::vector<std::string> words)
+{
+    std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
+    for (std::string& word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    pid_t tool = 0;
+    if (posix_spawnp(&tool, arguments.front(), nullptr, nullptr, arguments.data(), environ) != 0)
+        return -1;
+    int status = 0;
+    const bool hasEnded = waitUntil([&] { return waitpid(tool, &status, WNOHANG) == tool; });
+    return hasEnded && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
 } // namespace
 
 bool waitUntil(const std::function<bool()>& condition)
@@ -98,11 +115,15 @@ void Hand::type(const QString& text)
 
 void Hand::bringToFront(QWidget& window)
 {
+    const std::string id = std::to_string(window.winId());
+    // The program may have been told of a window that the display has left meanwhile.
+    const auto hasKeyboard = [&] { return run({"sh", "-c", "test \"$(xdotool getwindowfocus)\" = " + id}) == 0; };
     // The display does nothing for a window that it has not shown yet.
     const auto isInFront = [&] {
-        if (!window.isActiveWindow())
-            act({QStringLiteral("windowfocus"), QString::number(window.winId())});
-        return window.isActiveWindow();
+        if (window.isActiveWindow() && hasKeyboard())
+            return true;
+        run({"xdotool", "windowfocus", id});
+        return false;
     };
     ASSERT_TRUE(waitUntil(isInFront)) << window.windowTitle().toStdString();
 }
@@ -114,24 +135,13 @@ void Hand::focus(const QString& title)
          pattern, QStringLiteral("windowfocus"), QStringLiteral("--sync")});
 }
 
-/// Spawned by the system's own call: forked from here, with threads running, a checked program would go wrong.
 void Hand::act(const QStringList& commands)
 {
     std::vector<std::string> words{"xdotool"};
     words.reserve(static_cast<std::size_t>(commands.size()) + 1);
     for (const QString& command : commands)
         words.push_back(command.toStdString());
-    std::vector<char*> arguments;
-    arguments.reserve(words.size() + 1);
-    for (std::string& word : words)
-        arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    pid_t tool = 0;
-    ASSERT_EQ(posix_spawnp(&tool, arguments.front(), nullptr, nullptr, arguments.data(), environ), 0);
-    int status = 0;
-    const bool hasEnded = waitUntil([&] { return waitpid(tool, &status, WNOHANG) == tool; });
-    ASSERT_TRUE(hasEnded && WIFEXITED(status) && WEXITSTATUS(status) == 0)
-        << "xdotool " << commands.join(QLatin1Char(' ')).toStdString();
+    ASSERT_EQ(run(std::move(words)), 0) << "xdotool " << commands.join(QLatin1Char(' ')).toStdString();
 }
 
 } // namespace lineara

@@ -3,6 +3,7 @@
 #include "edited_document.h"
 
 #include <QAction>
+#include <QDialog>
 #include <QDropEvent>
 #include <QFrame>
 #include <QKeyEvent>
@@ -95,6 +96,29 @@ TEST(DocumentWindow, WhoSearchesAlreadyGoesOnWhenTheFamilyComes)
     ASSERT_TRUE(QTest::qWaitFor([&] { return opened->treeView() != nullptr; }));
     QApplication::processEvents();
     EXPECT_TRUE(searchField(opened->window()).hasFocus());
+}
+
+TEST(DocumentWindow, LeavesTheKeyboardToTheDialogThatBlocksIt)
+{
+    const EditedDocument edited(ListOf::Document);
+    DocumentWindow& window = edited.document->window();
+    QDialog beside(&window);
+    beside.show();
+    QDialog blocking(&window);
+    blocking.open();
+    QDialog question(&blocking);
+    question.open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&question));
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !question.isActiveWindow(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return question.isActiveWindow(); }));
+    question.close();
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return blocking.isActiveWindow(); }));
+    blocking.close();
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_FALSE(beside.isActiveWindow());
 }
 
 TEST(DocumentWindow, TheFullScreenCommandFollowsTheWindow)
