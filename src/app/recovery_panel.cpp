@@ -1,6 +1,6 @@
 #include "recovery_panel.h"
 
-#include "elided_label.h"
+#include "document/elided_label.h"
 #include "shown_folder.h"
 
 #include <QHBoxLayout>

@@ -2,6 +2,7 @@
 
 #include "canvas/tree_view.h"
 #include "document/dropped_files.h"
+#include "document/elided_label.h"
 #include "notice.h"
 #include "onboarding_view.h"
 #include "report_dialog.h"
@@ -187,7 +188,7 @@ bool DocumentWindow::isOnboardingVisible() const
 
 void DocumentWindow::showOpeningReport(const QString& summary, const QString& details)
 {
-    statusBar()->addWidget(new QLabel(summary), 1);
+    statusBar()->addWidget(new ElidedLabel(summary, Qt::ElideRight), 1);
     if (details.isEmpty())
         return;
     details_ = new QToolButton;

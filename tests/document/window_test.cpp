@@ -2,6 +2,8 @@
 
 #include "edited_document.h"
 
+#include "document/elided_label.h"
+
 #include <QAction>
 #include <QDialog>
 #include <QDropEvent>
@@ -12,6 +14,7 @@
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSettings>
+#include <QStatusBar>
 #include <QTest>
 
 using namespace lineara;
@@ -38,6 +41,15 @@ private:
         return false;
     }
 };
+
+/// What a label draws upon what is beneath it.
+QImage wordsOf(QWidget& label)
+{
+    QImage drawn(label.size(), QImage::Format_ARGB32_Premultiplied);
+    drawn.fill(Qt::white);
+    label.render(&drawn, {}, {}, QWidget::DrawChildren);
+    return drawn;
+}
 
 class DarkTheme
 {
@@ -119,6 +131,24 @@ TEST(DocumentWindow, LeavesTheKeyboardToTheDialogThatBlocksIt)
     window.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     EXPECT_FALSE(beside.isActiveWindow());
+}
+
+TEST(DocumentWindow, TheSummaryOfAnImportEndsWithAnEllipsisWhereItHasTooLittleRoom)
+{
+    const EditedDocument edited(ListOf::Document);
+    DocumentWindow& window = edited.document->window();
+    const QString summary = QStringLiteral("Persons taken over: 3010. ").repeated(20);
+    window.showOpeningReport(summary, {});
+    window.resize(600, 400);
+    QApplication::processEvents();
+    QStatusBar& bar = *window.statusBar();
+    auto* const label = bar.findChild<ElidedLabel*>();
+    ASSERT_TRUE(label);
+    EXPECT_EQ(label->accessibleName(), summary);
+    ASSERT_TRUE(bar.rect().contains(label->geometry()));
+    ElidedLabel shortened(label->fontMetrics().elidedText(summary, Qt::ElideRight, label->width()), Qt::ElideNone);
+    shortened.resize(label->size());
+    EXPECT_EQ(wordsOf(*label), wordsOf(shortened));
 }
 
 TEST(DocumentWindow, TheFullScreenCommandFollowsTheWindow)

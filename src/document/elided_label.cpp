@@ -1,4 +1,6 @@
-#include "elided_label.h"
+#include "document/elided_label.h"
+
+#include "elements/shortened_text.h"
 
 #include <QPainter>
 
@@ -7,7 +9,7 @@ namespace lineara {
 ElidedLabel::ElidedLabel(const QString& text, Qt::TextElideMode shortened) : text_(text), shortened_(shortened)
 {
     setAccessibleName(text);
-    setToolTip(text);
+    setToolTip(plainToolTip(text));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
