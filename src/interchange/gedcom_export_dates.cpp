@@ -226,6 +226,11 @@ bool isPlainDate(const QString& value)
     return GrammarOfSeven(value.split(u' ')).isPlainDate();
 }
 
+bool isBlank(QStringView text)
+{
+    return text.trimmed().isEmpty();
+}
+
 /// "(said to be old)" and "INT 1850 (said to be)": the words in brackets are the phrase.
 std::optional<PhrasedValue> withWordsInBrackets(const QString& text)
 {
@@ -234,7 +239,7 @@ std::optional<PhrasedValue> withWordsInBrackets(const QString& text)
     if (open < 0 || !text.endsWith(u')') || (open > 0 && !isInterpreted))
         return std::nullopt;
     const QString phrase = text.sliced(open + 1, text.size() - open - 2);
-    if (phrase.trimmed().isEmpty())
+    if (isBlank(phrase))
         return std::nullopt;
     if (!isInterpreted)
         return PhrasedValue{{}, phrase};
@@ -257,6 +262,11 @@ QString inFive(const QString& value)
             word = QStringLiteral("B.C.");
     }
     return words.join(u' ');
+}
+
+bool isEmptyBrackets(QStringView text)
+{
+    return text.startsWith(u'(') && text.endsWith(u')') && isBlank(text.sliced(1, text.size() - 2));
 }
 
 } // namespace
@@ -282,8 +292,8 @@ PhrasedValue dateInFive(const PhrasedValue& line)
     const QString bracketed = u'(' % line.phrase % u')';
     const QString whole = value.isEmpty() ? bracketed : QString(QStringView(u"INT ") % value % u' ' % bracketed);
     // The phrase alone would say the same of what is no date at all, but 5.5.1 wants brackets around that.
-    const bool isWholeValue =
-        line.phrase.startsWith(QStringView(u"INT ")) || line.phrase.startsWith(QStringView(u"@#"));
+    const bool isWholeValue = line.phrase.startsWith(QStringView(u"INT ")) ||
+                              line.phrase.startsWith(QStringView(u"@#")) || isEmptyBrackets(line.phrase);
     const bool prefersBrackets = value.isEmpty() && !isWholeValue;
     for (const QString& text : prefersBrackets ? QStringList{whole} : QStringList{line.phrase, whole}) {
         if (dateInSeven(text) == line && sameDay(readDate(text), readDate(line.value)))

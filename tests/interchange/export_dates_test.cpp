@@ -80,11 +80,26 @@ TEST(DatesIn7, ThatAreNoneAreThoseThatAreRead)
 
 TEST(DatesIn7, ComeBackAsTheyWere)
 {
-    for (const QByteArray date :
-         {"11 FEB 1731/32", "@#DJULIAN@ 11 FEB 1731/32", "5 JAN 44 B.C.", "abt. 1150 bc", "5 March 1900", "circa 1900",
-          "soon after 1304", "1840 or 1841", "@#DROMAN@ 5 MAR 700", "(long ago)", "INT 1900 (about a@@b)",
-          "INT 1900 ()", "INT ABT 1900 (x)", "INT 45 (a guess)", "10 JAN",
-          "BET @#DHEBREW@ 1 NSN 5700 AND @#DFRENCH R@ 1 VEND 2", "INT @#DJULIAN@ 1700 (x)"})
+    for (const QByteArray date : {"11 FEB 1731/32",
+                                  "@#DJULIAN@ 11 FEB 1731/32",
+                                  "5 JAN 44 B.C.",
+                                  "abt. 1150 bc",
+                                  "5 March 1900",
+                                  "circa 1900",
+                                  "soon after 1304",
+                                  "1840 or 1841",
+                                  "@#DROMAN@ 5 MAR 700",
+                                  "(long ago)",
+                                  "INT 1900 (about a@@b)",
+                                  "INT 1900 ()",
+                                  "INT ()",
+                                  "()",
+                                  "( )",
+                                  "INT ABT 1900 (x)",
+                                  "INT 45 (a guess)",
+                                  "10 JAN",
+                                  "BET @#DHEBREW@ 1 NSN 5700 AND @#DFRENCH R@ 1 VEND 2",
+                                  "INT @#DJULIAN@ 1700 (x)"})
         EXPECT_EQ(dateComingBack(date), date.toStdString());
     EXPECT_EQ(dateComingBack("unknown"), "(unknown)") << "5.5.1 has brackets around what is no date";
 }
