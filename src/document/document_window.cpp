@@ -47,6 +47,10 @@ const QString listWidthKey = QStringLiteral("documentWindow/listWidth");
 QDialog* blockingDialog(const QWidget& window)
 {
     const auto dialogs = window.findChildren<QDialog*>();
+    // Of several side by side the one that came last blocks the others.
+    auto* const last = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialogs.contains(last))
+        return last;
     const auto blocking = std::ranges::find_if(dialogs, [](const QDialog* dialog) {
         return dialog->isVisible() && dialog->isModal() && !blockingDialog(*dialog);
     });

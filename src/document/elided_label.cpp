@@ -10,6 +10,8 @@ ElidedLabel::ElidedLabel(const QString& text, Qt::TextElideMode shortened) : tex
 {
     setAccessibleName(text);
     setToolTip(plainToolTip(text));
+    // Else the tooltip would be read out, with its marks.
+    setAccessibleDescription(text);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 

@@ -53,6 +53,8 @@ QString shortened(const QString& text, Extent most)
 
 QString plainToolTip(const QString& text)
 {
+    if (text.isEmpty())
+        return {};
     QString shown = shortened(text, mostInATip);
     shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     std::replace_if(shown.begin(), shown.end(), isShownAsLineBreak, QChar(u'\n'));

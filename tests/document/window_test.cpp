@@ -130,7 +130,23 @@ TEST(DocumentWindow, LeavesTheKeyboardToTheDialogThatBlocksIt)
     blocking.close();
     window.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-    EXPECT_FALSE(beside.isActiveWindow());
+}
+
+TEST(DocumentWindow, LeavesTheKeyboardToTheDialogThatCameLast)
+{
+    const EditedDocument edited(ListOf::Document);
+    DocumentWindow& window = edited.document->window();
+    QDialog former(&window);
+    former.open();
+    QDialog latter(&window);
+    latter.open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&latter));
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !latter.isActiveWindow(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return latter.isActiveWindow(); }));
+    latter.close();
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return former.isActiveWindow(); }));
 }
 
 TEST(DocumentWindow, TheSummaryOfAnImportEndsWithAnEllipsisWhereItHasTooLittleRoom)
@@ -145,6 +161,7 @@ TEST(DocumentWindow, TheSummaryOfAnImportEndsWithAnEllipsisWhereItHasTooLittleRo
     auto* const label = bar.findChild<ElidedLabel*>();
     ASSERT_TRUE(label);
     EXPECT_EQ(label->accessibleName(), summary);
+    EXPECT_EQ(label->accessibleDescription(), summary);
     ASSERT_TRUE(bar.rect().contains(label->geometry()));
     ElidedLabel shortened(label->fontMetrics().elidedText(summary, Qt::ElideRight, label->width()), Qt::ElideNone);
     shortened.resize(label->size());

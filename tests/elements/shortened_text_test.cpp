@@ -67,6 +67,11 @@ TEST(ShortenedText, TooltipsShowMarksAsTheyAre)
               QStringLiteral("<p>&lt;b&gt;Anna&lt;/b&gt; &amp; Bert<br>Carl<br>Dora</p>"));
 }
 
+TEST(ShortenedText, NothingHasNoTooltip)
+{
+    EXPECT_TRUE(plainToolTip({}).isEmpty());
+}
+
 TEST(ShortenedText, TooltipsFitOnAScreen)
 {
     EXPECT_LT(plainToolTip(QStringLiteral("Anna ").repeated(100'000)).size(), 2'100);

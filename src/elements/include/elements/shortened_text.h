@@ -19,7 +19,7 @@ QString shortened(const QString& text, Extent most);
 QString toldName(const QString& name);
 
 /// The text for a tooltip: a screenful of it, broken into lines between words, and with marks that would be taken for
-/// formatting shown as they are.
+/// formatting shown as they are. Empty for an empty text, of which no tooltip is shown.
 QString plainToolTip(const QString& text);
 
 /// Whether a new line begins behind the letter where a text is shown; '\r' before '\n' included.
