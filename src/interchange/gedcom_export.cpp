@@ -11,6 +11,7 @@
 #include "store/atomic_file.h"
 
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 
@@ -184,6 +185,18 @@ struct Genealogy
     ExportReport report;
 };
 
+/// Tells which files are in an archive as its readers will look for them.
+IsFileThere filesOf(const ArchiveFiles& archive)
+{
+    QSet<QString> likenesses;
+    for (const auto& [place, bytes] : archive)
+        likenesses.insert(likenessOf(QString::fromStdString(place)));
+    return [likenesses](const QString& name) {
+        return std::ranges::any_of(placesInArchive(name),
+                                   [&](const QString& place) { return likenesses.contains(likenessOf(place)); });
+    };
+}
+
 /// `isThere` tells of files beside a genealogy that is no archive.
 Outcome<Genealogy> genealogyOf(const FamilyContent& family, GedcomFormat format, const IsFileThere& isThere,
                                const Progress& progress)
@@ -200,12 +213,8 @@ Outcome<Genealogy> genealogyOf(const FamilyContent& family, GedcomFormat format,
     changes.finish();
     Genealogy genealogy;
     genealogy.report.picturesLeftOut = pictures.leftOut;
-    const auto isInArchive = [&pictures](const QString& name) {
-        return std::ranges::any_of(placesInArchive(name),
-                                   [&](const QString& place) { return pictures.files.contains(place.toStdString()); });
-    };
-    genealogy.report.missingFiles =
-        missingFiles(kept, changes, isArchive ? isInArchive : isThere, progress.stage(foundPart, lookedPart));
+    genealogy.report.missingFiles = missingFiles(kept, changes, isArchive ? filesOf(pictures.files) : isThere,
+                                                 progress.stage(foundPart, lookedPart));
     genealogy.bytes = GenealogyText(kept, changes, dialect).text(progress.stage(lookedPart, isArchive ? textPart : 1));
     if (progress.isStopped())
         return stoppedExport();

@@ -9,6 +9,8 @@
 #include <QRegularExpression>
 #include <QUrl>
 
+#include <algorithm>
+
 namespace lineara {
 namespace {
 
@@ -104,7 +106,7 @@ QString FolderMediaFiles::find(const QString& name) const
     if (folder_.isEmpty())
         return {};
     for (const QString& place : placesOf(name)) {
-        QString found = holds(place) ? place : resembling(place);
+        QString found = holds(place) ? place : resembling(place, {});
         if (!found.isEmpty())
             return found;
     }
@@ -118,30 +120,31 @@ bool FolderMediaFiles::holds(const QString& place) const
     return !path.isEmpty() && isBelow && QFileInfo(path).isFile();
 }
 
-QString FolderMediaFiles::resembling(const QString& place) const
+QString FolderMediaFiles::resembling(QStringView place, const QString& folder) const
 {
-    QString found;
-    for (const QString& step : place.split(u'/')) {
-        const QString name = contentsOf(found).value(likenessOf(step));
-        if (name.isEmpty())
-            return {};
-        found = found.isEmpty() ? name : QString(found + u'/' + name);
+    const qsizetype slash = place.indexOf(u'/');
+    const QString step = place.first(slash < 0 ? place.size() : slash).toString();
+    QStringList names = contentsOf(folder).value(likenessOf(step));
+    std::ranges::stable_partition(names, [&](const QString& name) { return name == step; });
+    for (const QString& name : names) {
+        const QString path = folder.isEmpty() ? name : QString(folder + u'/' + name);
+        const bool isLast = slash < 0;
+        QString found = !isLast ? resembling(place.sliced(slash + 1), path) : holds(path) ? path : QString();
+        if (!found.isEmpty())
+            return found;
     }
-    return holds(found) ? found : QString();
+    return {};
 }
 
-const QHash<QString, QString>& FolderMediaFiles::contentsOf(const QString& folder) const
+const QHash<QString, QStringList>& FolderMediaFiles::contentsOf(const QString& folder) const
 {
     const auto known = contents_.constFind(folder);
     if (known != contents_.constEnd())
         return *known;
-    QHash<QString, QString> contents;
+    QHash<QString, QStringList> contents;
     const auto kinds = QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden;
-    for (const QString& name : QDir(QDir(folder_).filePath(folder)).entryList(kinds, QDir::Name)) {
-        const QString likeness = likenessOf(name);
-        if (!contents.contains(likeness))
-            contents.insert(likeness, name);
-    }
+    for (const QString& name : QDir(QDir(folder_).filePath(folder)).entryList(kinds, QDir::Name))
+        contents[likenessOf(name)] << name;
     return *contents_.insert(folder, contents);
 }
 

@@ -62,12 +62,14 @@ private:
     /// The place of the file; empty if it is not there.
     QString find(const QString& name) const;
     bool holds(const QString& place) const;
-    QString resembling(const QString& place) const;
+    /// A file at that place below the folder as others may write it, rather where more steps are called exactly so;
+    /// empty if there is none.
+    QString resembling(QStringView place, const QString& folder) const;
     /// What is in a folder below this one, by its names as others may write them.
-    const QHash<QString, QString>& contentsOf(const QString& folder) const;
+    const QHash<QString, QStringList>& contentsOf(const QString& folder) const;
 
     QString folder_; // canonical
-    mutable QHash<QString, QHash<QString, QString>> contents_;
+    mutable QHash<QString, QHash<QString, QStringList>> contents_;
 };
 
 /// The places below a folder at which a file of that name may be, the most exact one first. Empty for an address on the

@@ -331,6 +331,16 @@ TEST(ExportReports, TellWhatDoesNotGoAlong)
 }
 
 // The file that is there stays, whenever the export is stopped.
+TEST(ExportReports, TellNothingOfFilesThatReadersOfTheArchiveWillFind)
+{
+    const QByteArray text = versionSeven(person("I1", "1 OBJE\n2 FILE a.png\n") +
+                                         person("I2", "1 OBJE\n2 FILE b.png\n1 OBJE\n2 FILE A.PNG\n"));
+    const auto family = imported(archiveOf(text, {{"a.png", red}, {"b.png", blue}}));
+    const Folder folder;
+    const auto report = reportOf(family, folder.at(QStringLiteral("a.gdz")), GedcomFormat::Gedzip);
+    EXPECT_TRUE(report.missingFiles.isEmpty()) << report.missingFiles.join(u' ').toStdString();
+}
+
 TEST(StoppedExports, LeaveTheFileAlone)
 {
     QByteArray noise(4'000'000, Qt::Uninitialized);

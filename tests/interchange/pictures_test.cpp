@@ -130,6 +130,18 @@ TEST_F(PicturesInAFolder, TheOneThatIsCalledExactlySoComesFirst)
     EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE Tom.png\n")), tomsPicture);
 }
 
+TEST_F(PicturesInAFolder, AreFoundBesideOthersOfLikeNames)
+{
+    ASSERT_TRUE(QDir(root_.path()).mkpath(QStringLiteral("family/MEDIA")));
+    EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE media/ANN.jpg\n")), annsPicture);
+    EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE Media/Ann.jpg\n")), annsPicture);
+    ASSERT_TRUE(QDir(root_.path()).mkpath(QStringLiteral("family/TOM.PNG")));
+    EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE tom.png\n")), tomsPicture);
+    write(QStringLiteral("family/MEDIA/ann.jpg"), tomsPicture);
+    EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE MEDIA/ANN.jpg\n")), tomsPicture);
+    EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE media/ANN.jpg\n")), annsPicture);
+}
+
 TEST_F(PicturesInAFolder, OtherCapitalsLeadNowhereElseEither)
 {
     EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE LINK.png\n1 OBJE\n2 FILE ../SECRET.png\n")), "");
