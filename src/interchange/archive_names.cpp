@@ -2,6 +2,7 @@
 
 #include "media_files.h"
 
+#include <QRegularExpression>
 #include <QUrl>
 
 #include <algorithm>
@@ -40,6 +41,18 @@ std::optional<QString> nearestPlace(const QString& file)
 QString addressOfPlace(const QString& place)
 {
     return QString::fromLatin1(QUrl::toPercentEncoding(place, "/"));
+}
+
+QString madePlace(std::uint64_t number, qsizetype attempt, const QString& ending)
+{
+    return QStringLiteral("pictures/%1p%2.%3").arg(QString(attempt, u'x')).arg(number).arg(ending);
+}
+
+bool isMadePlace(const QString& place)
+{
+    static const QRegularExpression made(
+        QRegularExpression::anchoredPattern(QStringLiteral("pictures/x*p[0-9]+\\.[a-z]+")));
+    return made.match(place).hasMatch();
 }
 
 } // namespace lineara

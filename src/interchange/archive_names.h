@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <optional>
 
 namespace lineara {
@@ -16,5 +17,12 @@ std::optional<QString> nearestPlace(const QString& file);
 
 /// The FILE value that means this place.
 QString addressOfPlace(const QString& place);
+
+/// A place for the picture of that number, which has no name to lie under: "pictures/p105.jpg". Each attempt gives
+/// another.
+QString madePlace(std::uint64_t number, qsizetype attempt, const QString& ending);
+
+/// Whether it may have been made so.
+bool isMadePlace(const QString& place);
 
 } // namespace lineara

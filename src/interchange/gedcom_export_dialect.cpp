@@ -183,17 +183,19 @@ private:
             const bool isRole = line.tag == "RELA" && line.parent == "ASSO";
             if (isLanguage(line) && !languageOf(line))
                 return keptLanguageTag;
-            if (line.tag == "FILE" && line.parent == "HEAD")
+            if (line.tag == "FILE" && isOfHeader(line))
                 return keptFileTag;
             return isShared && line.tag == "NOTE" ? "SNOTE" : isRole ? "ROLE" : line.tag;
         }
         if (line.tag == keptLanguageTag)
             return "LANG";
-        if (line.tag == keptFileTag && line.parent == "HEAD")
+        if (line.tag == keptFileTag && isOfHeader(line))
             return "FILE";
         const bool isRole = line.tag == "ROLE" && line.parent == "ASSO";
         return isShared && line.tag == "SNOTE" ? "NOTE" : isRole ? "RELA" : line.tag;
     }
+
+    static bool isOfHeader(const Pending& line) { return line.parent == "HEAD" && line.level == 1; }
 
     /// Other programs mean by theirs what they want.
     static bool isLanguage(const Pending& line) { return line.tag == "LANG" && !line.isPointer && !line.isOfOthers; }

@@ -4,10 +4,12 @@
 #include "gedcom_export_record.h"
 #include "gedcom_pointer.h"
 #include "gedcom_tree.h"
+#include "kept_file_name.h"
 #include "media_types.h"
 #include "own_tags.h"
 
 #include <algorithm>
+#include <array>
 #include <deque>
 #include <optional>
 #include <vector>
@@ -19,6 +21,14 @@ using Line = EditedRecord::Line;
 
 /// Bytes of the lines of an object's format that each of its files may get.
 constexpr std::size_t mostRepeated = 255;
+
+/// What 5.5.1 may say of a whole object, and 7.0 has no place for.
+constexpr std::array<std::string_view, 4> tagsOfObjects = {"FORM", "TITL", "BLOB", "OBJE"};
+
+std::string keptTagOf(std::string_view tag)
+{
+    return std::string(keptTagStart).append(tag);
+}
 
 std::string formLine(const QString& mediaType)
 {
@@ -34,10 +44,9 @@ public:
     std::string inSeven()
     {
         moveBelowFiles();
-        // 7.0 has no place for these.
-        for (const std::string_view tag : {"FORM", "TITL", "BLOB", "OBJE"}) {
+        for (const std::string_view tag : tagsOfObjects) {
             for (const Line line : lines_.children(0, tag))
-                lines_.rename(line, '_' + std::string(tag));
+                lines_.rename(line, keptTagOf(tag));
         }
         return lines_.result();
     }
@@ -73,12 +82,13 @@ private:
             lines_.strike(*title);
     }
 
-    /// Where the name can't be told from the address it is kept, unless it was before.
+    /// Where the name can't be told from the address it is kept, unless it was when the address came into an archive.
     void giveAddress(Line file)
     {
         const QString name = lines_.text(file);
         const QString address = addressOfName(name);
-        const bool keepsName = !lines_.child(file, keptFileTag) && nameOfAddress(address) != name;
+        const bool isKept = address == name && keptFileName(lines_, file, address);
+        const bool keepsName = !isKept && nameOfAddress(address) != name;
         if (lines_[file].isPointer || (address == name && !keepsName))
             return;
         lines_.replace(file, gedcomLines(1, "FILE", address, GedcomDialect::Five) +
@@ -97,11 +107,17 @@ private:
 
     std::string movedDown(Line line) const { return lines_.shifted(line, lines_.end(line), 1); }
 
+    /// The media type that the format means for a file of that name; no value if it can be none.
+    std::optional<QString> typeOf(Line format, const QString& file) const
+    {
+        return lines_[format].isPointer ? std::nullopt : mediaTypeOf(lines_.text(format), file);
+    }
+
     /// The media type that the format says for any file; empty if it says none.
     QString shortTypeOf(Line format) const
     {
-        const QString text = lines_.text(format);
-        const QString type = text.trimmed().isEmpty() ? QString() : mediaTypeOf(text, {}).value_or(QString());
+        const bool saysOne = !lines_.text(format).trimmed().isEmpty();
+        const QString type = saysOne ? typeOf(format, {}).value_or(QString()) : QString();
         return type.size() <= static_cast<qsizetype>(mostRepeated) ? type : QString();
     }
 
@@ -120,7 +136,7 @@ private:
         for (const Line further : lines_.children(file, "FORM"))
             if (further != *own)
                 lines_.rename(further, keptFormatTag);
-        if (const auto type = mediaTypeOf(lines_.text(*own), name)) {
+        if (const auto type = typeOf(*own, name)) {
             lines_.replace(*own, formLine(*type));
             return {};
         }
@@ -131,16 +147,20 @@ private:
     /// The format of the object as that of a file.
     std::string movedFormat(Line format, const QString& file) const
     {
-        const QString text = lines_.text(format);
-        const auto type = mediaTypeOf(text, file);
+        const auto type = typeOf(format, file);
         Line below = format + 1;
         const Line end = lines_.end(format);
         while (below < end && isContinuation(lines_[below].tag))
             ++below;
         const std::string details = withMedium(lines_.shifted(below, end, 1));
-        return type ? formLine(*type) + details
-                    : gedcomLines(2, keptFormatTag, text, GedcomDialect::Five) + details +
-                          formLine(mediaTypeByName(file));
+        return type ? formLine(*type) + details : keptFormat(format) + details + formLine(mediaTypeByName(file));
+    }
+
+    /// Without what stands below it.
+    std::string keptFormat(Line format) const
+    {
+        return lines_[format].isPointer ? gedcomPointer(2, keptFormatTag, lines_[format].value)
+                                        : gedcomLines(2, keptFormatTag, lines_.text(format), GedcomDialect::Five);
     }
 
     EditedRecord lines_;
@@ -190,25 +210,30 @@ bool isObjectRecord(const EditedRecord& lines)
 }
 
 /// Whether the only format of a file was made for words that stand ahead of it.
-bool isMadeForWords(const EditedRecord& lines, Line file, const QString& name)
+bool isMadeForWords(const EditedRecord& lines, Line file)
 {
     const auto formats = lines.children(file, "FORM");
     const auto words = lines.child(file, keptFormatTag);
-    return words && formats.size() == 1 && *words < formats.front() &&
-           lines.end(formats.front()) == formats.front() + 1 && lines.text(formats.front()) == mediaTypeByName(name);
+    const bool isAlone = formats.size() == 1 && lines.end(formats.front()) == formats.front() + 1;
+    if (!words || !isAlone || formats.front() < *words)
+        return false;
+    const QString type = lines.text(formats.front());
+    const QString address = lines.text(file);
+    const auto kept = keptFileName(lines, file, address);
+    // It was made before the file came into an archive, or then.
+    return type == mediaTypeByName(kept ? lines.text(*kept).trimmed() : nameOfAddress(address).trimmed()) ||
+           type == mediaTypeByName(address);
 }
 
-/// Returns the name.
-QString sayNameInFive(EditedRecord& lines, Line file)
+void sayNameInFive(EditedRecord& lines, Line file)
 {
     const QString address = lines.text(file);
-    const auto kept = lines.child(file, keptFileTag);
-    QString name = kept ? lines.text(*kept) : nameOfAddress(address);
+    const auto kept = keptFileName(lines, file, address);
+    const QString name = kept ? lines.text(*kept) : nameOfAddress(address);
     if (kept)
         lines.strike(*kept);
     if (name != address && !lines[file].isPointer)
         lines.replace(file, gedcomLines(1, "FILE", name, GedcomDialect::Five));
-    return name;
 }
 
 void sayMediumInFive(EditedRecord& lines, Line format)
@@ -257,7 +282,8 @@ std::string objectInFive(std::string_view record)
     if (!isObjectRecord(lines))
         return std::string(record);
     for (const Line file : lines.children(0, "FILE")) {
-        const bool isMade = isMadeForWords(lines, file, sayNameInFive(lines, file).trimmed());
+        const bool isMade = isMadeForWords(lines, file);
+        sayNameInFive(lines, file);
         for (const Line form : lines.children(file, "FORM")) {
             if (isMade) {
                 lines.strike(form);
@@ -270,6 +296,10 @@ std::string objectInFive(std::string_view record)
             lines.rename(words, "FORM");
             sayMediumInFive(lines, words);
         }
+    }
+    for (const std::string_view tag : tagsOfObjects) {
+        for (const Line line : lines.children(0, keptTagOf(tag)))
+            lines.rename(line, tag);
     }
     return lines.result();
 }

@@ -3,6 +3,7 @@
 #include "archive_names.h"
 #include "file_addresses.h"
 #include "gedcom_pointer.h"
+#include "kept_file_name.h"
 #include "media_files.h"
 #include "own_tags.h"
 #include "person_pictures.h"
@@ -84,14 +85,15 @@ private:
         places_.emplace(line, *place);
     }
 
-    /// What the file was called is kept below it, but only once.
+    /// What the file was called first is kept below it.
     static void replaceFile(EditedRecord& record, Line file, const QString& address)
     {
         const int level = record[file].level.value_or(1);
         const QString former = record.text(file);
-        const QString name = record.dialect() == GedcomDialect::Seven ? nameOfAddress(former) : former;
+        const bool isAddress = record.dialect() == GedcomDialect::Seven;
+        const QString name = isAddress ? nameOfAddress(former) : former;
         std::string lines = gedcomLines(level, "FILE", address, record.dialect());
-        if (!record.child(file, keptFileTag))
+        if (!isAddress || !keptFileName(record, file, former))
             lines += gedcomLines(level + 1, keptFileTag, name, record.dialect());
         record.replace(file, std::move(lines));
     }
@@ -128,28 +130,29 @@ private:
         lines.insert(std::ranges::min(objects, {}, &PictureObject::line).line, line);
     }
 
-    /// A name that nothing has and no line means.
+    /// A name that nothing has and no line means, however it may be written.
     QString newPlace(const HeldPicture& picture)
     {
         if (!meant_)
             meant_ = meantPlaces();
-        QString number = QString::fromStdString(numberedXref('p', picture.id.number));
         const QString ending = kindOf(*picture.bytes).ending;
         QString place;
+        qsizetype attempt = 0;
         do {
-            place = QStringLiteral("pictures/%1.%2").arg(number, ending);
-            number.prepend(u'x');
-        } while (meant_->contains(place) || !files_.try_emplace(place.toStdString(), *picture.bytes).second);
+            place = madePlace(picture.id.number, attempt++, ending);
+        } while (meant_->contains(likenessOf(place)) ||
+                 !files_.try_emplace(place.toStdString(), *picture.bytes).second);
         return place;
     }
 
+    /// As likenesses.
     std::set<QString> meantPlaces() const
     {
         std::set<QString> meant;
         for (std::size_t record = 0; record < kept_.size(); ++record) {
             for (const QString& name : filesNamedIn(kept_[record].text, kept_.dialect())) {
-                const QStringList places = placesInArchive(name);
-                meant.insert(places.begin(), places.end());
+                for (const QString& place : placesInArchive(name))
+                    meant.insert(likenessOf(place));
             }
         }
         return meant;

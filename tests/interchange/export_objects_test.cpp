@@ -74,7 +74,7 @@ TEST(ObjectsIn7, SayTheFormatOfEachFileBelowIt)
     EXPECT_THAT(inSeven(family),
                 ElementsAre("0 @O1@ OBJE", "1 FILE a.jpg", "2 FORM image/jpeg", "2 TITL Both", "1 FILE b.jpg",
                             "2 FORM image/jpeg", "1 NOTE of both", "0 @O2@ OBJE", "1 FILE c.jpg", "2 FORM image/jpeg",
-                            "3 MEDI PHOTO", "2 TITL See", "1 _TITL Other", "0 @O3@ OBJE", "1 FILE d",
+                            "3 MEDI PHOTO", "2 TITL See", "1 _LINEARA_TITL Other", "0 @O3@ OBJE", "1 FILE d",
                             "2 FORM audio/wav", "3 MEDI AUDIO", "0 @O4@ OBJE", "1 FILE e.doc",
                             "2 _LINEARA_FORM Word file", "2 FORM application/msword", "0 @O5@ OBJE", "1 FILE f.psd",
                             "2 FORM application/x-8bps", "0 @O6@ OBJE", "1 FILE g", "2 FORM application/octet-stream",
@@ -131,9 +131,9 @@ TEST(ObjectsIn7, WithoutAFileKeepWhatTheySay)
     EXPECT_THAT(inSeven(family),
                 ElementsAre("0 @I1@ INDI", "1 OBJE @O3@", "1 OBJE @VOID@", "1 OBJE @VOID@", "2 _ALBUM 3", "1 _ALBUM",
                             "0 @O3@ OBJE", "1 NOTE see the album", "1 FILE", "2 FORM application/octet-stream",
-                            "0 @O1@ OBJE", "1 _BLOB", "2 CONT .HM.......k.1", "2 CONT a@b", "1 _OBJE @O2@", "1 FILE",
-                            "2 FORM image/bmp", "2 TITL Flower", "0 @O2@ OBJE", "1 _BLOB x", "1 FILE",
-                            "2 FORM application/octet-stream", "0 TRLR"));
+                            "0 @O1@ OBJE", "1 _LINEARA_BLOB", "2 CONT .HM.......k.1", "2 CONT a@b",
+                            "1 _LINEARA_OBJE @O2@", "1 FILE", "2 FORM image/bmp", "2 TITL Flower", "0 @O2@ OBJE",
+                            "1 _LINEARA_BLOB x", "1 FILE", "2 FORM application/octet-stream", "0 TRLR"));
     expectToComeBack(family);
 }
 
@@ -231,6 +231,23 @@ TEST(ObjectsIn551, HaveAllTheFormatsThatTheyHad)
     const QByteArray text = versionFive("0 @O1@ OBJE\n1 FILE a.png\n2 FORM png\n2 FORM N/A\n2 FORM bmp\n"
                                         "1 FILE b.png\n2 FORM N/A\n2 FORM png\n1 FILE c\n2 FORM application/x-\n");
     EXPECT_THAT(difference(text, thereAndBack(text)), IsEmpty());
+}
+
+TEST(ObjectsIn551, HaveWhatTheySaidOfThemAsAWhole)
+{
+    const QByteArray text = versionFive("0 @O1@ OBJE\n1 FILE a.jpg\n2 FORM jpg\n2 TITL A\n1 TITL Album\n1 FORM n/a\n"
+                                        "1 BLOB\n2 CONT .HM.......k.1\n1 OBJE @O2@\n1 _TITL Title of another\n"
+                                        "0 @O2@ OBJE\n1 FILE b.png\n2 FORM png\n");
+    EXPECT_THAT(difference(text, thereAndBack(text)), IsEmpty());
+}
+
+TEST(ObjectsIn551, HaveFormatsThatPointSomewhere)
+{
+    const QByteArray text = versionFive("0 @O1@ OBJE\n1 FILE a.png\n2 FORM @X1@\n3 TYPE photo\n0 @X1@ _FORM\n");
+    EXPECT_THAT(difference(text, thereAndBack(text)), IsEmpty());
+    const auto common = imported(versionFive("0 @O1@ OBJE\n1 FORM @X1@\n2 TYPE photo\n1 FILE a.png\n0 @X1@ _FORM\n"));
+    EXPECT_THAT(inSeven(common), ElementsAre("0 @O1@ OBJE", "1 FILE a.png", "2 _LINEARA_FORM @X1@", "3 MEDI PHOTO",
+                                             "2 FORM image/png", "0 @X1@ _FORM", "0 TRLR"));
 }
 
 TEST(ObjectsIn551, HaveItsFormats)

@@ -155,6 +155,34 @@ TEST(ArchivedPictures, OfPersonsWithoutARecordOrALineGetOne)
     EXPECT_TRUE(exported(*again.context, GedcomFormat::Gedzip) == archive);
 }
 
+TEST(ArchivedPictures, GetNoNameThatAnotherIsLookedForBy)
+{
+    const auto family = imported(versionSeven(person("I1", {}) + person("I2", {})));
+    member(family, 0).changePic(red);
+    const std::string made = filesIn(exported(*family.context, GedcomFormat::Gedzip)).at(0);
+    const QByteArray missing = QByteArray::fromStdString(made).toUpper();
+    const auto both = imported(versionSeven(person("I1", {}) + person("I2", "1 OBJE\n2 FILE " + missing + "\n")));
+    member(both, 0).changePic(red);
+    const auto again = imported(exported(*both.context, GedcomFormat::Gedzip));
+    EXPECT_EQ(pictureOf(member(again, 0)), red);
+    EXPECT_EQ(pictureOf(member(again, 1)), "none");
+}
+
+// The name that came with it ends in another way than the one in the archive.
+TEST(ArchivedPictures, GetNoFormatThatTheyDidNotHave)
+{
+    const Folder folder;
+    folder.write(QStringLiteral("sc\u00ADan.jpg"), red);
+    const QByteArray text = "0 HEAD\n1 GEDC\n2 VERS 5.5.1\n2 FORM LINEAGE-LINKED\n1 CHAR UTF-8\n" +
+                            person("I1", "1 OBJE @O1@\n") +
+                            "0 @O1@ OBJE\n1 FILE sc\xC2\xAD"
+                            "an.jpg\n2 FORM N/A\n0 TRLR\n";
+    const auto family = folder.importedHere(text);
+    ASSERT_EQ(pictureOf(member(family, 0)), red);
+    const auto archived = imported(exported(*family.context, GedcomFormat::Gedzip));
+    EXPECT_THAT(difference(text, exported(*archived.context)), ElementsAre());
+}
+
 TEST(RemovedPictures, TakeTheirLinesWithThem)
 {
     const QByteArray text = versionSeven(person("I1", "1 OBJE @O1@\n1 _PHOTO @O1@\n1 OBJE @O2@\n") +

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "gedcom_export_record.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace lineara {
+
+/// The line below a FILE of 7.0 that keeps the name which 5.5.1 gives the file. No value where none does, or where the
+/// address is not one that an export would give a file of that name: somebody has moved the file since.
+std::optional<EditedRecord::Line> keptFileName(const EditedRecord& lines, EditedRecord::Line file,
+                                               const QString& address);
+
+} // namespace lineara
