@@ -1,7 +1,9 @@
 #include "canvas/tidying.h"
 
 #include "canvas/placement.h"
+#include "elements/leaf_view.h"
 #include "elements/node_layout.h"
+#include "layout/row_solver.h"
 #include "layout/tidy.h"
 #include "model/object_context.h"
 
@@ -13,8 +15,13 @@ namespace lineara {
 
 namespace {
 
-constexpr std::int32_t leastGap = 10;
-constexpr std::int32_t pitch = node_layout::greatestNodeWidth + leastGap;
+constexpr std::int32_t pitch = node_layout::greatestNodeWidth + layout::rowGap;
+
+std::int32_t nodeWidthOf(const Person* person)
+{
+    const LeafView* const node = person ? person->leafView() : nullptr;
+    return node ? node->width() : node_layout::greatestNodeWidth;
+}
 
 /// Where persons without a place may begin: beyond everybody who has one.
 std::int32_t firstFreePlace(const Pool& pool)
@@ -54,6 +61,8 @@ Tidying Tidying::ofSome(const Pool& pool, const std::vector<RecordId>& persons)
 {
     Tidying tidying = ofEverybody(pool);
     const std::unordered_set<RecordId> wanted(persons.begin(), persons.end());
+    for (const RecordId id : tidying.family_.persons)
+        tidying.widths_.push_back(nodeWidthOf(pool.context().person(id)));
     auto& selected = tidying.selected_.emplace();
     for (engine::PersonIndex person = 0; person < tidying.family_.graph.members; ++person) {
         if (wanted.contains(tidying.family_.persons[person]))
@@ -111,6 +120,7 @@ std::optional<std::vector<std::int32_t>> Tidying::edges(const Progress& progress
     task.birthYears = birthYears_;
     task.present = present_;
     task.pitch = pitch;
+    task.widths = widths_;
     task.margin = margin_;
     const auto goesOn = [&progress](double part) { return progress.goesOn(part); };
     return selected_ ? layout::tidySelection(task, *selected_, goesOn) : layout::tidy(task, goesOn);

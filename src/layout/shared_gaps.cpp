@@ -11,11 +11,6 @@ namespace lineara::layout {
 
 namespace {
 
-std::int64_t roomIn(const Gap& gap, std::int64_t pitch)
-{
-    return gap.last - gap.first + pitch;
-}
-
 /// What a way to share out costs; less room missing counts before all nearness.
 struct Crowding
 {
@@ -35,7 +30,7 @@ using Costs = std::vector<Crowding>;
 class Sharing
 {
 public:
-    Sharing(std::span<const GroupShare> groups, std::int64_t pitch) : groups_(groups), pitch_(pitch)
+    explicit Sharing(std::span<const GroupShare> groups) : groups_(groups)
     {
         ends_.assign(groups.size() + 1, 0);
         for (std::size_t group = 0; group < groups.size(); ++group)
@@ -112,7 +107,7 @@ private:
 
     Step withGap(const Costs& costs, const Gap& gap) const
     {
-        const std::int64_t room = std::max<std::int64_t>(roomIn(gap, pitch_), 0);
+        const std::int64_t room = std::max<std::int64_t>(gap.room(), 0);
         Step step{Costs(costs.size()), std::vector<std::uint32_t>(costs.size())};
         const std::vector<std::int64_t> distances = distancesIn(gap);
         const auto fitting = [&](std::size_t first) { return costs[first] - Crowding{0, distances[first]}; };
@@ -150,29 +145,28 @@ private:
         std::vector<std::int64_t> distances{0};
         distances.reserve(groups_.size() + 1);
         for (const auto& [wish, width] : groups_) {
-            const std::int64_t last = std::max(gap.first, gap.last + pitch_ - width);
+            const std::int64_t last = std::max(gap.first, gap.end - width);
             distances.push_back(distances.back() + std::abs(std::clamp(wish, gap.first, last) - wish));
         }
         return distances;
     }
 
     std::span<const GroupShare> groups_;
-    std::int64_t pitch_;
     std::vector<std::int64_t> ends_;
 };
 
 /// Everybody in the gap that holds their wish, if all find room there. Nothing can be nearer than that.
-std::optional<SharedOut> asWished(std::span<const GroupShare> groups, std::span<const Gap> gaps, std::int64_t pitch)
+std::optional<SharedOut> asWished(std::span<const GroupShare> groups, std::span<const Gap> gaps)
 {
     SharedOut shared{std::vector<std::size_t>(groups.size()), 0};
     std::size_t gap = 0;
-    std::int64_t room = roomIn(gaps.front(), pitch);
+    std::int64_t room = gaps.front().room();
     for (std::size_t group = 0; group < groups.size(); ++group) {
         const auto& [wish, width] = groups[group];
-        while (gaps[gap].last + pitch < wish + width) {
+        while (gaps[gap].end < wish + width) {
             if (++gap == gaps.size())
                 return std::nullopt;
-            room = roomIn(gaps[gap], pitch);
+            room = gaps[gap].room();
         }
         room -= width;
         if (wish < gaps[gap].first || room < 0)
@@ -183,12 +177,12 @@ std::optional<SharedOut> asWished(std::span<const GroupShare> groups, std::span<
 }
 
 /// Who finds room without lack does so in these.
-std::vector<std::size_t> roomyGaps(std::span<const GroupShare> groups, std::span<const Gap> gaps, std::int64_t pitch)
+std::vector<std::size_t> roomyGaps(std::span<const GroupShare> groups, std::span<const Gap> gaps)
 {
     const std::int64_t narrowest = std::ranges::min_element(groups, {}, &GroupShare::width)->width;
     std::vector<std::size_t> roomy;
     for (std::size_t gap = 0; gap < gaps.size(); ++gap) {
-        if (roomIn(gaps[gap], pitch) >= narrowest)
+        if (gaps[gap].room() >= narrowest)
             roomy.push_back(gap);
     }
     return roomy;
@@ -196,16 +190,15 @@ std::vector<std::size_t> roomyGaps(std::span<const GroupShare> groups, std::span
 
 } // namespace
 
-std::optional<SharedOut> shareOut(std::span<const GroupShare> groups, std::span<const Gap> gaps, std::int64_t pitch,
-                                  const Heard& heard)
+std::optional<SharedOut> shareOut(std::span<const GroupShare> groups, std::span<const Gap> gaps, const Heard& heard)
 {
     constexpr double shareOfEither = 0.5;
-    if (auto wished = asWished(groups, gaps, pitch))
+    if (auto wished = asWished(groups, gaps))
         return wished;
-    const Sharing sharing(groups, pitch);
+    const Sharing sharing(groups);
     Hearing hearing(heard);
     hearing.nextPart(shareOfEither);
-    const std::vector<std::size_t> roomy = roomyGaps(groups, gaps, pitch);
+    const std::vector<std::size_t> roomy = roomyGaps(groups, gaps);
     std::vector<Gap> chosen;
     chosen.reserve(roomy.size());
     for (const std::size_t gap : roomy)

@@ -10,19 +10,21 @@
 
 namespace lineara::layout {
 
-/// Room in a row, as left edges: of the first person that fits in, and of the last. Too small for anybody if that is
-/// further left.
+/// Room in a row: the left edge of whom it begins with, and of whom it ends before. There is none if that is not
+/// further right.
 struct Gap
 {
     std::int64_t first = 0;
-    std::int64_t last = 0;
+    std::int64_t end = 0;
+
+    std::int64_t room() const { return end - first; }
 };
 
 /// Persons who stand together and look for room.
 struct GroupShare
 {
-    std::int64_t wish = 0; ///< the left edge
-    std::int64_t width = 0;
+    std::int64_t wish = 0;  ///< the left edge
+    std::int64_t width = 0; ///< with what stays free behind them
 };
 
 /// Which gap each group gets, and how much room is missing in all of them.
@@ -37,7 +39,6 @@ struct SharedOut
 /// is at least one gap and one group. No value if `heard` said not to go on. Where all wishes can be granted, this
 /// takes time in proportion to groups and gaps; else to groups times gaps, of which only those count where somebody
 /// fits in as long as these suffice, and memory in proportion to groups times the root of gaps.
-std::optional<SharedOut> shareOut(std::span<const GroupShare> groups, std::span<const Gap> gaps, std::int64_t pitch,
-                                  const Heard& heard);
+std::optional<SharedOut> shareOut(std::span<const GroupShare> groups, std::span<const Gap> gaps, const Heard& heard);
 
 } // namespace lineara::layout

@@ -19,8 +19,15 @@ namespace {
 /// Selected persons who stand shoulder to shoulder with their partners and stay so.
 struct Group
 {
-    std::vector<PersonIndex> persons;
+    struct Member
+    {
+        PersonIndex person;
+        std::int64_t offset; ///< from the left edge of the first
+    };
+
+    std::vector<Member> members;
     std::int64_t wish = 0;
+    std::int64_t width = 0; ///< with what stays free behind the last
     std::int64_t place = 0;
     std::size_t gap = 0;
 };
@@ -46,13 +53,18 @@ public:
             return false;
         placeGroups();
         for (const Group& group : groups_)
-            for (std::size_t index = 0; index < group.persons.size(); ++index)
-                places[group.persons[index]] = static_cast<std::int32_t>(group.place + offset(index));
+            for (const auto& [person, offset] : group.members)
+                places[person] = static_cast<std::int32_t>(group.place + offset);
         return true;
     }
 
 private:
-    std::int64_t offset(std::size_t persons) const { return static_cast<std::int64_t>(persons) * task_.pitch; }
+    std::int32_t widthOf(PersonIndex person) const
+    {
+        return task_.widths.empty() ? task_.pitch - rowGap : task_.widths[person];
+    }
+    /// From the left edge of a person to that of the next at the least.
+    std::int64_t stepBehind(PersonIndex person) const { return std::int64_t{widthOf(person)} + rowGap; }
 
     void formGroups()
     {
@@ -61,8 +73,11 @@ private:
         for (const auto& [wish, person] : chosen_) {
             const auto joined = groupBeside(person, wish, groupOf).value_or(groups_.size());
             if (joined == groups_.size())
-                groups_.push_back({{}, wish, wish, 0});
-            groups_[joined].persons.push_back(person);
+                groups_.push_back({{}, wish, 0, wish, 0});
+            Group& group = groups_[joined];
+            const std::int64_t offset = std::max(wish - group.wish, group.width);
+            group.members.push_back({person, offset});
+            group.width = offset + stepBehind(person);
             groupOf[person] = joined;
         }
     }
@@ -77,7 +92,8 @@ private:
             if (found == groupOf.end())
                 continue;
             const Group& group = groups_[found->second];
-            if (group.persons.back() == partner && wish - group.wish == offset(group.persons.size()))
+            const auto& [last, offset] = group.members.back();
+            if (last == partner && wish - group.wish - offset <= task_.pitch)
                 return found->second;
         }
         return std::nullopt;
@@ -88,11 +104,11 @@ private:
         gaps_.clear();
         std::int64_t first = std::numeric_limits<std::int32_t>::min();
         for (const PersonIndex other : others_) {
-            gaps_.push_back({first, std::int64_t{places[other]} - task_.pitch});
-            first = std::int64_t{places[other]} + task_.pitch;
+            gaps_.push_back({first, places[other]});
+            first = places[other] + stepBehind(other);
         }
-        gaps_.push_back({first, std::max(first, rightmost_)});
-        gaps_.front().first = std::min<std::int64_t>(task_.margin, gaps_.front().last);
+        gaps_.push_back({first, std::max(first, rightmost_) + task_.pitch});
+        gaps_.front().first = std::min<std::int64_t>(task_.margin, gaps_.front().end - task_.pitch);
     }
 
     /// Gives every group the gap in which it stands best, and moves apart those who are not selected where that is too
@@ -102,8 +118,8 @@ private:
         std::vector<GroupShare> groups;
         groups.reserve(groups_.size());
         for (const Group& group : groups_)
-            groups.push_back({group.wish, offset(group.persons.size())});
-        const auto shared = shareOut(groups, gaps_, task_.pitch, heard);
+            groups.push_back({group.wish, group.width});
+        const auto shared = shareOut(groups, gaps_, heard);
         if (!shared)
             return false;
         for (std::size_t group = 0; group < groups_.size(); ++group)
@@ -118,10 +134,10 @@ private:
         std::vector<RowNode> nodes;
         nodes.reserve(others_.size());
         for (const PersonIndex other : others_)
-            nodes.push_back({places[other], task_.pitch - rowGap, true});
+            nodes.push_back({places[other], widthOf(other), true});
         for (const Group& group : groups_)
             if (group.gap > 0)
-                nodes[group.gap - 1].width += static_cast<std::int32_t>(offset(group.persons.size()));
+                nodes[group.gap - 1].width += static_cast<std::int32_t>(group.width);
         const std::vector<std::int64_t> solved = solveRow(nodes);
         for (std::size_t other = 0; other < others_.size(); ++other)
             places[others_[other]] = static_cast<std::int32_t>(solved[other]);
@@ -133,14 +149,13 @@ private:
         std::int64_t free = std::numeric_limits<std::int64_t>::min();
         for (Group& group : groups_) {
             group.place = std::max({group.wish, free, gaps_[group.gap].first});
-            free = group.place + offset(group.persons.size());
+            free = group.place + group.width;
         }
         std::int64_t next = std::numeric_limits<std::int64_t>::max();
         for (auto group = groups_.rbegin(); group != groups_.rend(); ++group) {
-            const std::int64_t width = offset(group->persons.size());
             const bool isLast = group->gap + 1 == gaps_.size();
-            const std::int64_t end = isLast ? next : std::min(next, gaps_[group->gap].last + task_.pitch);
-            group->place = std::min(group->place, end - width);
+            const std::int64_t end = isLast ? next : std::min(next, gaps_[group->gap].end);
+            group->place = std::min(group->place, end - group->width);
             next = group->place;
         }
     }
@@ -189,17 +204,22 @@ std::optional<std::vector<std::int32_t>> tidySelection(const TidyTask& task, std
     if (selected.empty())
         return std::vector<std::int32_t>(task.present.begin(), task.present.end());
     constexpr double partOfWishes = 0.5;
+    constexpr double partOfPlaces = 0.375;
     Hearing hearing(progress);
     hearing.nextPart(partOfWishes);
     SelectedPart part(task, selected);
     if (!part.tidyUp(hearing.ofPart()))
         return std::nullopt;
-    hearing.nextPart(1 - partOfWishes);
+    hearing.nextPart(partOfPlaces);
     auto places = placesFor(task, selected, part.wishes(), hearing.ofPart());
     // How often wishes are given up is not known beforehand.
-    hearing.nextPart(0);
-    while (places && part.giveUpInVain(*places))
+    double rest = 1 - partOfWishes - partOfPlaces;
+    while (places && part.giveUpInVain(*places)) {
+        rest /= 2;
+        hearing.nextPart(rest);
         places = placesFor(task, selected, part.wishes(), hearing.ofPart());
+    }
+    hearing.nextPart(rest);
     return hearing.goesOn(1) ? places : std::nullopt;
 }
 

@@ -214,6 +214,25 @@ TEST(TidyingUp, OfSomeLeavesAllOthersWhereTheirUserPutsThemMeanwhile)
         EXPECT_THAT(some, Contains(place.person));
 }
 
+TEST(TidyingUp, OfSomeLeavesThemWhereTheirNodesStandShoulderToShoulder)
+{
+    Untidy family;
+    EditedDocument& edited = family.edited;
+    std::int32_t left = 253;
+    std::vector<RecordId> strangers;
+    for (int stranger = 0; stranger < 3; ++stranger) {
+        Person& person = edited.add();
+        ASSERT_LT(person.leafView()->width(), 142);
+        strangers.push_back(person.recordId());
+        person.setX(left);
+        left += person.leafView()->width() + 10;
+    }
+    edited.settle();
+    Tidying tidying = Tidying::ofSome(edited.pool(), {strangers[1]});
+    tidying.compute();
+    EXPECT_THAT(tidying.places(), IsEmpty());
+}
+
 TEST(TidyingUp, OfSomeTellsNothingWhereSomebodyHasNoPlace)
 {
     const Untidy family;

@@ -10,13 +10,13 @@ std::int64_t LiteralSelection::lackOf(const std::vector<std::size_t>& gaps) cons
 {
     std::vector<std::int64_t> room;
     std::int64_t first = before.empty() ? leftmost : std::min(leftmost, before.front() - pitch);
-    for (const std::int64_t left : before) {
-        room.push_back(left - first);
-        first = left + pitch;
+    for (std::size_t other = 0; other < before.size(); ++other) {
+        room.push_back(before[other] - first);
+        first = before[other] + steps[other];
     }
     room.push_back(std::max(first, rightmost) - first + pitch);
     for (std::size_t group = 0; group < groups.size(); ++group)
-        room[gaps[group]] -= groups[group].persons * pitch;
+        room[gaps[group]] -= groups[group].width;
     std::int64_t lack = 0;
     for (const std::int64_t left : room)
         lack += std::max<std::int64_t>(-left, 0);
@@ -60,7 +60,7 @@ std::vector<std::int64_t> LiteralSelection::taken() const
 {
     std::vector<std::int64_t> taken(before.size() + 1, 0);
     for (const Group& group : groups)
-        taken[group.gap] += group.persons * pitch;
+        taken[group.gap] += group.width;
     return taken;
 }
 
@@ -77,7 +77,7 @@ std::int64_t LiteralSelection::leastMoved() const
     // The least total of those so far, with the last of them at each place.
     std::vector<std::int64_t> costs(places, 0);
     for (std::size_t other = 0; other < before.size(); ++other) {
-        const auto apart = static_cast<std::size_t>(other == 0 ? 0 : pitch + widths[other]);
+        const auto apart = static_cast<std::size_t>(other == 0 ? 0 : steps[other - 1] + widths[other]);
         std::vector<std::int64_t> next(places, std::numeric_limits<std::int32_t>::max());
         std::int64_t best = std::numeric_limits<std::int32_t>::max();
         for (std::size_t place = apart; place < places; ++place) {

@@ -11,12 +11,14 @@ struct LiteralSelection
     /// Left edges of those not selected, ascending, before; and after.
     std::vector<std::int64_t> before;
     std::vector<std::int64_t> after;
+    /// From these left edges to the next ones at the least.
+    std::vector<std::int64_t> steps;
     /// The selected as they stand together, from left to right: how many of the others stand left of each group, and
-    /// how many persons it has.
+    /// how far it is from its left edge to the next one at the least.
     struct Group
     {
         std::size_t gap = 0;
-        std::int64_t persons = 1;
+        std::int64_t width = 0;
     };
     std::vector<Group> groups;
     std::int64_t pitch = 0;

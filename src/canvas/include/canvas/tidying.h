@@ -43,6 +43,7 @@ private:
     std::vector<engine::Generation> generations_;
     std::vector<std::int32_t> birthYears_;
     std::vector<std::int32_t> present_; // left edges; empty where somebody has no place yet
+    std::vector<std::int32_t> widths_;  // of the nodes, where some get places among others
     std::vector<bool> isAsked_;
     std::optional<std::vector<engine::PersonIndex>> selected_; // no value for everybody
     std::int32_t margin_ = 0;

@@ -23,11 +23,14 @@ struct TidyTask
     const std::vector<engine::Generation>& generations;
     /// One entry per person, `unknownBirthYear` where there is none; or nothing, when no year is known.
     std::span<const std::int32_t> birthYears = {};
-    /// Left edges in points of everybody who has a place already, one per person; or nothing, for a family that has
-    /// none. An order that is tidy already is kept.
+    /// Left edges in points of everybody who has a place already, one per person, none further than a thousand million
+    /// points from 0; or nothing, for a family that has none. An order that is tidy already is kept.
     std::span<const std::int32_t> present = {};
     /// Neighbours in a row stand at least this many points apart, from left edge to left edge.
     std::int32_t pitch = 152;
+    /// Widths of the nodes in points, one per person, less than `pitch` by `rowGap` at least; or nothing, when all are
+    /// as wide as that. Only where some persons are tidied up between others: these may stand nearer than `pitch`.
+    std::span<const std::int32_t> widths = {};
     /// Where the leftmost person stands.
     std::int32_t margin = 253;
 };
@@ -46,9 +49,9 @@ using TidyProgress = std::function<bool(double)>;
 std::optional<std::vector<std::int32_t>> tidy(const TidyTask& task, const TidyProgress& progress = {});
 
 /// The same for some persons only, each named once; `present` is needed for it. Everybody else stays, and the selected
-/// find room between them, where it suits their relatives; who stands well already stays. Only where a row has no room
-/// for them, those not selected move apart, by the least total and in their order. Left of all others there is room for
-/// one at least, even if that leads beyond the margin.
+/// find room between them, `rowGap` apart at least, where it suits their relatives; who stands well already stays. Only
+/// where a row has no room for them, those not selected move apart, by the least total and in their order. Left of all
+/// others there is room for one at least, even if that leads beyond the margin.
 std::optional<std::vector<std::int32_t>>
 tidySelection(const TidyTask& task, std::span<const engine::PersonIndex> selected, const TidyProgress& progress = {});
 
