@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <utility>
 
 namespace lineara::layout {
@@ -114,11 +115,11 @@ std::optional<std::vector<double>> SelectedPart::betterPlaces(const Family& fami
     for (const PersonIndex person : family.persons)
         if (!hasCompanions || !isSelected(person))
             shifts.push_back(present_[person] - direction * tidied[person]);
-    const auto middle = shifts.begin() + static_cast<std::ptrdiff_t>(shifts.size() / 2);
-    std::ranges::nth_element(shifts, middle);
+    std::ranges::sort(shifts);
+    const std::int64_t shift = std::midpoint(shifts[(shifts.size() - 1) / 2], shifts[shifts.size() / 2]);
     std::vector<double> places(persons_.size(), 0);
     for (const PersonIndex person : family.persons) {
-        const std::int64_t left = isSelected(person) ? direction * tidied[person] + *middle : present_[person];
+        const std::int64_t left = isSelected(person) ? direction * tidied[person] + shift : present_[person];
         places[person] = static_cast<double>(left) / task_.pitch;
     }
     const Standing standing = standingOf(family, places);

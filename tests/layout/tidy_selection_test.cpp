@@ -193,6 +193,30 @@ TEST(TidySelection, WhoStandsWellBetweenNarrowNodesStays)
     EXPECT_EQ(row.tidied({0, 1, 2, 3, 4}), row.x);
 }
 
+TEST(TidySelection, ChildrenStandBeneathTheMiddleOfParentsWhoStandNearEachOther)
+{
+    Sketch sketch;
+    const PersonIndex father = sketch.person(2);
+    const PersonIndex mother = sketch.person(2);
+    sketch.marry(father, mother);
+    const PersonIndex elder = sketch.person(1);
+    const PersonIndex younger = sketch.person(1);
+    sketch.bear(elder, {father, mother});
+    sketch.bear(younger, {father, mother});
+    const FamilyGraph graph = sketch.graph();
+    const std::vector<std::int32_t> years{1800, 1800, 1830, 1833};
+    const std::vector<std::int32_t> widths(4, 92);
+    const LeftEdges x{3'000, 3'102, 9'000, margin};
+    TidyTask task{graph, sketch.generations()};
+    task.birthYears = years;
+    task.present = x;
+    task.widths = widths;
+    task.margin = margin;
+    const std::int32_t first = 3'051 - pitch / 2;
+    EXPECT_EQ(tidySelection(task, std::vector<PersonIndex>{elder, younger}),
+              (LeftEdges{3'000, 3'102, first, first + pitch}));
+}
+
 TEST(TidySelection, OthersStayWhereMakingRoomIsNoneOfTheirBusiness)
 {
     // A couple among wide nodes goes to the right of all, and the narrow ones far from it stay.
