@@ -2,7 +2,10 @@
 
 #include "archive_names.h"
 #include "file_addresses.h"
+#include "gedcom_tree.h"
 #include "own_tags.h"
+
+#include <algorithm>
 
 namespace lineara {
 namespace {
@@ -25,8 +28,9 @@ bool mayStandFor(const QString& address, const QString& name)
 std::optional<EditedRecord::Line> keptFileName(const EditedRecord& lines, EditedRecord::Line file,
                                                const QString& address)
 {
+    const auto isContinued = [&](EditedRecord::Line line) { return isContinuation(lines[line].tag); };
     for (const EditedRecord::Line kept : lines.children(file, keptFileTag)) {
-        if (mayStandFor(address, lines.text(kept)))
+        if (std::ranges::all_of(lines.children(kept), isContinued) && mayStandFor(address, lines.text(kept)))
             return kept;
     }
     return std::nullopt;

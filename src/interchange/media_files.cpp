@@ -16,6 +16,9 @@ namespace {
 
 constexpr qsizetype deepestPlace = 16;
 
+/// Files or folders of one folder that are tried for one name.
+constexpr qsizetype mostAlike = 8;
+
 /// The steps of a path that can lie below a folder: those after the last one that climbs out of one.
 QStringList stepsOf(QString name)
 {
@@ -123,12 +126,13 @@ bool FolderMediaFiles::holds(const QString& place) const
 QString FolderMediaFiles::resembling(QStringView place, const QString& folder) const
 {
     const qsizetype slash = place.indexOf(u'/');
-    const QString step = place.first(slash < 0 ? place.size() : slash).toString();
-    QStringList names = contentsOf(folder).value(likenessOf(step));
+    const bool isLast = slash < 0;
+    const QString step = place.first(isLast ? place.size() : slash).toString();
+    const Contents& contents = contentsOf(folder);
+    QStringList names = (isLast ? contents.files : contents.folders).value(likenessOf(step));
     std::ranges::stable_partition(names, [&](const QString& name) { return name == step; });
-    for (const QString& name : names) {
+    for (const QString& name : names.mid(0, mostAlike)) {
         const QString path = folder.isEmpty() ? name : QString(folder + u'/' + name);
-        const bool isLast = slash < 0;
         QString found = !isLast ? resembling(place.sliced(slash + 1), path) : holds(path) ? path : QString();
         if (!found.isEmpty())
             return found;
@@ -136,15 +140,19 @@ QString FolderMediaFiles::resembling(QStringView place, const QString& folder) c
     return {};
 }
 
-const QHash<QString, QStringList>& FolderMediaFiles::contentsOf(const QString& folder) const
+const FolderMediaFiles::Contents& FolderMediaFiles::contentsOf(const QString& folder) const
 {
     const auto known = contents_.constFind(folder);
     if (known != contents_.constEnd())
         return *known;
-    QHash<QString, QStringList> contents;
-    const auto kinds = QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden;
-    for (const QString& name : QDir(QDir(folder_).filePath(folder)).entryList(kinds, QDir::Name))
-        contents[likenessOf(name)] << name;
+    const QDir dir(QDir(folder_).filePath(folder));
+    Contents contents;
+    for (const QString& name : dir.entryList(QDir::Files | QDir::Hidden, QDir::Name))
+        contents.files[likenessOf(name)] << name;
+    // A link to a folder above would lead round in circles.
+    const auto folders = QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden | QDir::NoSymLinks;
+    for (const QString& name : dir.entryList(folders, QDir::Name))
+        contents.folders[likenessOf(name)] << name;
     return *contents_.insert(folder, contents);
 }
 

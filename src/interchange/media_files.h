@@ -62,14 +62,20 @@ private:
     /// The place of the file; empty if it is not there.
     QString find(const QString& name) const;
     bool holds(const QString& place) const;
+    /// What is in a folder, by names as others may write them.
+    struct Contents
+    {
+        QHash<QString, QStringList> files;
+        QHash<QString, QStringList> folders; ///< but for links to such
+    };
+
     /// A file at that place below the folder as others may write it, rather where more steps are called exactly so;
-    /// empty if there is none.
+    /// empty if there is none, or too many of like names.
     QString resembling(QStringView place, const QString& folder) const;
-    /// What is in a folder below this one, by its names as others may write them.
-    const QHash<QString, QStringList>& contentsOf(const QString& folder) const;
+    const Contents& contentsOf(const QString& folder) const;
 
     QString folder_; // canonical
-    mutable QHash<QString, QHash<QString, QStringList>> contents_;
+    mutable QHash<QString, Contents> contents_;
 };
 
 /// The places below a folder at which a file of that name may be, the most exact one first. Empty for an address on the

@@ -271,6 +271,14 @@ TEST(FileAddresses, LeaveTheNameInTheHeader)
     EXPECT_THAT(difference(text, exported(*again.context)), IsEmpty());
 }
 
+TEST(FileAddresses, LeaveWhatIsSaidBelowAKeptName)
+{
+    const auto family =
+        imported("0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @O1@ OBJE\n1 FILE Tom.jpg\n2 _LINEARA_FILE C:\\Tom.jpg\n"
+                 "3 NOTE below\n2 FORM image/jpeg\n0 TRLR\n");
+    EXPECT_TRUE(exported(*family.context).contains("\n2 _LINEARA_FILE C:\\Tom.jpg\n3 NOTE below\n"));
+}
+
 TEST(FileAddresses, LeaveHeadersWithinRecordsToOtherPrograms)
 {
     const auto family = imported(versionFive("0 @X1@ _BACKUP\n1 HEAD\n2 FILE C:\\Oak.ged\n"));

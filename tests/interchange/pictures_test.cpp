@@ -1,3 +1,4 @@
+#include "hang_guard.h"
 #include "imported.h"
 
 #include "media_files.h"
@@ -140,6 +141,31 @@ TEST_F(PicturesInAFolder, AreFoundBesideOthersOfLikeNames)
     write(QStringLiteral("family/MEDIA/ann.jpg"), tomsPicture);
     EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE MEDIA/ANN.jpg\n")), tomsPicture);
     EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE media/ANN.jpg\n")), annsPicture);
+}
+
+TEST_F(PicturesInAFolder, AreLookedForWhereLinksLeadRoundInCircles)
+{
+    for (const char* const name : {"ab", "aB", "Ab", "AB"})
+        ASSERT_TRUE(QFile::link(root_.filePath(QStringLiteral("family")),
+                                root_.filePath(QStringLiteral("family/") + QLatin1String(name))));
+    const HangGuard guard;
+    EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE " + QByteArray("ab/").repeated(15) + "x.jpg\n")), "");
+    EXPECT_EQ(pictureOf(importedHere("0 @I1@ INDI\n1 OBJE\n2 FILE ab/Ab/Tom.png\n")), tomsPicture);
+}
+
+TEST_F(PicturesInAFolder, AreLookedForAmongThousandsOfLikeNames)
+{
+    const QByteArray letters = "abcdefghijkl";
+    QByteArray persons;
+    for (int mixture = 1; mixture < 1 << letters.size(); ++mixture) {
+        QByteArray name = letters;
+        for (int letter = 0; letter < letters.size(); ++letter)
+            name[letter] = static_cast<char>(mixture >> letter & 1 ? name[letter] - 32 : name[letter]);
+        ASSERT_TRUE(QDir(root_.path()).mkpath(QStringLiteral("family/%1.png").arg(QLatin1String(name))));
+        persons += "0 @I" + QByteArray::number(mixture) + "@ INDI\n1 OBJE\n2 FILE q/" + name + ".png\n";
+    }
+    const HangGuard guard;
+    EXPECT_EQ(pictureOf(importedHere(persons)), "");
 }
 
 TEST_F(PicturesInAFolder, OtherCapitalsLeadNowhereElseEither)
