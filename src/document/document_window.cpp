@@ -51,10 +51,10 @@ QDialog* blockingDialog(const QWidget& window)
     auto* const last = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (dialogs.contains(last))
         return last;
-    const auto blocking = std::ranges::find_if(dialogs, [](const QDialog* dialog) {
+    const auto blocking = std::find_if(dialogs.rbegin(), dialogs.rend(), [](const QDialog* dialog) {
         return dialog->isVisible() && dialog->isModal() && !blockingDialog(*dialog);
     });
-    return blocking == dialogs.end() ? nullptr : *blocking;
+    return blocking == dialogs.rend() ? nullptr : *blocking;
 }
 
 } // namespace
