@@ -22,7 +22,8 @@ struct Group
     struct Member
     {
         PersonIndex person;
-        std::int64_t offset; ///< from the left edge of the first
+        std::int64_t step;     ///< from the left edge of the one before
+        std::int64_t more = 0; ///< by which it would be longer if there were room
     };
 
     std::vector<Member> members;
@@ -51,10 +52,13 @@ public:
         measureGaps(places);
         if (!makeRoom(places, heard))
             return false;
+        widenGroups();
         placeGroups();
-        for (const Group& group : groups_)
-            for (const auto& [person, offset] : group.members)
-                places[person] = static_cast<std::int32_t>(group.place + offset);
+        for (const Group& group : groups_) {
+            std::int64_t left = group.place;
+            for (const Group::Member& member : group.members)
+                places[member.person] = static_cast<std::int32_t>(left += member.step);
+        }
         return true;
     }
 
@@ -66,37 +70,70 @@ private:
     /// From the left edge of a person to that of the next at the least.
     std::int64_t stepBehind(PersonIndex person) const { return std::int64_t{widthOf(person)} + rowGap; }
 
+    bool stays(PersonIndex person, std::int64_t wish) const { return wish == task_.present[person]; }
+
+    /// Where somebody who has a group wishes to stand.
+    struct Seat
+    {
+        std::size_t group;
+        std::int64_t wish;
+        std::size_t stayed; ///< how many of those further left wish to stay
+    };
+
     void formGroups()
     {
         std::ranges::sort(chosen_);
-        std::map<PersonIndex, std::size_t> groupOf;
+        std::map<PersonIndex, Seat> seats;
+        std::size_t stayed = 0;
         for (const auto& [wish, person] : chosen_) {
-            const auto joined = groupBeside(person, wish, groupOf).value_or(groups_.size());
-            if (joined == groups_.size())
-                groups_.push_back({{}, wish, 0, wish, 0});
-            Group& group = groups_[joined];
-            const std::int64_t offset = std::max(wish - group.wish, group.width);
-            group.members.push_back({person, offset});
-            group.width = offset + stepBehind(person);
-            groupOf[person] = joined;
+            Seat seat{groups_.size(), wish, stayed};
+            if (const auto partner = partnerBeside(person, seat, seats)) {
+                const Seat& beside = seats.at(*partner);
+                seat.group = beside.group;
+                const bool bothStay = stays(*partner, beside.wish) && stays(person, wish);
+                join(groups_[seat.group], person, wish - beside.wish, bothStay);
+            } else {
+                groups_.push_back({{{person, 0}}, wish, stepBehind(person), wish, 0});
+            }
+            seats.emplace(person, seat);
+            stayed += stays(person, wish) ? 1U : 0U;
         }
     }
 
-    /// The group that ends with a partner of somebody, right beside where that one wishes to stand. Families may wish
-    /// for the same places, so others may wish to stand between.
-    std::optional<std::size_t> groupBeside(PersonIndex person, std::int64_t wish,
-                                           const std::map<PersonIndex, std::size_t>& groupOf) const
+    /// Who of the partners of somebody ends a group right beside that one's seat. Families may wish for the same
+    /// places, so others may wish to stand between, but not where all stay.
+    std::optional<PersonIndex> partnerBeside(PersonIndex person, const Seat& seat,
+                                             const std::map<PersonIndex, Seat>& seats) const
     {
         for (const PersonIndex partner : task_.family.partners[person]) {
-            const auto found = groupOf.find(partner);
-            if (found == groupOf.end())
+            const auto found = seats.find(partner);
+            if (found == seats.end())
                 continue;
-            const Group& group = groups_[found->second];
-            const auto& [last, offset] = group.members.back();
-            if (last == partner && wish - group.wish - offset <= task_.pitch)
-                return found->second;
+            const Seat& beside = found->second;
+            const bool isLast = groups_[beside.group].members.back().person == partner;
+            const bool bothStay = stays(partner, beside.wish) && stays(person, seat.wish);
+            if (isLast && seat.wish - beside.wish <= task_.pitch && !(bothStay && isSomebodyBetween(beside, seat)))
+                return partner;
         }
         return std::nullopt;
+    }
+
+    /// Between two who stay, among all who do.
+    bool isSomebodyBetween(const Seat& left, const Seat& right) const
+    {
+        const auto placeOf = [this](PersonIndex other) { return std::int64_t{task_.present[other]}; };
+        const auto behindLeft = std::ranges::upper_bound(others_, left.wish, {}, placeOf);
+        return left.stayed + 1 != right.stayed || (behindLeft != others_.end() && placeOf(*behindLeft) < right.wish);
+    }
+
+    /// Who moves may stand nearer to a partner than wished, where there is little room.
+    void join(Group& group, PersonIndex person, std::int64_t distance, bool bothStay) const
+    {
+        const std::int64_t least = stepBehind(group.members.back().person);
+        const std::int64_t wished = std::max(distance, least);
+        const std::int64_t step = bothStay ? wished : least;
+        group.members.push_back({person, step, wished - step});
+        group.width += step - least + stepBehind(person);
     }
 
     void measureGaps(const std::vector<std::int32_t>& places)
@@ -142,6 +179,26 @@ private:
         for (std::size_t other = 0; other < others_.size(); ++other)
             places[others_[other]] = static_cast<std::int32_t>(solved[other]);
         measureGaps(places);
+    }
+
+    /// Gives the groups what their gaps have left over.
+    void widenGroups()
+    {
+        std::vector<std::int64_t> free;
+        free.reserve(gaps_.size());
+        for (const Gap& gap : gaps_)
+            free.push_back(gap.room());
+        free.back() = std::numeric_limits<std::int64_t>::max();
+        for (const Group& group : groups_)
+            free[group.gap] -= group.width;
+        for (Group& group : groups_) {
+            for (Group::Member& member : group.members) {
+                const std::int64_t more = std::min(member.more, std::max<std::int64_t>(free[group.gap], 0));
+                member.step += more;
+                group.width += more;
+                free[group.gap] -= more;
+            }
+        }
     }
 
     void placeGroups()

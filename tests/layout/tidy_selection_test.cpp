@@ -193,6 +193,30 @@ TEST(TidySelection, WhoStandsWellBetweenNarrowNodesStays)
     EXPECT_EQ(row.tidied({0, 1, 2, 3, 4}), row.x);
 }
 
+TEST(TidySelection, CouplesComeTogetherWhereTheirNodesJustFit)
+{
+    NarrowRow row(5);
+    row.widths = {60, 142, 142, 142, 60};
+    row.x = {253, 405, 767, 919, 1'071};
+    row.sketch.marry(0, 4);
+    const LeftEdges places = row.tidied({0, 4});
+    EXPECT_TRUE(std::equal(row.x.begin() + 1, row.x.end() - 1, places.begin() + 1));
+    EXPECT_LE(std::abs(places[0] - places[4]), pitch);
+    EXPECT_GE(std::abs(places[0] - places[4]), 70);
+}
+
+TEST(TidySelection, WhoStandsBetweenTwoPartnersStays)
+{
+    NarrowRow row(3);
+    row.widths = {60, 60, 60};
+    row.x = {253, 323, 393};
+    row.sketch.marry(0, 2);
+    EXPECT_EQ(row.tidied({0, 1, 2}), row.x);
+    EXPECT_EQ(row.tidied({0, 2}), row.x);
+    row.sketch.marry(1, 2);
+    EXPECT_EQ(row.tidied({0, 1, 2}), row.x);
+}
+
 TEST(TidySelection, ChildrenStandBeneathTheMiddleOfParentsWhoStandNearEachOther)
 {
     Sketch sketch;
@@ -319,7 +343,10 @@ struct SharedRowTrial
                 row.steps.push_back(stepBehind(person));
             } else if (joins) {
                 EXPECT_LE(after[person] - after[last], narrowPitch);
-                row.groups.back().width += after[person] - after[last] - stepBehind(last) + stepBehind(person);
+                // Who stays does so as far from a partner as before; others may come as near as the nodes let them.
+                const bool stay = after[person] - after[last] == before[person] - before[last];
+                row.groups.back().width +=
+                    (stay ? after[person] - after[last] - stepBehind(last) : 0) + stepBehind(person);
             } else {
                 row.groups.push_back({row.before.size(), stepBehind(person)});
             }
