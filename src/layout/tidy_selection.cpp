@@ -70,13 +70,12 @@ private:
     /// From the left edge of a person to that of the next at the least.
     std::int64_t stepBehind(PersonIndex person) const { return std::int64_t{widthOf(person)} + rowGap; }
 
-    bool stays(PersonIndex person, std::int64_t wish) const { return wish == task_.present[person]; }
-
     /// Where somebody who has a group wishes to stand.
     struct Seat
     {
         std::size_t group;
         std::int64_t wish;
+        bool stays;
         std::size_t stayed; ///< how many of those further left wish to stay
     };
 
@@ -86,24 +85,21 @@ private:
         std::map<PersonIndex, Seat> seats;
         std::size_t stayed = 0;
         for (const auto& [wish, person] : chosen_) {
-            Seat seat{groups_.size(), wish, stayed};
-            if (const auto partner = partnerBeside(person, seat, seats)) {
-                const Seat& beside = seats.at(*partner);
-                seat.group = beside.group;
-                const bool bothStay = stays(*partner, beside.wish) && stays(person, wish);
-                join(groups_[seat.group], person, wish - beside.wish, bothStay);
+            Seat seat{groups_.size(), wish, wish == task_.present[person], stayed};
+            if (const Seat* const beside = seatBeside(person, seat, seats)) {
+                seat.group = beside->group;
+                join(groups_[seat.group], person, wish - beside->wish, beside->stays && seat.stays);
             } else {
                 groups_.push_back({{{person, 0}}, wish, stepBehind(person), wish, 0});
             }
             seats.emplace(person, seat);
-            stayed += stays(person, wish) ? 1U : 0U;
+            stayed += seat.stays ? 1U : 0U;
         }
     }
 
-    /// Who of the partners of somebody ends a group right beside that one's seat. Families may wish for the same
+    /// That of a partner who ends a group right beside somebody's seat, or nullptr. Families may wish for the same
     /// places, so others may wish to stand between, but not where all stay.
-    std::optional<PersonIndex> partnerBeside(PersonIndex person, const Seat& seat,
-                                             const std::map<PersonIndex, Seat>& seats) const
+    const Seat* seatBeside(PersonIndex person, const Seat& seat, const std::map<PersonIndex, Seat>& seats) const
     {
         for (const PersonIndex partner : task_.family.partners[person]) {
             const auto found = seats.find(partner);
@@ -111,11 +107,11 @@ private:
                 continue;
             const Seat& beside = found->second;
             const bool isLast = groups_[beside.group].members.back().person == partner;
-            const bool bothStay = stays(partner, beside.wish) && stays(person, seat.wish);
-            if (isLast && seat.wish - beside.wish <= task_.pitch && !(bothStay && isSomebodyBetween(beside, seat)))
-                return partner;
+            const bool isParted = beside.stays && seat.stays && isSomebodyBetween(beside, seat);
+            if (isLast && seat.wish - beside.wish <= task_.pitch && !isParted)
+                return &beside;
         }
-        return std::nullopt;
+        return nullptr;
     }
 
     /// Between two who stay, among all who do.
