@@ -209,8 +209,9 @@ bool isObjectRecord(const EditedRecord& lines)
     return lines.size() > 0 && lines[0].level == 0 && lines[0].tag == "OBJE";
 }
 
-/// Whether the only format of a file was made for words that stand ahead of it.
-bool isMadeForWords(const EditedRecord& lines, Line file)
+/// Whether the only format of a file was made for words that stand ahead of it: by the file's name, or by its address
+/// when it came into an archive.
+bool isMadeForWords(const EditedRecord& lines, Line file, const QString& name, const QString& address)
 {
     const auto formats = lines.children(file, "FORM");
     const auto words = lines.child(file, keptFormatTag);
@@ -218,22 +219,19 @@ bool isMadeForWords(const EditedRecord& lines, Line file)
     if (!words || !isAlone || formats.front() < *words)
         return false;
     const QString type = lines.text(formats.front());
-    const QString address = lines.text(file);
-    const auto kept = keptFileName(lines, file, address);
-    // It was made before the file came into an archive, or then.
-    return type == mediaTypeByName(kept ? lines.text(*kept).trimmed() : nameOfAddress(address).trimmed()) ||
-           type == mediaTypeByName(address);
+    return type == mediaTypeByName(name.trimmed()) || type == mediaTypeByName(address);
 }
 
-void sayNameInFive(EditedRecord& lines, Line file)
+/// Returns the name.
+QString sayNameInFive(EditedRecord& lines, Line file, const QString& address)
 {
-    const QString address = lines.text(file);
     const auto kept = keptFileName(lines, file, address);
-    const QString name = kept ? lines.text(*kept) : nameOfAddress(address);
+    QString name = kept ? lines.text(*kept) : nameOfAddress(address);
     if (kept)
         lines.strike(*kept);
     if (name != address && !lines[file].isPointer)
         lines.replace(file, gedcomLines(1, "FILE", name, GedcomDialect::Five));
+    return name;
 }
 
 void sayMediumInFive(EditedRecord& lines, Line format)
@@ -282,8 +280,9 @@ std::string objectInFive(std::string_view record)
     if (!isObjectRecord(lines))
         return std::string(record);
     for (const Line file : lines.children(0, "FILE")) {
-        const bool isMade = isMadeForWords(lines, file);
-        sayNameInFive(lines, file);
+        const QString address = lines.text(file);
+        const QString name = sayNameInFive(lines, file, address);
+        const bool isMade = isMadeForWords(lines, file, name, address);
         for (const Line form : lines.children(file, "FORM")) {
             if (isMade) {
                 lines.strike(form);
