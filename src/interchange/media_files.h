@@ -47,7 +47,8 @@ public:
 /// A genealogy is somebody else's file, and its names were true on another computer. They never lead out of the folder:
 /// of an absolute name, and of one that climbs, only its end can be there, so the longest end that is there is taken
 /// ("C:\Pictures\Tom.jpg" is "Pictures/Tom.jpg" or "Tom.jpg"). Where no file is called exactly so, one will do whose
-/// name means the same to other systems: capitals don't count, nor how accents are written. Links to elsewhere are not
+/// name means the same to other systems: capitals don't count, nor how accents are written. Of the names alike in a
+/// folder the first few are tried. Links to elsewhere are not
 /// followed, nothing is fetched from the network, and what is no plain file is left alone.
 class FolderMediaFiles : public MediaFiles
 {
